@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Everything from a fresh Debian machine to passed tests: packages, the release build with its tests,
+# then the same suite under the address and undefined-behaviour sanitizers.
+set -euo pipefail
+cd "$(dirname "$0")"
+. cmake/packages.sh
+yld_install_packages
+
+for preset in ${YLD_PRESETS:-release asan}; do
+    echo "== $preset"
+    cmake --preset "$preset" >/dev/null
+    cmake --build --preset "$preset"
+    ctest --preset "$preset"
+done
