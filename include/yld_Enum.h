@@ -125,9 +125,9 @@ public:
         OUTOFPLANE_PRINCIPAL = 11
     };
 
-    /// A side of an element: END for the ends of beams in the plane, FACE for the faces of solids and the edges
-    /// of plane and shell elements, SIDE for the two sides of a shell. SIDE3 is a further facet of a shell; the
-    /// EDGE numbers occur only on the way to the store.
+    /// A side of an element: END for the ends of beams in the plane, FACE for the faces of solids and the
+    /// edges of plane and shell elements, SIDE for the two sides of a shell. SIDE3 is a further facet of a
+    /// shell; the EDGE numbers occur only on the way to the store.
     enum yld_ElementFaceEnum : int
     {
         FACE_UNKNOWN = 0,
@@ -258,7 +258,8 @@ public:
         FLUID_PRESSURE_FIELD = 8
     };
 
-    /// What is extracted from the converged increments of a step; the iterations are those of the last attempt.
+    /// What is extracted from the converged increments of a step; the iterations are those of the last
+    /// attempt.
     enum yld_IncrementStatsEnum : int
     {
         NUMBER_OF_ATTEMPTS = 0,
