@@ -5,6 +5,7 @@
 #include "platform/attribute/ntsC_Enum.h"
 #include "platform/attribute/prtC_Enum.h"
 #include "platform/result/fld_Enum.h"
+#include "platform/text/msg_Format.h"
 #include "yld_Exception.h"
 
 #include <cstddef>
@@ -13,7 +14,7 @@ namespace {
 
 [[noreturn]] void raise(const char* message)
 {
-    yld_Exception(6, message).Throw(__FILE__, __LINE__);
+    yld_Exception(6, msg_Format(message)).Throw(__FILE__, __LINE__);
 }
 
 /// One map, said once and searched both ways. The first row that has the value wins, so a later row with a
