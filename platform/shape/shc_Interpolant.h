@@ -48,6 +48,25 @@ public:
     /// The same on an edge.
     const shc_Rule& EdgeRule(int edge) const { return m_edgeRule[edge]; }
 
+    /// Weights of the integration points in the value at a point of the element: the polynomial through the
+    /// integration points. Products of one-dimensional Lagrange polynomials for Gauss products, linear
+    /// through three points of a triangle and four of a tetrahedron, constant for one point, and for a
+    /// pyramid the combination of its five shape functions that takes the values of its five points.
+    void PointWeights(const double* point, double* weights) const;
+
+    /// These weights at the nodes: NumNodes rows of Rule().count numbers.
+    const double* PointsToNodes() const { return m_pointsToNodes; }
+    /// At the centres of the faces: NumFaces rows of Rule().count numbers.
+    const double* PointsToFaces() const { return m_pointsToFaces; }
+    /// At the centroid: Rule().count numbers.
+    const double* PointsToCentroid() const { return m_pointsToCentroid; }
+    /// Shape functions at the integration points: Rule().count rows of NumNodes numbers.
+    const double* NodesToPoints() const { return m_nodesToPoints; }
+    /// Shape functions at the centres of the faces: NumFaces rows of NumNodes numbers.
+    const double* NodesToFaces() const { return m_nodesToFaces; }
+    /// Shape functions at the centroid: NumNodes numbers.
+    const double* NodesToCentroid() const { return m_nodesToCentroid; }
+
     shc_Interpolant(const shc_Interpolant&) = delete;
     shc_Interpolant& operator=(const shc_Interpolant&) = delete;
 
@@ -56,13 +75,21 @@ private:
 
     shc_Interpolant() = default;
     void build(CodeEnm code);
-    void buildRules(int gauss);
+    void buildRules();
+    void buildMatrices();
 
     const shc_Cell* m_cell = nullptr;
     bool m_reduced = false;
+    int m_gauss = 1;
     shc_Rule m_rule;
     shc_Rule m_faceRule[shc_Cell::MAX_FACES];
     shc_Rule m_edgeRule[shc_Cell::MAX_EDGES];
+    double m_pointsToNodes[shc_Cell::MAX_NODES * shc_Rule::MAX_POINTS] = {};
+    double m_pointsToFaces[shc_Cell::MAX_FACES * shc_Rule::MAX_POINTS] = {};
+    double m_pointsToCentroid[shc_Rule::MAX_POINTS] = {};
+    double m_nodesToPoints[shc_Rule::MAX_POINTS * shc_Cell::MAX_NODES] = {};
+    double m_nodesToFaces[shc_Cell::MAX_FACES * shc_Cell::MAX_NODES] = {};
+    double m_nodesToCentroid[shc_Cell::MAX_NODES] = {};
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include "platform/shape/shc_Topology.h"
 
 #include <algorithm>
+#include <cstddef>
 
 const shc_Rule* shc_Topology::FacetRule(int facet) const
 {
@@ -71,3 +72,138 @@ bool shc_Topology::IsShellLike(std::string_view label)
 {
     return !label.empty() && std::string_view("SsMm").find(label.front()) != std::string_view::npos;
 }
+
+// out[e][row][c] = sum over p of matrix[row][p] * in[e][p][c]. Elements are taken several at a time, so that
+// the inner loop runs over elements and needs no sum across its lanes.
+template<class Real>
+static void applyMatrix(const double* matrix, int rows, int columns, const Real* in, Real* out,
+                        int components, int elements)
+{
+    constexpr int lanes = 8;
+    constexpr int most = std::max(shc_Cell::MAX_NODES, shc_Rule::MAX_POINTS);
+    double gathered[most][lanes] = {};
+    for (int first = 0; first < elements; first += lanes) {
+        const int width = std::min(lanes, elements - first);
+        const Real* blockIn = in + std::size_t(first) * columns * components;
+        Real* blockOut = out + std::size_t(first) * rows * components;
+        for (int c = 0; c < components; ++c) {
+            for (int e = 0; e < width; ++e)
+                for (int p = 0; p < columns; ++p)
+                    gathered[p][e] = blockIn[(std::size_t(e) * columns + p) * components + c];
+            for (int row = 0; row < rows; ++row) {
+                double sum[lanes] = {};
+                for (int p = 0; p < columns; ++p) {
+                    const double factor = matrix[row * columns + p];
+                    for (int e = 0; e < lanes; ++e)
+                        sum[e] += factor * gathered[p][e];
+                }
+                for (int e = 0; e < width; ++e)
+                    blockOut[(std::size_t(e) * rows + row) * components + c] = static_cast<Real>(sum[e]);
+            }
+        }
+    }
+}
+
+template<class Real>
+bool shc_Topology::move(const double* fromPoints, const double* fromNodes, int rows, const Real* values,
+                        int position, Real* out, int components, int elements) const
+{
+    if (!AllowsExtrapolation()) return false;
+    switch (position) {
+    case INTEGRATION_POINT:
+        applyMatrix(fromPoints, rows, NumIntegrationPoints(), values, out, components, elements);
+        return true;
+    case ELEMENT_NODAL:
+        if (fromNodes)
+            applyMatrix(fromNodes, rows, NumNodes(), values, out, components, elements);
+        else
+            std::copy_n(values, std::size_t(elements) * rows * components, out);
+        return true;
+    case WHOLE_ELEMENT:
+    case CENTROID:
+        for (int e = 0; e < elements; ++e)
+            for (int row = 0; row < rows; ++row)
+                out = std::copy_n(values + std::size_t(e) * components, components, out);
+        return true;
+    default:
+        return false;
+    }
+}
+
+template<class Real>
+bool shc_Topology::StdExtrapToNodes(const Real* values, int position, Real* out, int components,
+                                    int elements) const
+{
+    return move(m_interpolant->PointsToNodes(), nullptr, NumNodes(), values, position, out, components,
+                elements);
+}
+
+template<class Real>
+bool shc_Topology::CaxaExtrapToNodes(const Real* values, int position, Real* out, int components,
+                                     int elements) const
+{
+    return StdExtrapToNodes(values, position, out, components, elements);
+}
+
+template<class Real>
+bool shc_Topology::ExtrapolateToFaces(const Real* values, int position, Real* out, int components,
+                                      int elements) const
+{
+    return move(m_interpolant->PointsToFaces(), m_interpolant->NodesToFaces(), NumFaces(), values, position,
+                out, components, elements);
+}
+
+template<class Real>
+bool shc_Topology::ExtrapolateToCentroid(const Real* values, int position, Real* out, int components,
+                                         int elements) const
+{
+    return move(m_interpolant->PointsToCentroid(), m_interpolant->NodesToCentroid(), 1, values, position, out,
+                components, elements);
+}
+
+template<class Real>
+Real shc_Topology::InterpolateResultFromNodes(const Real* nodalValues, const float* point,
+                                              Real unavailable) const
+{
+    if (!AllowsExtrapolation()) return unavailable;
+    const double place[3] = {point[0], point[1], point[2]};
+    double shape[shc_Cell::MAX_NODES];
+    Cell().ShapeFunctions(place, shape);
+    double sum = 0;
+    for (int node = 0; node < NumNodes(); ++node)
+        sum += shape[node] * nodalValues[node];
+    return static_cast<Real>(sum);
+}
+
+void shc_Topology::IsoParCentroidLocation(float* out) const
+{
+    for (int k = 0; k < 3; ++k)
+        out[k] = static_cast<float>(Cell().Centroid()[k]);
+}
+
+template<class Real>
+void shc_Topology::IntPtCoord(const Real* nodes, Real* out, int components) const
+{
+    applyMatrix(m_interpolant->NodesToPoints(), NumIntegrationPoints(), NumNodes(), nodes, out, components,
+                1);
+}
+
+template<class Real>
+void shc_Topology::Centroid(const Real* nodes, Real* out, int components) const
+{
+    applyMatrix(m_interpolant->NodesToCentroid(), 1, NumNodes(), nodes, out, components, 1);
+}
+
+#define SHC_INSTANTIATE(Real)                                                                                \
+    template bool shc_Topology::StdExtrapToNodes(const Real*, int, Real*, int, int) const;                   \
+    template bool shc_Topology::CaxaExtrapToNodes(const Real*, int, Real*, int, int) const;                  \
+    template bool shc_Topology::ExtrapolateToFaces(const Real*, int, Real*, int, int) const;                 \
+    template bool shc_Topology::ExtrapolateToCentroid(const Real*, int, Real*, int, int) const;              \
+    template Real shc_Topology::InterpolateResultFromNodes(const Real*, const float*, Real) const;           \
+    template void shc_Topology::IntPtCoord(const Real*, Real*, int) const;                                   \
+    template void shc_Topology::Centroid(const Real*, Real*, int) const
+
+SHC_INSTANTIATE(float);
+SHC_INSTANTIATE(double);
+
+#undef SHC_INSTANTIATE

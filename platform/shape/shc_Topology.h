@@ -94,11 +94,63 @@ public:
     /// values that are no field over the element, so theirs may not.
     bool AllowsExtrapolation() const { return m_family != 0 && (m_attribute & CONNECTOR_BIT) == 0; }
 
+    /// Moves values of elements to their nodes.
+    /// @param values      element by element, inside it location by location, inside that `components`
+    /// numbers
+    /// @param position    where `values` lie: INTEGRATION_POINT is extrapolated by the polynomial through the
+    ///                    points, ELEMENT_NODAL is copied, WHOLE_ELEMENT and CENTROID (one location) spread
+    /// @param out         NumNodes() locations per element, same layout; may not overlap `values`
+    /// @param elements    elements that follow each other in both arrays
+    /// @return false, with `out` untouched, when the type allows no extrapolation or the position is another
+    /// Sums run in double precision. Cost per element and component: nodes times points multiplications;
+    /// nothing is allocated.
+    template<class Real>
+    bool StdExtrapToNodes(const Real* values, int position, Real* out, int components,
+                          int elements = 1) const;
+    /// The same for types with the axisymmetric attribute. Their points and nodes lie in one half plane, so
+    /// the polynomial is the same one.
+    template<class Real>
+    bool CaxaExtrapToNodes(const Real* values, int position, Real* out, int components,
+                           int elements = 1) const;
+    /// The same to the centres of the faces: NumFaces() locations per element. From ELEMENT_NODAL by the
+    /// shape functions.
+    template<class Real>
+    bool ExtrapolateToFaces(const Real* values, int position, Real* out, int components,
+                            int elements = 1) const;
+    /// The same to the centroid: one location per element. From INTEGRATION_POINT it is the value there of
+    /// the polynomial through the points, which differs from going to the nodes first when an element has
+    /// more points than its shape functions can follow.
+    template<class Real>
+    bool ExtrapolateToCentroid(const Real* values, int position, Real* out, int components,
+                               int elements = 1) const;
+
+    /// One component at a point of the element from the values of that component at the nodes, by the shape
+    /// functions.
+    /// @param point        three natural coordinates
+    /// @param unavailable  returned when the type allows no interpolation
+    template<class Real>
+    Real InterpolateResultFromNodes(const Real* nodalValues, const float* point, Real unavailable) const;
+    /// Natural coordinates of the centroid, three numbers.
+    void IsoParCentroidLocation(float* out) const;
+
+    /// Positions of the integration points.
+    /// @param nodes       node by node `components` coordinates
+    /// @param out         point by point `components` coordinates
+    template<class Real>
+    void IntPtCoord(const Real* nodes, Real* out, int components) const;
+    /// Position of the centroid: `components` coordinates.
+    template<class Real>
+    void Centroid(const Real* nodes, Real* out, int components) const;
+
     const shc_Cell& Cell() const { return m_interpolant->Cell(); }
     const shc_Rule& Rule() const { return m_interpolant->Rule(); }
     const shc_Interpolant& Interpolant() const { return *m_interpolant; }
 
 private:
+    template<class Real>
+    bool move(const double* fromPoints, const double* fromNodes, int rows, const Real* values, int position,
+              Real* out, int components, int elements) const;
+
     friend class shc_ShapeDictionary;
 
     const char* m_label = nullptr;
