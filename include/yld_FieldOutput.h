@@ -1,0 +1,159 @@
+#ifndef YLD_FIELD_OUTPUT_H
+#define YLD_FIELD_OUTPUT_H
+
+#include "containers/shr_COW.h"
+#include "yld_Enum.h"
+#include "yld_Export.h"
+#include "yld_FieldBulkData.h"
+#include "yld_FieldLocation.h"
+#include "yld_FieldValue.h"
+#include "yld_Sequence.h"
+#include "yld_SequenceFieldValue.h"
+#include "yld_String.h"
+#include "yld_SubField.h"
+
+class sto_Assembly;
+class sto_Field;
+class sto_FieldDescription;
+class sto_FieldFrame;
+class sto_FieldStep;
+class sto_PartInstance;
+
+/// One named result in one frame: a list of blocks, read when their values are asked for. An attached field
+/// stands in a frame and takes data; an orphaned one is a result that lives in memory alone.
+class YLD_API yld_FieldOutput
+{
+public:
+    /// An empty orphan.
+    yld_FieldOutput();
+    /// An orphan.
+    yld_FieldOutput(const yld_String& name, const yld_String& description, yld_Enum::yld_DataTypeEnum type,
+                    const yld_Sequence<yld_String>& componentLabels,
+                    const yld_Sequence<yld_Enum::yld_InvariantEnum>& validInvariants,
+                    const shr_ArrayCOW<sto_Assembly>& assembly, int frameNumber);
+    /// A shell for a field found in the store.
+    yld_FieldOutput(const yld_String& name, const shr_ArrayCOW<sto_Assembly>& assembly,
+                    const shr_COW<sto_FieldFrame>& fieldFrame, const shr_COW<sto_FieldStep>& fieldStep, int frameNumber);
+    /// A new field of a frame.
+    yld_FieldOutput(const yld_String& name, const yld_String& description, yld_Enum::yld_DataTypeEnum type,
+                    const yld_Sequence<yld_String>& componentLabels,
+                    const yld_Sequence<yld_Enum::yld_InvariantEnum>& validInvariants,
+                    const shr_ArrayCOW<sto_Assembly>& assembly, const shr_COW<sto_FieldFrame>& fieldFrame,
+                    const shr_COW<sto_FieldStep>& fieldStep, int frameNumber, int rows, int cols,
+                    yld_Enum::yld_DataSubtypeEnum subtype);
+    /// The attributes of another field, without its data.
+    yld_FieldOutput(const yld_FieldOutput& other, const shr_COW<sto_FieldFrame>& fieldFrame,
+                    const shr_COW<sto_FieldStep>& fieldStep, int frameNumber);
+    yld_FieldOutput(const yld_FieldOutput&);
+    yld_FieldOutput& operator=(const yld_FieldOutput&);
+    ~yld_FieldOutput();
+
+    const yld_String& name() const { return m_name; }
+    const yld_String& description() const { return m_description; }
+    void setName(const yld_String& name) { m_name = name; }
+    void setDescription(const yld_String& description) { m_description = description; }
+    yld_Enum::yld_DataTypeEnum type() const { return m_type; }
+    yld_Enum::yld_DataSubtypeEnum subtype() const { return m_subtype; }
+    bool isComplex() const { return m_isComplex; }
+    bool hasLocalCoordSystem() const { return m_hasLocalCoordSystem; }
+    int rows() const { return m_rows; }
+    int cols() const { return m_cols; }
+    const yld_Sequence<yld_Enum::yld_InvariantEnum>& validInvariants() const { return m_validInvariants; }
+    const yld_Sequence<yld_String>& componentLabels() const { return m_componentLabels; }
+    bool IsOrphan() const { return m_isOrphan; }
+    int frameNumber() const { return m_frameNumber; }
+    const yld_Sequence<int>& fieldKeys() const { return m_fieldKeys; }
+    const yld_Sequence<yld_SubField>& SubField() const { return m_values.blocks(); }
+    /// The distinct element types of the blocks, in order of first appearance.
+    yld_Sequence<yld_String> baseElementTypes() const;
+
+    /// The value at an index over all blocks. Raises "FieldValue index out of range.".
+    yld_FieldValue value(int index) const { return m_values.get(static_cast<unsigned>(index)); }
+    yld_FieldValue values(int index) const { return m_values.get(static_cast<unsigned>(index)); }
+    const yld_SequenceFieldValue& value() const { return m_values; }
+    const yld_SequenceFieldValue& values() const { return m_values; }
+    yld_SequenceFieldValue& value() { return m_values; }
+    yld_SequenceFieldValue& values() { return m_values; }
+    /// Derived afresh from the blocks.
+    yld_FieldLocation location(int index) const;
+    yld_FieldLocation locations(int index) const { return location(index); }
+    const yld_SequenceFieldLocation& location() const { return m_locations; }
+    const yld_SequenceFieldLocation& locations() const { return m_locations; }
+
+    /// All blocks as plain arrays. The member behind the reference is rebuilt by every call.
+    const yld_SequenceFieldBulkData& bulkDataBlocks() const;
+
+    /// The values at a position; an orphan that shares the blocks.
+    /// @param keepInMemory  derived values are kept in memory
+    /// @param orientations  derived values carry their local systems
+    yld_FieldOutput getSubset(yld_Enum::yld_ResultPositionEnum position, bool keepInMemory = true,
+                              bool orientations = true) const;
+    /// The values of one part instance.
+    yld_FieldOutput getSubset(const yld_Instance& instance) const;
+
+    /// Writes results into an attached field, to be kept by the next save.
+    /// @param labels            node labels for NODAL, else element labels
+    /// @param data              one row a node, an element (CENTROID, WHOLE_ELEMENT), a node of an element
+    ///                          (ELEMENT_NODAL) or an integration point, in the order of the labels
+    /// @param localCoordSystem  one system for all rows, as rows of direction cosines; empty for none
+    /// @param conjugateData     the imaginary half, as many rows as data; empty for real results
+    void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const yld_Sequence<int>& labels,
+                 const yld_Sequence<yld_Sequence<float>>& data,
+                 const yld_SectionPoint& sectionPoint = yld_SectionPoint(),
+                 const yld_Sequence<yld_Sequence<float>>& localCoordSystem = yld_Sequence<yld_Sequence<float>>(),
+                 const yld_Sequence<yld_Sequence<float>>& conjugateData = yld_Sequence<yld_Sequence<float>>());
+    /// @param localCoordSystems  one system a row, or one for all
+    void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const yld_Sequence<int>& labels,
+                 const yld_Sequence<yld_Sequence<float>>& data, const yld_SectionPoint& sectionPoint,
+                 const yld_Sequence<yld_Sequence<yld_Sequence<float>>>& localCoordSystems,
+                 const yld_Sequence<yld_Sequence<float>>& conjugateData = yld_Sequence<yld_Sequence<float>>());
+    /// The same on a stored instance.
+    void addData(yld_Enum::yld_ResultPositionEnum position, const sto_PartInstance& instance,
+                 const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& data,
+                 const yld_SectionPoint& sectionPoint,
+                 const yld_Sequence<yld_Sequence<yld_Sequence<float>>>& localCoordSystems,
+                 const yld_Sequence<yld_Sequence<float>>& conjugateData);
+    /// Results as plain arrays: the same checks, the same stored field, without a sequence of sequences.
+    /// @param numLabels  how many labels
+    /// @param data       numRows rows of width components, one behind the other
+    void addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const int* labels,
+                     int numLabels, const float* data, int numRows, int width,
+                     const yld_SectionPoint& sectionPoint = yld_SectionPoint(), const float* conjugateData = nullptr);
+
+    /// Adds stored fields by key; tells whether any was new.
+    bool addFieldKeys(const yld_Sequence<int>& keys);
+    /// Takes the caller's component labels, or the default ones of the type behind the field's name.
+    /// Raises "The number of component labels should be %s".
+    void setDefaultComponents(const yld_Sequence<yld_String>& given);
+    /// Raises "Invalid invariant" for an invariant that the type has not.
+    static void checkValidInvariants(yld_Enum::yld_DataTypeEnum type,
+                                     const yld_Sequence<yld_Enum::yld_InvariantEnum>& invariants);
+
+private:
+    void adoptDescription(const sto_Field& field);
+    void widenTensorType(const sto_FieldDescription& description);
+    void narrowTensorType();
+    void refreshLocations();
+
+    yld_String m_name;
+    yld_String m_description;
+    yld_Enum::yld_DataTypeEnum m_type = yld_Enum::UNDEFINED_DATATYPE;
+    yld_Enum::yld_DataSubtypeEnum m_subtype = yld_Enum::UNDEFINED_DATASUBTYPE;
+    bool m_isComplex = false;
+    bool m_hasLocalCoordSystem = false;
+    int m_rows = 0;
+    int m_cols = 0;
+    yld_Sequence<yld_Enum::yld_InvariantEnum> m_validInvariants;
+    yld_Sequence<yld_String> m_componentLabels;
+    mutable yld_SequenceFieldBulkData m_bulkData;
+    yld_SequenceFieldValue m_values;
+    yld_SequenceFieldLocation m_locations;
+    bool m_isOrphan = true;
+    shr_ArrayCOW<sto_Assembly> m_assembly;
+    shr_COW<sto_FieldFrame> m_fieldFrame;
+    shr_COW<sto_FieldStep> m_fieldStep;
+    yld_Sequence<int> m_fieldKeys;
+    int m_frameNumber = -1;
+};
+
+#endif

@@ -1,0 +1,80 @@
+#ifndef YLD_INSTANCE_H
+#define YLD_INSTANCE_H
+
+#include "yld_DiscreteEntity.h"
+#include "yld_Part.h"
+
+class sto_Model;
+class sto_PartInstance;
+class yld_Mesh;
+
+/// A part placed in the assembly. It has sets of its own; nodes and elements come from the part.
+class YLD_API yld_Instance : public yld_DiscreteEntity
+{
+public:
+    yld_Instance();
+    yld_Instance(const yld_String& name, yld_Enum::yld_DimensionEnum space, const sto_PartInstance& instance,
+                 const yld_MeshHandle& mesh);
+    yld_Instance(const yld_String& name, yld_Enum::yld_DimensionEnum space, yld_Enum::yld_PartTypeEnum type,
+                 const sto_PartInstance& instance, const yld_MeshHandle& mesh);
+    yld_Instance(const yld_Instance&);
+    yld_Instance& operator=(const yld_Instance&);
+    ~yld_Instance() override;
+
+    /// Always raises "Nodes cannot be added to the instance.".
+    void addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& coordinates,
+                  const yld_String& setName = yld_String()) override;
+    /// Always raises "Elements cannot be added to the instance.".
+    void addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
+                     const yld_String& type, const yld_String& setName = yld_String(),
+                     const yld_SectionCategory& category = yld_SectionCategory(),
+                     const yld_ElemCtrlParams& params = yld_ElemCtrlParams()) override;
+
+    /// Labels are sorted and made unique first unless isUnsorted is set.
+    /// Raises "Duplicate set or surface name %s", "Invalid node label %d".
+    yld_Set& NodeSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
+                     bool isUnsorted = false, bool skipRefresh = false);
+    yld_Set& NodeSet(const yld_String& name, const yld_SequenceNode& nodes);
+    yld_Set& ElementSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
+                        bool skipRefresh = false);
+    yld_Set& ElementSet(const yld_String& name, const yld_SequenceElement& elements);
+    /// Raises "Number of surface faces and elements must agree.".
+    yld_Set& Surface(const yld_String& name, const yld_Sequence<int>& labels,
+                     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces, bool isInternal = false);
+    yld_Set& Surface(const yld_String& name, const yld_SequenceElement& elements,
+                     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces);
+
+    /// The name of the part that is placed here.
+    yld_String partName() const;
+    /// The stored instance, by a handle of its own.
+    sto_PartInstance instance() const;
+
+private:
+    shr_CountedHld<sto_PartInstance> m_instance;
+};
+
+/// The part instances of the assembly, by name, with all meshes of the model.
+class YLD_API yld_InstanceRepository : public yld_Repository<yld_String, yld_Instance>
+{
+public:
+    yld_InstanceRepository();
+    explicit yld_InstanceRepository(const sto_Model& model);
+    yld_InstanceRepository(const yld_InstanceRepository&);
+    yld_InstanceRepository& operator=(const yld_InstanceRepository&);
+    ~yld_InstanceRepository();
+
+    /// @param localCoordSystem  empty, or four rows: three base vectors of 3 entries, of any length but zero, and
+    ///                          the origin of 2 or 3
+    /// Raises "localCoordSystem should contain 4 sequences.", "Coord system base vectors should be of length 3.".
+    yld_Instance& Instance(const yld_String& name, const yld_Part& part,
+                           const yld_Sequence<yld_Sequence<float>>& localCoordSystem);
+
+    yld_MeshList& meshes() { return m_meshes; }
+    const yld_MeshList& meshes() const { return m_meshes; }
+
+private:
+    shr_CountedHld<sto_Model> m_model;
+    yld_MeshList m_meshes;
+};
+
+#endif

@@ -1,0 +1,96 @@
+#ifndef YLD_PART_H
+#define YLD_PART_H
+
+#include "yld_DiscreteEntity.h"
+
+class sto_ElemCtrlParams;
+class sto_Model;
+class sto_Part;
+
+/// Element controls handed to the store with new elements.
+class YLD_API yld_ElemCtrlParams
+{
+public:
+    /// No controls are given.
+    yld_ElemCtrlParams();
+    /// The values are kept in this order. With "Enhanced" as the sixth, the doubles at places 11, 12 and 13
+    /// are replaced by 1.0.
+    yld_ElemCtrlParams(yld_String, double, double, double, yld_String, yld_String, double, bool, yld_String, double,
+                       double, double, double, double, double);
+    yld_ElemCtrlParams(const yld_ElemCtrlParams&);
+    yld_ElemCtrlParams& operator=(const yld_ElemCtrlParams&);
+    ~yld_ElemCtrlParams();
+
+    bool isSet() const { return m_isSet; }
+    const sto_ElemCtrlParams& params() const;
+
+private:
+    shr_CountedHld<sto_ElemCtrlParams> m_params;
+    bool m_isSet = false;
+};
+
+/// A part: a mesh with its sets, to be placed in the assembly by instances.
+class YLD_API yld_Part : public yld_DiscreteEntity
+{
+public:
+    yld_Part();
+    yld_Part(const yld_String& name, yld_Enum::yld_DimensionEnum space, yld_Enum::yld_PartTypeEnum type,
+             const sto_Part& part, const yld_MeshHandle& mesh);
+    yld_Part(const yld_Part&);
+    yld_Part& operator=(const yld_Part&);
+    ~yld_Part() override;
+
+    /// Raises "No node labels provided.", "Number of node labels and coordinates does not match.",
+    /// "Node location specification does not correspond to part dimension. %1$s floats expected; %2$s floats
+    /// received.", and for labels below 1 or given twice an error of the store. The model is then as it was.
+    void addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& coordinates,
+                  const yld_String& setName = yld_String()) override;
+    /// Raises "No element labels provided.", "Connectivity array must be provided for all elements. ",
+    /// "elements of type "%s" require "%d" nodes in their connectivity data.\n", "Element connectivity arrays
+    /// should be of same length.".
+    void addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
+                     const yld_String& type, const yld_String& setName = yld_String(),
+                     const yld_SectionCategory& category = yld_SectionCategory(),
+                     const yld_ElemCtrlParams& params = yld_ElemCtrlParams()) override;
+
+    /// Raises "Duplicate set or surface name %s", "Invalid node label %d". The reference holds until the part's
+    /// sets are next changed.
+    yld_Set& NodeSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
+                     bool isUnsorted = false);
+    /// Raises besides "SequenceNode is not associated with this entity.".
+    yld_Set& NodeSet(const yld_String& name, const yld_SequenceNode& nodes);
+    /// Raises "Duplicate set or surface name %s", "Invalid element label %d".
+    yld_Set& ElementSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false);
+    /// Raises besides "SequenceElement is not associated with this entity.".
+    yld_Set& ElementSet(const yld_String& name, const yld_SequenceElement& elements);
+    /// @param faces  one face a label. Raises "Number of faces and elements should agree for a Surface.".
+    yld_Set& Surface(const yld_String& name, const yld_Sequence<int>& labels,
+                     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces, bool isInternal = false);
+    yld_Set& Surface(const yld_String& name, const yld_SequenceElement& elements,
+                     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces);
+
+    /// The stored part, by a handle of its own.
+    sto_Part part() const;
+
+private:
+    shr_CountedHld<sto_Part> m_part;
+};
+
+/// The parts of a database, by name.
+class YLD_API yld_PartRepository : public yld_Repository<yld_String, yld_Part>
+{
+public:
+    yld_PartRepository();
+    explicit yld_PartRepository(const sto_Model& model);
+    yld_PartRepository(const yld_PartRepository&);
+    yld_PartRepository& operator=(const yld_PartRepository&);
+    ~yld_PartRepository();
+
+    /// Creates a part. A name that is present keeps its part, which is returned.
+    yld_Part& Part(const yld_String& name, yld_Enum::yld_DimensionEnum space, yld_Enum::yld_PartTypeEnum type);
+
+private:
+    shr_CountedHld<sto_Model> m_model;
+};
+
+#endif

@@ -1,0 +1,77 @@
+#ifndef YLD_SEQUENCE_FIELD_VALUE_H
+#define YLD_SEQUENCE_FIELD_VALUE_H
+
+#include "containers/shr_1DArray.h"
+#include "containers/shr_COW.h"
+#include "yld_Enum.h"
+#include "yld_Export.h"
+#include "yld_FieldValue.h"
+#include "yld_Sequence.h"
+#include "yld_SubField.h"
+
+class sto_FieldContainer;
+class yld_Element;
+class yld_FieldLocation;
+class yld_FieldValueList;
+class yld_Instance;
+class yld_Node;
+class yld_Set;
+
+/// The values of a field as one sequence over its blocks. Blocks are read on first use and stay read. Reading
+/// moves a cursor even through const calls, so a sequence is for one thread.
+class YLD_API yld_SequenceFieldValue
+{
+public:
+    yld_SequenceFieldValue();
+    explicit yld_SequenceFieldValue(const yld_Sequence<yld_SubField>& blocks);
+    yld_SequenceFieldValue(const yld_SequenceFieldValue&);
+    yld_SequenceFieldValue& operator=(const yld_SequenceFieldValue&);
+    ~yld_SequenceFieldValue();
+
+    /// The number of values over all blocks. Reads nothing.
+    int size() const { return m_numValues; }
+    void clearAll();
+
+    /// The value at an index over all blocks. Raises "FieldValue index out of range.".
+    /// Cost: a block is read at its first value; a walk in order switches blocks once each.
+    yld_FieldValue get(unsigned index) const;
+    yld_FieldValue constGet(unsigned index) const { return get(index); }
+    yld_FieldValue value(unsigned index) const { return get(index); }
+    yld_FieldValue operator[](unsigned index) const { return get(index); }
+
+    void append(const yld_SubField& block);
+    /// Appends a block for each stored field. Raises "Could not read field '%1$d':\n  %2$s".
+    void appendSubField(const yld_Sequence<int>& keys, const sto_FieldContainer& fields,
+                        const shr_ArrayCOW<sto_Assembly>& assembly);
+    void append(const yld_FieldValueList& list);
+    /// Always raises "Appending field values not allowed.".
+    void append(const yld_FieldValue& value);
+    /// Always raises "Appending an yld_SequenceFieldValue not allowed.".
+    void append(yld_SequenceFieldValue& other);
+
+    yld_SequenceFieldValue getSubset(yld_Enum::yld_ResultPositionEnum position) const;
+    yld_SequenceFieldValue getSubset(const yld_Instance& instance) const;
+
+    const yld_Sequence<yld_SubField>& blocks() const { return m_blocks; }
+    int numBlocks() const { return m_numBlocks; }
+    bool isListOnly() const { return m_isListOnly; }
+    /// The read form of a block; reads it if it is not. Borrowed from this sequence.
+    const yld_FieldValueList& list(int block) const;
+
+private:
+    void readBlock(int block) const;
+
+    bool m_firstFlag = false;
+    bool m_isListOnly = false;
+    yld_Sequence<yld_SubField> m_blocks;
+    int m_listCount = 0;
+    mutable shr_1DArray<yld_FieldValueList> m_lists;
+    mutable const yld_FieldValueList* m_currentList = nullptr;
+    mutable int m_firstIndex = -1;
+    mutable int m_currentBlock = 0;
+    mutable int m_currentLength = 0;
+    int m_numBlocks = 0;
+    int m_numValues = 0;
+};
+
+#endif

@@ -1,0 +1,83 @@
+#ifndef YLD_SET_H
+#define YLD_SET_H
+
+#include "containers/shr_COW.h"
+#include "yld_Enum.h"
+#include "yld_Export.h"
+#include "yld_MeshList.h"
+#include "yld_Sequence.h"
+#include "yld_SequenceElement.h"
+#include "yld_SequenceNode.h"
+#include "yld_String.h"
+
+class sto_Set;
+
+/// A node set, an element set or a surface, of a part, an instance or the assembly. Its members are grouped by
+/// mesh and read when first asked for.
+class YLD_API yld_Set
+{
+public:
+    yld_Set();
+    /// A set of the assembly, over the meshes of its instances.
+    yld_Set(const yld_String& name, const sto_Set& set, const yld_MeshList& meshes);
+    /// A set on one mesh.
+    yld_Set(const yld_String& name, const sto_Set& set, const yld_MeshHandle& mesh);
+    yld_Set(const yld_Set&);
+    yld_Set& operator=(const yld_Set&);
+    ~yld_Set();
+
+    yld_String name() const { return m_name; }
+    const yld_MeshList& MeshList() const { return m_meshes; }
+    /// Raises "Unknown Set type.".
+    yld_Enum::yld_SetTypeEnum type() const;
+    /// How many members the store counts, over all meshes. Reads no member.
+    int size() const;
+    bool isInternal() const;
+    bool isUnsorted() const;
+    /// The name of each group's mesh.
+    yld_Sequence<yld_String> instanceNames() const;
+
+    /// The first group. Raises "This set does not contain nodes.".
+    const yld_SequenceNode& nodes() const;
+    /// Raises "This set does not contain elements.".
+    const yld_SequenceElement& elements() const;
+    /// Raises "Faces must be retrieved using the instance name for assembly sets." for every set of the
+    /// assembly, and "Set does not contain faces.".
+    const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces() const;
+    /// The group of one instance. Raises "Instance '%1$s is not a member of the set '%2$s'".
+    const yld_SequenceNode& nodes(const yld_String& instanceName) const;
+    const yld_SequenceElement& elements(const yld_String& instanceName) const;
+    const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces(const yld_String& instanceName) const;
+
+    /// Older names of the same.
+    const yld_SequenceNode& node() const { return nodes(); }
+    const yld_SequenceElement& element() const { return elements(); }
+    const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& face() const { return faces(); }
+    const yld_SequenceNode& node(const yld_String& name) const { return nodes(name); }
+    const yld_SequenceElement& element(const yld_String& name) const { return elements(name); }
+    const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& face(const yld_String& name) const { return faces(name); }
+
+    /// Replaces the members by these labels, in the store; the groups are read again on the next query.
+    void addLabels(const yld_Sequence<int>& labels, bool isInternal = false, bool isUnsorted = false);
+    /// The same for a surface; any other set stays as it is.
+    void addSurfaceLabels(const yld_Sequence<int>& labels, const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces,
+                          bool isInternal = false);
+
+    /// Drops the groups, to be read again.
+    void clearMembers();
+    const sto_Set& set() const;
+
+private:
+    void fill() const;
+
+    shr_CountedHld<sto_Set> m_set;
+    mutable bool m_filled = false;
+    bool m_isAssemblySet = false;
+    yld_String m_name;
+    yld_MeshList m_meshes;
+    mutable yld_Sequence<yld_SequenceElement> m_elements;
+    mutable yld_Sequence<yld_SequenceNode> m_nodes;
+    mutable yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>> m_faces;
+};
+
+#endif

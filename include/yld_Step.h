@@ -1,0 +1,166 @@
+#ifndef YLD_STEP_H
+#define YLD_STEP_H
+
+#include "containers/shr_COW.h"
+#include "yld_Enum.h"
+#include "yld_Export.h"
+#include "yld_Frame.h"
+#include "yld_Repository.h"
+#include "yld_Sequence.h"
+#include "yld_String.h"
+
+class sto_Assembly;
+class sto_Step;
+class sto_Sto;
+class sto_StoStep;
+class yld_Yld;
+
+/// The frames of a step. It holds one frame at a time: a reference to a frame is good until the next is asked for.
+class YLD_API yld_SequenceFrame
+{
+public:
+    yld_SequenceFrame();
+    explicit yld_SequenceFrame(const yld_Step& step);
+    yld_SequenceFrame(const yld_SequenceFrame&);
+    yld_SequenceFrame& operator=(const yld_SequenceFrame&);
+    ~yld_SequenceFrame();
+
+    int size() const;
+    /// The frame at a place counted from 0, unchecked against the size but for what the store says.
+    yld_Frame& get(int index);
+    const yld_Frame& constGet(int index) const;
+    const yld_Frame& operator[](int index) const { return constGet(index); }
+
+private:
+    yld_Frame& hold(int index) const;
+
+    shr_CountedHld<sto_Step> m_step;
+    shr_ArrayCOW<sto_Assembly> m_assembly;
+    mutable shr_CountedHld<yld_Frame> m_current;
+    yld_Enum::yld_DomainEnum m_domain = yld_Enum::TIME;
+    shr_CountedHld<yld_Step> m_owner;
+};
+
+/// One phase of the analysis, with its frames and load cases.
+class YLD_API yld_Step
+{
+public:
+    yld_Step();
+    /// A shell on the model side alone.
+    explicit yld_Step(const sto_StoStep& modelStep);
+    yld_Step(const yld_String& name, const sto_Step& step, const yld_String& description,
+             const shr_ArrayCOW<sto_Assembly>& assembly, yld_Enum::yld_DomainEnum domain,
+             const yld_String& previousStepName, const yld_String& procedure);
+    yld_Step(const yld_Step&);
+    yld_Step& operator=(const yld_Step&);
+    ~yld_Step();
+
+    const yld_String& name() const { return m_name; }
+    const yld_String& description() const { return m_description; }
+    int number() const;
+    yld_Enum::yld_DomainEnum domain() const { return m_domain; }
+    /// The procedure keyword, for example "*STATIC".
+    const yld_String& procedure() const { return m_procedure; }
+    double timePeriod() const;
+    /// The analysis time at which the step begins.
+    double totalTime() const;
+    const yld_String& previousStepName() const { return m_previousStepName; }
+
+    /// A new frame at the end of the step; the caller gets a copy of its own.
+    yld_Frame Frame(int incrementNumber, double frameValue, const yld_String& description = yld_String());
+    /// Raises "Invalid LoadCase" for a load case that the step has not.
+    yld_Frame Frame(const yld_LoadCase& loadCase, const yld_String& description);
+    yld_Frame Frame(const yld_LoadCase& loadCase, const yld_String& description, double frameValue);
+    /// Raises "Incorrect index for frame.". The reference is good until the next frame of this step is asked for.
+    yld_Frame& frames(int index);
+    const yld_Frame& frames(int index) const;
+    yld_SequenceFrame& frames() { return m_frames; }
+    const yld_SequenceFrame& frames() const { return m_frames; }
+    /// The frame that matches a value. Raises "Frame not found".
+    yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
+    yld_Frame getFrame(const yld_LoadCase& loadCase, double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
+    /// The places of all frames at the best distance, in order.
+    yld_Sequence<int> findFrames(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
+    yld_Sequence<int> findFrames(const yld_LoadCase& loadCase, double value,
+                                 yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
+
+    /// A new load case. Raises "Invalid LoadCase" for a name that the step has.
+    yld_LoadCase& LoadCase(const yld_String& name);
+    const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
+
+    /// Looks for frames and fields that came in since the step was read; tells whether there were any.
+    bool update();
+    /// Gives back the memory of the frame at hand and its fields.
+    void ClearFrameContainer();
+
+    const shr_CountedHld<sto_Step>& step() const { return m_step; }
+    const shr_CountedHld<sto_StoStep>& modelStep() const { return m_modelStep; }
+    const shr_ArrayCOW<sto_Assembly>& assembly() const { return m_assembly; }
+
+private:
+    yld_String m_name;
+    yld_String m_description;
+    yld_Enum::yld_DomainEnum m_domain = yld_Enum::TIME;
+    yld_String m_procedure;
+    yld_String m_previousStepName;
+    shr_CountedHld<sto_Step> m_step;
+    shr_ArrayCOW<sto_Assembly> m_assembly;
+    yld_SequenceFrame m_frames;
+    yld_Repository<yld_String, yld_LoadCase> m_loadCases;
+    shr_CountedHld<sto_StoStep> m_modelStep;
+};
+
+/// The steps of a database, in the order of the analysis.
+class YLD_API yld_StepRepository
+{
+public:
+    yld_StepRepository();
+    explicit yld_StepRepository(const sto_Sto& store);
+    yld_StepRepository(const yld_StepRepository&);
+    yld_StepRepository& operator=(const yld_StepRepository&);
+    ~yld_StepRepository();
+
+    int size() const;
+    bool isMember(const yld_String& name) const;
+    /// Raises "No step named "%s" in StepContainer.".
+    yld_Step& get(const yld_String& name);
+    const yld_Step& get(const yld_String& name) const { return constGet(name); }
+    const yld_Step& constGet(const yld_String& name) const;
+    yld_Step& operator[](const yld_String& name) { return get(name); }
+    const yld_Step& operator[](const yld_String& name) const { return constGet(name); }
+    const shr_1DArrayList<yld_Step>& stepList() const { return m_steps; }
+    const yld_Sequence<yld_String>& stepNames() const { return m_names; }
+
+    /// Files a step: at the end without a previous name, else behind the previous one; "Initial" stands before
+    /// the first. Raises "Invalid step name.", "Invalid previous step name.".
+    void file(const yld_Step& step, const yld_String& previousStepName);
+    /// By place, unchecked.
+    yld_Step& at(int position) { return m_steps.Get(position); }
+    const sto_Sto& store() const;
+
+private:
+    shr_1DArrayList<yld_Step> m_steps;
+    yld_Sequence<yld_String> m_names;
+    yld_String m_initialStepName;
+    shr_COW<sto_Sto> m_store;
+};
+
+/// Walks the steps in order. Leaving a step gives back the memory of its frames.
+class YLD_API yld_StepRepositoryIT
+{
+public:
+    explicit yld_StepRepositoryIT(yld_StepRepository& repository) : m_repository(&repository) {}
+
+    void first() { m_position = 0; }
+    void next();
+    bool isDone() const { return m_position >= m_repository->size(); }
+    /// Raise "StepContainerIterator done." past the end.
+    yld_Step& currentValue();
+    const yld_String& currentKey() const;
+
+private:
+    int m_position = 0;
+    yld_StepRepository* m_repository;
+};
+
+#endif
