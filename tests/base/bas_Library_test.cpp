@@ -5,8 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace
-{
+namespace {
 
 std::string events;
 

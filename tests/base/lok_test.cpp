@@ -11,8 +11,7 @@
 #include <thread>
 #include <vector>
 
-namespace
-{
+namespace {
 
 struct Counted : lok_GlobalSingletonBase<Counted>
 {

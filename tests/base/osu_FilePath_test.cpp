@@ -8,8 +8,7 @@
 #include <fstream>
 #include <string>
 
-namespace
-{
+namespace {
 
 namespace fs = std::filesystem;
 

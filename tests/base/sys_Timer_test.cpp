@@ -5,8 +5,7 @@
 #include <chrono>
 #include <thread>
 
-namespace
-{
+namespace {
 
 void rest()
 {

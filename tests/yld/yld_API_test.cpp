@@ -19,8 +19,7 @@
 #include <thread>
 #include <vector>
 
-namespace
-{
+namespace {
 
 const std::vector<std::string> startOrder = {
     "mmo", "arc", "lok", "prn", "bas", "msg", "shr", "exc", "prg",  "gfx",  "osu", "aux",  "val",  "shc",
@@ -281,7 +280,8 @@ TEST_F(yld_APIDeathTest, the_exit_handler_stops_nothing_twice)
             std::fprintf(stderr, "| ");
             std::exit(0);
         },
-        testing::ExitedWithCode(0), testing::Eq(joined(startOrder, "+ ") + joined(reversed(startOrder), "- ") + "| "));
+        testing::ExitedWithCode(0),
+        testing::Eq(joined(startOrder, "+ ") + joined(reversed(startOrder), "- ") + "| "));
 }
 
 TEST_F(yld_APIDeathTest, the_exit_handler_lowers_a_nested_count_once)

@@ -7,8 +7,7 @@
 #include <ostream>
 #include <sstream>
 
-namespace
-{
+namespace {
 
 // Shows only what has been flushed.
 class FlushedBuffer : public std::stringbuf
