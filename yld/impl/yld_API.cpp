@@ -11,8 +11,7 @@
 #include <cstdlib>
 #include <iostream>
 
-namespace
-{
+namespace {
 
 // The schema to which the metadata of this library's own classes belong.
 constexpr int ownSchema = 2;

@@ -4,8 +4,7 @@
 
 #include <iterator>
 
-namespace
-{
+namespace {
 
 bool spatialVectors = false;
 
@@ -14,8 +13,8 @@ void startCalculator()
     spatialVectors = true;
 }
 
-// The families of persistent classes that are declared when class evolution starts, in this order. A family that
-// declares none has no function.
+// The families of persistent classes that are declared when class evolution starts, in this order. A family
+// that declares none has no function.
 struct Family
 {
     const char* prefix;
@@ -78,14 +77,14 @@ constexpr Entries startOrder[] = {YLD_LIBRARIES(YLD_ENTRIES)};
 
 } // namespace
 
-#define YLD_DEFINE_LIBRARY(prefix)                                                                                \
-    void prefix##_initialize(int& token)                                                                          \
-    {                                                                                                             \
-        prefix##_library.initialize(token);                                                                       \
-    }                                                                                                             \
-    void prefix##_finalize(int& token)                                                                            \
-    {                                                                                                             \
-        prefix##_library.finalize(token);                                                                         \
+#define YLD_DEFINE_LIBRARY(prefix)                                                                           \
+    void prefix##_initialize(int& token)                                                                     \
+    {                                                                                                        \
+        prefix##_library.initialize(token);                                                                  \
+    }                                                                                                        \
+    void prefix##_finalize(int& token)                                                                       \
+    {                                                                                                        \
+        prefix##_library.finalize(token);                                                                    \
     }
 YLD_LIBRARIES(YLD_DEFINE_LIBRARY)
 #undef YLD_DEFINE_LIBRARY
