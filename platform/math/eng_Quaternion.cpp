@@ -54,8 +54,17 @@ eng_QuaternionCore eng_QuaternionCore::fromRotationVector(const double* vector)
     return {s * (vector[0] / angle), s * (vector[1] / angle), s * (vector[2] / angle), std::cos(0.5 * angle)};
 }
 
-eng_QuaternionCore eng_QuaternionCore::fromMatrix(const double* m, bool planar)
+eng_QuaternionCore eng_QuaternionCore::fromMatrix(const double* rows, bool planar)
 {
+    // Far from a rotation, but no reason to overflow.
+    double m[9];
+    double largest = 0;
+    for (int i = 0; i < 9; ++i)
+        largest = std::max(largest, std::fabs(rows[i]));
+    int exponent = 0;
+    if (largest > 4 && std::isfinite(largest)) std::frexp(largest, &exponent);
+    for (int i = 0; i < 9; ++i)
+        m[i] = std::ldexp(rows[i], -exponent);
     eng_QuaternionCore q;
     if (planar) {
         const double half = 0.5 * std::atan2(m[3] - m[1], m[0] + m[4]);
@@ -64,20 +73,20 @@ eng_QuaternionCore eng_QuaternionCore::fromMatrix(const double* m, bool planar)
         return q;
     }
     // Four times the square of each part comes from the diagonal; dividing by the largest keeps all digits.
-    const double four[4] = {1 + m[0] - m[4] - m[8], 1 - m[0] + m[4] - m[8], 1 - m[0] - m[4] + m[8],
-                            1 + m[0] + m[4] + m[8]};
+    const double four[4] = {1 + m[0] + m[4] + m[8], 1 + m[0] - m[4] - m[8], 1 - m[0] + m[4] - m[8],
+                            1 - m[0] - m[4] + m[8]};
     switch (std::max_element(four, four + 4) - four) {
     case 0:
-        q = {four[0], m[1] + m[3], m[2] + m[6], m[7] - m[5]};
+        q = {m[7] - m[5], m[2] - m[6], m[3] - m[1], four[0]};
         break;
     case 1:
-        q = {m[1] + m[3], four[1], m[5] + m[7], m[2] - m[6]};
+        q = {four[1], m[1] + m[3], m[2] + m[6], m[7] - m[5]};
         break;
     case 2:
-        q = {m[2] + m[6], m[5] + m[7], four[2], m[3] - m[1]};
+        q = {m[1] + m[3], four[2], m[5] + m[7], m[2] - m[6]};
         break;
     default:
-        q = {m[7] - m[5], m[2] - m[6], m[3] - m[1], four[3]};
+        q = {m[2] + m[6], m[5] + m[7], four[3], m[3] - m[1]};
         break;
     }
     q = q.unit();
