@@ -57,10 +57,22 @@ void setC_Set::append(int meshIndex, int classIndex, int subsetType, const int* 
 {
     bool run = count > 0 && members[0] >= 0;
     for (int i = 1; run && i < count; ++i) run = members[i] == members[0] + i;
+    if (facets) m_facets.append(facets, count);
+    if (!m_subsets.empty()) {
+        // What goes on where the last subset ends joins it, so that a set that grows in many steps stays small.
+        int* last = m_subsets.data() + m_subsets.size() - numbers;
+        if (last[0] == meshIndex && last[1] == classIndex && last[2] == subsetType && (last[5] != 0) == (facets != nullptr)) {
+            const bool goesOn = last[4] >= 0 && run && members[0] == last[4] + last[3];
+            if (goesOn || last[4] < 0) {
+                if (!goesOn) m_members.append(members, count);
+                last[3] += count;
+                return;
+            }
+        }
+    }
     const int row[numbers] = {meshIndex, classIndex, subsetType, count, run ? members[0] : -1, facets ? 1 : 0};
     m_subsets.insert(m_subsets.end(), row, row + numbers);
     if (!run) m_members.append(members, count);
-    if (facets) m_facets.append(facets, count);
 }
 
 void setC_Set::clear()

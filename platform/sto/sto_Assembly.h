@@ -20,8 +20,7 @@ struct mshK_SurfStruct
     std::vector<sto_SurfaceSubset> subsets;
 };
 
-/// Whether an element type may stand in the assembly's own mesh: points, rigid nodes and connectors, and types that
-/// are not known.
+/// Whether an element type may stand in the assembly's own mesh: point masses, rigid nodes and connectors.
 bool sto_AssemblyAllowedElementType(const std::string& type);
 
 /// A handle on the stored root assembly. What it tells is up to date with every call.
@@ -59,7 +58,8 @@ public:
     sto_Set Nset(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal, bool isUnsorted);
     sto_Set Elset(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal);
     sto_Set Surface(const std::string& name, const std::vector<mshK_SurfStruct>& groups, bool isInternal);
-    /// Put new members in the place of a set's old ones. Raise when there is no such set.
+    /// Put new members in the place of a set's old ones. Raise when there is no such set. Whether a set is internal
+    /// is settled when it is made; the flag is taken and changes nothing.
     void modifyNodeSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal,
                              bool isUnsorted);
     void modifyElementSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal);

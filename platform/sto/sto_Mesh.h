@@ -92,7 +92,8 @@ public:
     sto_Set surface(const std::string& name) const { return set().find(setC_Set::surface, name); }
     sto_SetList set() const;
 
-    /// Put new members in the place of a set's old ones. Raise when there is no such set.
+    /// Put new members in the place of a set's old ones. Raise when there is no such set. Whether a set is internal
+    /// is settled when it is made; the flag is taken and changes nothing.
     void modifyNodeSetLabels(const std::string& name, const int* labels, int count, bool isInternal, bool isUnsorted);
     void modifyElementSetLabels(const std::string& name, const int* labels, int count, bool isInternal);
     void modifySurfaceSetLabels(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets,
@@ -102,9 +103,6 @@ public:
     void appendNodes(setC_Set& set, const int* labels, int count) const;
     void appendElements(setC_Set& set, const int* labels, int count) const;
     void appendFacets(setC_Set& set, const std::vector<sto_SurfaceSubset>& subsets) const;
-
-    /// The index by which this mesh refers to a node of an instance; made on first use.
-    int foreignNode(const std::string& instanceName, int nodeIndex) const;
 
     const lnk_ShortCut<mshK_Mesh>& reference() const { return m_reference; }
 
