@@ -93,6 +93,8 @@ public:
     yld_LoadCase& LoadCase(const yld_String& name);
     const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
 
+    /// Looks for frames and fields that came in since the step was read; tells whether there were any.
+    bool update();
     /// Gives back the memory of the frame at hand and its fields.
     void ClearFrameContainer();
 
