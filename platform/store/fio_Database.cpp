@@ -243,12 +243,22 @@ bool fio_Database::openExtent(long long extent)
     raiseCode(code);
 }
 
+void fio_Database::closeExtent()
+{
+    sqlite3_blob_close(m_blob);
+    m_blob = nullptr;
+}
+
+void fio_Database::endReads()
+{
+    if (--m_readers == 0) closeExtent();
+}
+
 long long fio_Database::extentSize(long long extent)
 {
     if (!openExtent(extent)) return -1;
     const long long size = sqlite3_blob_bytes(m_blob);
-    sqlite3_blob_close(m_blob);
-    m_blob = nullptr;
+    if (m_readers == 0) closeExtent();
     return size;
 }
 
@@ -262,8 +272,7 @@ void fio_Database::readExtent(long long extent, std::size_t offset, void* into, 
     const bool fits = offset <= size && count <= size - offset;
     if (fits) code = sqlite3_blob_read(m_blob, into, static_cast<int>(count), static_cast<int>(offset));
     // An open handle holds a read lock on the file, which would keep a writer from saving.
-    sqlite3_blob_close(m_blob);
-    m_blob = nullptr;
+    if (m_readers == 0) closeExtent();
     if (!fits) {
         raise("extent " + std::to_string(extent) + " has " + std::to_string(size) + " bytes where " +
               std::to_string(offset + count) + " are expected; the file is damaged");

@@ -1,6 +1,7 @@
 #include "yld/impl/yld_Libraries.h"
 
 #include "platform/base/bas_Library.h"
+#include "platform/store/lnk_Root.h"
 
 #include <iterator>
 
@@ -11,6 +12,11 @@ bool spatialVectors = false;
 void startCalculator()
 {
     spatialVectors = true;
+}
+
+void stopRoot()
+{
+    lnk_Root::Instance().detachAll();
 }
 
 // The families of persistent classes that are declared when class evolution starts, in this order. A family
@@ -57,7 +63,7 @@ constinit bas_Library fio_library("fio");
 constinit bas_Library hdr_library("hdr");
 constinit bas_Library clv_library("clv");
 constinit bas_Library dgn_library("dgn");
-constinit bas_Library lnk_library("lnk");
+constinit bas_Library lnk_library("lnk", nullptr, stopRoot);
 constinit bas_Library setC_library("setC");
 constinit bas_Library ldcC_library("ldcC");
 constinit bas_Library sto_library("sto");
