@@ -102,7 +102,7 @@ msg_StringBase::msg_StringBase(double number)
 
 msg_StringBase& msg_StringBase::operator=(const msg_StringBase& other) noexcept
 {
-    if (m_body != other.m_body) {
+    if (this != &other) {
         if (other.m_body) {
             ++other.m_body->holders;
         }
