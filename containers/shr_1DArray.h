@@ -19,7 +19,7 @@
 /// Every entry of a table owns one count of its block, also those behind the end, which a shrunken array keeps and
 /// finds again when it grows back; so the last holder of a table leaves nothing behind.
 template<class T>
-class shr_1DArray
+class YLD_API shr_1DArray
 {
 public:
     using Block = shr_1DArrayBlock<T>;

@@ -7,7 +7,7 @@
 /// as they were when it was made, and keeps them alive. An array whose first block is absent counts as empty;
 /// where a later block is absent there is no element to ask for (HasCurrent).
 template<class T>
-class shr_1DArrayIter
+class YLD_API shr_1DArrayIter
 {
 public:
     explicit shr_1DArrayIter(const shr_1DArray<T>& array)

@@ -51,7 +51,7 @@ private:
 /// of them writes. Indices are not checked. Unless told otherwise an operation may be given an element of the very
 /// list that it changes.
 template<class T>
-class shr_1DArrayList
+class YLD_API shr_1DArrayList
 {
 public:
     shr_1DArrayList() = default;

@@ -47,6 +47,7 @@ private:
 
     fio_Database& m_database;
     sqlite3_stmt* m_statement;
+    bool m_stepped = false;
 };
 
 /// A connection to one database file: the only door to SQLite. Every failure raises an exception with the path.
@@ -110,6 +111,7 @@ private:
 
     bool openExtent(long long extent);
     void closeExtent();
+    void refuseEmptiedFile() const;
     void configure();
     void checkApplication();
 
@@ -118,6 +120,7 @@ private:
     sqlite3* m_handle = nullptr;
     sqlite3_blob* m_blob = nullptr;
     std::map<std::string, sqlite3_stmt*, std::less<>> m_prepared;
+    bool m_hasContent = false; // a new file is empty up to its first commit
     int m_readers = 0;
     long long m_statements = 0;
     long long m_extentReads = 0;
