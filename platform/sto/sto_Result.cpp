@@ -40,8 +40,8 @@ sto_Step sto_Result::Step(const shr_String& name)
     return Step(name, modelStep, modelStep.previousName());
 }
 
-sto_Step sto_Result::step(const shr_String& name) const { return step().get(name); }
+sto_Step sto_Result::step(const shr_String& name) const { return steps().get(name); }
 
-bool sto_Result::hasStep(const shr_String& name) const { return step().isMember(name); }
+bool sto_Result::hasStep(const shr_String& name) const { return steps().isMember(name); }
 
-sto_StepContainer sto_Result::step() const { return sto_StepContainer(m_result.fetch()->m_steps); }
+sto_StepContainer sto_Result::steps() const { return sto_StepContainer(m_result.fetch()->m_steps); }

@@ -30,7 +30,7 @@ public:
     /// Raises when there is no step of that name.
     sto_Step step(const shr_String& name) const;
     bool hasStep(const shr_String& name) const;
-    sto_StepContainer step() const;
+    sto_StepContainer steps() const;
 
 private:
     lnk_ShortCut<fld_Result> m_result;

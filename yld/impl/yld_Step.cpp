@@ -363,7 +363,7 @@ void yld_StepRepositoryIT::next()
         step.ClearFrameContainer();
         if (step.step().IsValid()) {
             const sto_Sto& store = m_repository->store();
-            if (store.hasResult()) store.result().step().release(currentKey());
+            if (store.hasResult()) store.result().steps().release(currentKey());
         }
     }
     ++m_position;
