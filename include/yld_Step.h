@@ -33,6 +33,7 @@ public:
 
 private:
     yld_Frame& hold(int index) const;
+    void leave() const;
 
     shr_CountedHld<sto_Step> m_step;
     shr_ArrayCOW<sto_Assembly> m_assembly;
@@ -65,6 +66,10 @@ public:
     /// The analysis time at which the step begins.
     double totalTime() const;
     const yld_String& previousStepName() const { return m_previousStepName; }
+    /// Whether geometric nonlinearity is on.
+    bool nlgeom() const;
+    bool isAnalysisStep() const;
+    bool isPerturbation() const;
 
     /// A new frame at the end of the step; the caller gets a copy of its own.
     yld_Frame Frame(int incrementNumber, double frameValue, const yld_String& description = yld_String());
@@ -77,17 +82,19 @@ public:
     yld_SequenceFrame& frames() { return m_frames; }
     const yld_SequenceFrame& frames() const { return m_frames; }
     /// The frame that matches a value. Raises "Frame not found".
-    yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
-    yld_Frame getFrame(const yld_LoadCase& loadCase, double value, yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
+    yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
+    yld_Frame getFrame(const yld_LoadCase& loadCase, double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     /// The places of all frames at the best distance, in order.
-    yld_Sequence<int> findFrames(double value, yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
+    yld_Sequence<int> findFrames(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     yld_Sequence<int> findFrames(const yld_LoadCase& loadCase, double value,
-                                 yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
+                                 yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
 
     /// A new load case. Raises "Invalid LoadCase" for a name that the step has.
     yld_LoadCase& LoadCase(const yld_String& name);
     const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
 
+    /// Looks for frames and fields that came in since the step was read; tells whether there were any.
+    bool update();
     /// Gives back the memory of the frame at hand and its fields.
     void ClearFrameContainer();
 
@@ -96,6 +103,13 @@ public:
     const shr_ArrayCOW<sto_Assembly>& assembly() const { return m_assembly; }
 
 private:
+    friend class yld_Frame;
+    friend class yld_SequenceFrame;
+
+    yld_Step* withoutFrames() const;
+    yld_Frame newFrame(const yld_String& description, double frameValue, int incrementNumber,
+                       const yld_LoadCase& loadCase);
+
     yld_String m_name;
     yld_String m_description;
     yld_Enum::yld_DomainEnum m_domain = yld_Enum::TIME;

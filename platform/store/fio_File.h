@@ -94,7 +94,24 @@ private:
     std::string m_uid;
 };
 
-/// A handle on a file of the store.
+/// While it lives, reading many small arrays of the file is fast; see fio_Database::beginReads().
+class fio_ReadSession
+{
+public:
+    explicit fio_ReadSession(fio_FileBody& file) : m_file(file.shared_from_this()) { file.database().beginReads(); }
+    fio_ReadSession(const fio_ReadSession&) = delete;
+    fio_ReadSession& operator=(const fio_ReadSession&) = delete;
+    ~fio_ReadSession()
+    {
+        if (m_file->isOpen()) m_file->database().endReads();
+    }
+
+private:
+    std::shared_ptr<fio_FileBody> m_file;
+};
+
+/// A handle on a file of the store. The last handle to go closes the file: objects and their file hold each other, and
+/// only closing lets go of both.
 class fio_File
 {
 public:
@@ -110,9 +127,10 @@ public:
     const std::shared_ptr<fio_FileBody>& body() const { return m_body; }
 
 private:
-    explicit fio_File(const std::shared_ptr<fio_FileBody>& body) : m_body(body) {}
+    explicit fio_File(const std::shared_ptr<fio_FileBody>& body);
 
     std::shared_ptr<fio_FileBody> m_body;
+    std::shared_ptr<void> m_closing;
 };
 
 #endif

@@ -14,6 +14,9 @@ public:
     /// The root of the calling thread.
     static lnk_Root& Instance();
 
+    lnk_Root() = default;
+    lnk_Root(const lnk_Root&) = delete;
+    lnk_Root& operator=(const lnk_Root&) = delete;
     ~lnk_Root();
 
     /// Takes an open file in; the same path may be in more than once.
@@ -22,7 +25,7 @@ public:
     int detach(const std::string& path);
     void detachAll();
 
-    const std::vector<std::shared_ptr<fio_FileBody>>& stores() const { return m_stores; }
+    const std::vector<fio_File>& stores() const { return m_stores; }
     /// The first store of that path, or null.
     std::shared_ptr<fio_FileBody> find(const std::string& path) const;
 
@@ -36,9 +39,7 @@ public:
     static std::string GetFileName(const char* persistentName);
 
 private:
-    lnk_Root() = default;
-
-    std::vector<std::shared_ptr<fio_FileBody>> m_stores;
+    std::vector<fio_File> m_stores;
 };
 
 #endif

@@ -9,8 +9,8 @@
 /// Text with a shared body: two words, a pointer to the characters and a pointer to a counted body that holds
 /// the length. Both are null for an empty text that never held anything.
 ///
-/// Copying shares the body, in constant time; the first change to a shared body makes a copy of it. The counts
-/// are plain integers, so a body must stay within one thread.
+/// Copying shares the body, in constant time; the first change to a shared body makes a copy of it. The
+/// counts are plain integers, so a body must stay within one thread.
 ///
 /// Positions and lengths are counted in bytes from 0 and are clamped to the text: a negative one counts as 0,
 /// one past the end as the end. The value `toEnd` stands for the end of the text. A null `const char*` counts
@@ -32,16 +32,25 @@ public:
     /// The shortest text that reads back as the same double, with a point whatever the locale: 0.1, 1e+300,
     /// inf, nan; a whole number has no point.
     explicit msg_StringBase(double number);
-    msg_StringBase(const msg_StringBase& other) noexcept;
-    msg_StringBase(msg_StringBase&& other) noexcept;
-    ~msg_StringBase();
+    msg_StringBase(const msg_StringBase& other) noexcept : m_text(other.m_text), m_body(other.m_body)
+    {
+        if (m_body) {
+            ++m_body->holders;
+        }
+    }
+    msg_StringBase(msg_StringBase&& other) noexcept : m_text(other.m_text), m_body(other.m_body)
+    {
+        other.m_text = nullptr;
+        other.m_body = nullptr;
+    }
+    ~msg_StringBase() { letGo(); }
 
     msg_StringBase& operator=(const msg_StringBase& other) noexcept;
     msg_StringBase& operator=(msg_StringBase&& other) noexcept;
     msg_StringBase& operator=(const char* text);
 
-    /// The characters with a terminating zero; a static empty text if there is no body. Good until this string
-    /// changes or dies.
+    /// The characters with a terminating zero; a static empty text if there is no body. Good until this
+    /// string changes or dies.
     const char* cStr() const noexcept { return m_text ? m_text : ""; }
     int length() const noexcept { return m_body ? static_cast<int>(m_body->length) : 0; }
     bool empty() const noexcept { return length() == 0; }
@@ -99,8 +108,8 @@ public:
 
     /// The character at an index, zero if there is none.
     char operator[](int index) const noexcept;
-    /// Unshares. The reference is good until this string is next changed or copied; an index outside of the text
-    /// gives a spare character that belongs to no string.
+    /// Unshares. The reference is good until this string is next changed or copied; an index outside of the
+    /// text gives a spare character that belongs to no string.
     char& operator[](int index);
 
     /// Whether both strings stand on the same body.
@@ -131,7 +140,14 @@ private:
     static Body* newBody(std::int64_t length, std::int64_t capacity);
     static char* charactersOf(Body* body) noexcept { return reinterpret_cast<char*>(body + 1); }
     void adopt(Body* body) noexcept;
+    void letGo() noexcept
+    {
+        if (m_body && --m_body->holders == 0) {
+            deleteBody(m_body);
+        }
+    }
     void release() noexcept;
+    static void deleteBody(Body* body) noexcept;
     void set(const char* text, std::int64_t length);
     void unshare();
     msg_StringBase& splice(int position, int count, const char* text, int length);
