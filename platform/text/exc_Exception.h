@@ -1,0 +1,113 @@
+#ifndef EXC_EXCEPTION_H
+#define EXC_EXCEPTION_H
+
+#include "platform/text/shr_String.h"
+
+#include <exception>
+
+class pcl_WriteVisitor;
+
+/// Root of everything that the library throws. Carries a text and the source position where it was raised.
+class YLD_API exc_Exception : public std::exception
+{
+public:
+    exc_Exception();
+    explicit exc_Exception(const msg_StringBase& text);
+    exc_Exception(const exc_Exception&);
+    exc_Exception& operator=(const exc_Exception&);
+    ~exc_Exception() override;
+
+    /// For the developer: the text, preceded by the source position if the exception went through Throw().
+    virtual shr_String DeveloperReport() const;
+    /// For the user: the text alone.
+    virtual shr_String UserReport() const;
+    virtual shr_String AsString() const;
+    /// Throws a copy of this object with its dynamic type.
+    [[noreturn]] virtual void Propagate() const;
+    /// A copy on the heap, with the dynamic type; the caller owns it.
+    virtual exc_Exception* Copy() const;
+    virtual unsigned DynTypeId() const;
+    /// Hands the persistent fields to the visitor. This class and its platform subclasses have none.
+    virtual void DBWrite(pcl_WriteVisitor& visitor) const;
+    /// The user's text.
+    virtual shr_String JournalMessage() const;
+    /// The name by which a scripting layer knows the exception; a static text.
+    virtual const char* PythonType() const;
+
+    /// The user's text. Made on the first call, good as long as the object lives.
+    const char* what() const noexcept override;
+
+    /// Remembers the source position and raises the object with its dynamic type. The file name is borrowed for
+    /// ever: pass __FILE__.
+    [[noreturn]] void Throw(const char* file, int line);
+
+    /// Where Throw() was called: null and 0 if it was not.
+    const char* throwFile() const noexcept { return m_throwFile; }
+    int throwLine() const noexcept { return m_throwLine; }
+
+    static unsigned TypeId();
+
+private:
+    shr_String m_text;
+    const char* m_throwFile = nullptr;
+    int m_throwLine = 0;
+    mutable shr_String m_what;
+};
+
+/// Root of the exceptions that a user's command can cause. The inheritance is virtual so that a class which names
+/// both bases has one exc_Exception, and each handler catches it without ambiguity.
+class YLD_API exc_CommandException : public virtual exc_Exception
+{
+public:
+    exc_CommandException();
+    explicit exc_CommandException(const msg_StringBase& text);
+    exc_CommandException(const exc_CommandException&);
+    exc_CommandException& operator=(const exc_CommandException&);
+    ~exc_CommandException() override;
+
+    /// The text for the command's user, the same as JournalMessage().
+    shr_String AsString() const override;
+    [[noreturn]] void Propagate() const override;
+    exc_CommandException* Copy() const override;
+    unsigned DynTypeId() const override;
+
+    static unsigned TypeId();
+};
+
+/// A failure that is nothing but its text.
+class YLD_API exc_TextException : public exc_Exception
+{
+public:
+    explicit exc_TextException(const msg_StringBase& text);
+    exc_TextException(const exc_TextException&);
+    ~exc_TextException() override;
+
+    [[noreturn]] void Propagate() const override;
+    exc_TextException* Copy() const override;
+    unsigned DynTypeId() const override;
+
+    static unsigned TypeId();
+};
+
+/// A condition of the program that does not hold.
+class YLD_API exc_AssertException : public exc_Exception
+{
+public:
+    explicit exc_AssertException(const msg_StringBase& condition);
+    exc_AssertException(const exc_AssertException&);
+    ~exc_AssertException() override;
+
+    [[noreturn]] void Propagate() const override;
+    exc_AssertException* Copy() const override;
+    unsigned DynTypeId() const override;
+    const char* PythonType() const override;
+
+    static unsigned TypeId();
+
+    /// Raises an assertion with the text of the condition, unless assertions are bypassed: then it returns.
+    static void Raise(const char* condition, const char* file, int line);
+    /// Switches assertions off for the whole process, or on again. @return the switch as it was
+    static bool SetBypassed(bool bypassed);
+};
+
+#endif

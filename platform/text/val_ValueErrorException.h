@@ -1,0 +1,22 @@
+#ifndef VAL_VALUEERROREXCEPTION_H
+#define VAL_VALUEERROREXCEPTION_H
+
+#include "platform/text/exc_Exception.h"
+
+/// A value of a command that is not allowed.
+class YLD_API val_ValueErrorException : public exc_CommandException
+{
+public:
+    explicit val_ValueErrorException(const msg_StringBase& text);
+    val_ValueErrorException(const val_ValueErrorException&);
+    ~val_ValueErrorException() override;
+
+    [[noreturn]] void Propagate() const override;
+    val_ValueErrorException* Copy() const override;
+    unsigned DynTypeId() const override;
+    const char* PythonType() const override;
+
+    static unsigned TypeId();
+};
+
+#endif
