@@ -1,0 +1,19 @@
+#include "platform/base/lok_Lock.h"
+
+namespace
+{
+
+// Initialised without code and never destroyed in effect, so that exit handlers can use it.
+constinit std::mutex globalMutex;
+
+} // namespace
+
+lok_GlobalLock::lok_GlobalLock()
+{
+    globalMutex.lock();
+}
+
+lok_GlobalLock::~lok_GlobalLock()
+{
+    globalMutex.unlock();
+}

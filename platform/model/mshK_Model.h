@@ -1,0 +1,50 @@
+#ifndef MSHK_MODEL_H
+#define MSHK_MODEL_H
+
+#include "platform/store/mrp_Container.h"
+#include "platform/store/pcl_Persistent.h"
+
+#include <string>
+
+class mshK_Assembly;
+class mshK_Part;
+class mshK_Step;
+
+/// The model of a database: parts, root assembly, the model side of the steps.
+class mshK_Model : public pcl_Class<mshK_Model>
+{
+public:
+    static constexpr const char* className = "mshK_Model";
+    static constexpr unsigned classId = 0x00100001;
+    static constexpr int classVersion = 1;
+    template<class Self, class V> static void attributes(Self& self, V&& visit)
+    {
+        visit("name", self.m_name);
+        visit("title", self.m_title);
+        visit("analysis version", self.m_analysisVersion);
+        visit("global job", self.m_globalJob);
+        visit("shell to solid", self.m_shellToSolid);
+        visit("dimension", self.m_dimension);
+        visit("next mesh index", self.m_nextMeshIndex);
+        visit("parts", self.m_parts);
+        visit("root assembly", self.m_rootAssembly);
+        visit("steps", self.m_steps);
+    }
+
+    /// Turns the progress messages of the model layer on or off for the process.
+    static void GenerateWipMessages(bool on);
+    static bool generatesWipMessages();
+
+    std::string m_name;
+    std::string m_title;
+    std::string m_analysisVersion;
+    std::string m_globalJob;
+    bool m_shellToSolid = false;
+    int m_dimension = 3; ///< of the space that the parts are in
+    int m_nextMeshIndex = 0;
+    mrp_Container<mshK_Part> m_parts;
+    lnk_ShortCut<mshK_Assembly> m_rootAssembly;
+    mrp_Container<mshK_Step> m_steps;
+};
+
+#endif

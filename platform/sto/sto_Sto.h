@@ -1,0 +1,81 @@
+#ifndef STO_STO_H
+#define STO_STO_H
+
+#include "platform/store/fio_File.h"
+#include "platform/store/mrp_Container.h"
+#include "platform/store/pcl_Persistent.h"
+#include "platform/text/shr_String.h"
+
+class fld_Result;
+class mshK_Model;
+class sto_Model;
+class sto_Result;
+
+/// The root object of a database, to which everything else hangs.
+class sto_StoData : public pcl_Class<sto_StoData>
+{
+public:
+    static constexpr const char* className = "sto_Sto";
+    static constexpr unsigned classId = 0x00400001;
+    static constexpr int classVersion = 1;
+    template<class Self, class V> static void attributes(Self& self, V&& visit)
+    {
+        visit("description", self.m_description);
+        visit("analysis version", self.m_analysisVersion);
+        visit("models", self.m_models);
+        visit("result", self.m_result);
+        visit("user data", self.m_hasUserData);
+        visit("only user defined data", self.m_onlyHasUserDefinedData);
+    }
+
+    std::string m_description;
+    std::string m_analysisVersion;
+    mrp_Container<mshK_Model> m_models;
+    lnk_ShortCut<fld_Result> m_result;
+    bool m_hasUserData = false;
+    bool m_onlyHasUserDefinedData = false;
+};
+
+/// A handle on an open store. Copies stand for the same store.
+class sto_Sto
+{
+public:
+    /// No store.
+    sto_Sto() = default;
+    explicit sto_Sto(const std::shared_ptr<fio_FileBody>& file) : m_file(file) {}
+
+    bool isValid() const { return m_file != nullptr && m_file->isOpen(); }
+    const std::shared_ptr<fio_FileBody>& file() const { return m_file; }
+    shr_String FileName() const;
+
+    /// Makes a model with its empty root assembly, or gives the one of that name.
+    sto_Model Model(const char* name);
+    /// Raises when there is no model of that name.
+    sto_Model model(const char* name) const;
+    /// Makes the results, or gives them.
+    sto_Result Result();
+    sto_Result result() const;
+    bool hasResult() const;
+    void UserData();
+    bool hasUserData() const;
+
+    shr_String description() const;
+    void setDescription(const shr_String& description);
+    shr_String analysisVersion() const;
+    void setAnalysisVersion(const shr_String& version);
+    void setOnlyHasUserDefinedData(bool only);
+    bool onlyHasUserDefinedData() const;
+
+    /// Writes everything that changed.
+    void Save();
+    /// What Save has written is on disk when it returns; nothing is left to flush.
+    void FlushDatabase() {}
+
+private:
+    friend class sto_StoContainer;
+    lnk_ShortCut<sto_StoData> root() const;
+
+    std::shared_ptr<fio_FileBody> m_file;
+};
+
+#endif

@@ -1,0 +1,43 @@
+#ifndef FIO_BUFFER_H
+#define FIO_BUFFER_H
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+
+/// Counted, aligned bytes. Copies share them. Not initialised when made.
+class fio_Buffer
+{
+public:
+    static constexpr std::size_t alignment = 64;
+
+    fio_Buffer() = default;
+    explicit fio_Buffer(std::size_t bytes) : m_size(bytes)
+    {
+        if (bytes == 0) return;
+        const std::size_t rounded = (bytes + alignment - 1) / alignment * alignment;
+        if (rounded < bytes) throw std::bad_alloc();
+        void* memory = std::aligned_alloc(alignment, rounded);
+        if (!memory) throw std::bad_alloc();
+        m_memory.reset(memory, std::free);
+    }
+
+    std::size_t size() const { return m_size; }
+    const char* data() const { return static_cast<const char*>(m_memory.get()); }
+    char* writable() { return static_cast<char*>(m_memory.get()); }
+    bool isEmpty() const { return m_size == 0; }
+    /// The same bytes up to a smaller size.
+    fio_Buffer prefix(std::size_t bytes) const
+    {
+        fio_Buffer part(*this);
+        part.m_size = bytes;
+        return part;
+    }
+    const std::shared_ptr<void>& memory() const { return m_memory; }
+
+private:
+    std::shared_ptr<void> m_memory;
+    std::size_t m_size = 0;
+};
+
+#endif

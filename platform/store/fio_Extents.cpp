@@ -1,0 +1,119 @@
+#include "platform/store/fio_Extents.h"
+
+#include "platform/store/fio_Database.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+// What is gathered before it is written: large enough that a sync costs little a byte, small enough to be no burden.
+constexpr std::size_t gatherBytes = 16u << 20;
+
+long long extentCount(std::size_t bytes)
+{
+    return static_cast<long long>((bytes + fio_Database::extentBytes - 1) / fio_Database::extentBytes);
+}
+
+} // namespace
+
+long long fio_Extents::append(const fio_Buffer& bytes)
+{
+    if (bytes.isEmpty()) return 0;
+    const long long first = m_next;
+    m_gathered.push_back({first, bytes});
+    m_gatheredBytes += bytes.size();
+    m_next += extentCount(bytes.size());
+    if (m_gatheredBytes >= gatherBytes) flush();
+    return first;
+}
+
+const fio_Extents::Gathered* fio_Extents::findGathered(long long first) const
+{
+    const auto found = std::lower_bound(m_gathered.begin(), m_gathered.end(), first,
+                                        [](const Gathered& entry, long long id) { return entry.first < id; });
+    return found != m_gathered.end() && found->first == first ? &*found : nullptr;
+}
+
+void fio_Extents::read(long long first, std::size_t offset, void* into, std::size_t count)
+{
+    if (const Gathered* gathered = findGathered(first)) {
+        if (offset > gathered->bytes.size() || count > gathered->bytes.size() - offset) {
+            m_database.raise("an array is shorter than its owner says");
+        }
+        std::memcpy(into, gathered->bytes.data() + offset, count);
+        return;
+    }
+    auto* target = static_cast<char*>(into);
+    while (count > 0) {
+        const std::size_t inside = offset % fio_Database::extentBytes;
+        const std::size_t piece = std::min(count, fio_Database::extentBytes - inside);
+        m_database.readExtent(first + static_cast<long long>(offset / fio_Database::extentBytes), inside, target, piece);
+        target += piece;
+        offset += piece;
+        count -= piece;
+    }
+}
+
+void fio_Extents::verify(long long first, std::size_t bytes)
+{
+    if (bytes == 0 || findGathered(first)) return;
+    const long long count = extentCount(bytes);
+    const long long last = first + count - 1;
+    const auto expected = static_cast<long long>(bytes - static_cast<std::size_t>(count - 1) * fio_Database::extentBytes);
+    const long long size = first > 0 && last >= first ? m_database.extentSize(last) : -1;
+    if (size != expected) {
+        m_database.raise("extent " + std::to_string(last) + " should have " + std::to_string(expected) +
+                         " bytes but has " + (size < 0 ? std::string("none") : std::to_string(size)) +
+                         "; the file is damaged");
+    }
+}
+
+void fio_Extents::release(long long first, std::size_t bytes)
+{
+    if (first > 0 && bytes > 0) m_released.push_back({first, extentCount(bytes)});
+}
+
+void fio_Extents::flush()
+{
+    if (m_gathered.empty()) return;
+    m_database.begin();
+    try {
+        fio_Statement insert = m_database.prepare("INSERT OR REPLACE INTO extent(id, bytes) VALUES(?1, ?2)");
+        for (const Gathered& gathered : m_gathered) {
+            long long id = gathered.first;
+            for (std::size_t at = 0; at < gathered.bytes.size(); at += fio_Database::extentBytes) {
+                insert.bind(1, id++);
+                insert.bindBlob(2, gathered.bytes.data() + at,
+                                std::min(fio_Database::extentBytes, gathered.bytes.size() - at));
+                insert.run();
+            }
+        }
+        m_database.commit();
+    } catch (...) {
+        m_database.rollback();
+        throw;
+    }
+    m_gathered.clear();
+    m_gatheredBytes = 0;
+}
+
+void fio_Extents::deleteReleased()
+{
+    fio_Statement erase = m_database.prepare("DELETE FROM extent WHERE id >= ?1 AND id < ?2");
+    for (const Run& run : m_released) {
+        erase.bind(1, run.first);
+        erase.bind(2, run.first + run.count);
+        erase.run();
+    }
+}
+
+void fio_Extents::dropFrom(long long limit)
+{
+    fio_Statement look = m_database.prepare("SELECT 1 FROM extent WHERE id >= ?1 LIMIT 1");
+    look.bind(1, limit);
+    if (!look.step()) return;
+    fio_Statement erase = m_database.prepare("DELETE FROM extent WHERE id >= ?1");
+    erase.bind(1, limit);
+    erase.run();
+}

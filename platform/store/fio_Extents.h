@@ -1,0 +1,70 @@
+#ifndef FIO_EXTENTS_H
+#define FIO_EXTENTS_H
+
+#include "platform/store/fio_Buffer.h"
+
+#include <cstddef>
+#include <deque>
+#include <vector>
+
+class fio_Database;
+
+/// The bulk arrays of one file. An array is a run of extents with consecutive numbers, all full but the last; it
+/// goes to disk as it comes, in small transactions of its own, and is referred to by the number of its first extent.
+class fio_Extents
+{
+public:
+    explicit fio_Extents(fio_Database& database) : m_database(database) {}
+
+    /// Takes an array over. Small ones are gathered and written together.
+    /// @return the number of the first extent; 0 for an empty array
+    long long append(const fio_Buffer& bytes);
+
+    /// Reads part of an array, also one that is still gathered.
+    /// @param first   number of the array's first extent
+    /// @param offset  in bytes from the array's start
+    void read(long long first, std::size_t offset, void* into, std::size_t count);
+
+    /// Raises unless the array's last extent is there with the right size. Costs one look, whatever the size, and is
+    /// called before memory is taken for the array.
+    void verify(long long first, std::size_t bytes);
+
+    /// Remembers extents that no object refers to any more, to be deleted with the next save.
+    void release(long long first, std::size_t bytes);
+
+    /// Writes what is gathered. In a transaction of its own unless the caller has one open.
+    void flush();
+    /// Inside the save's transaction: deletes what release() remembered.
+    void deleteReleased();
+    void releaseDone() { m_released.clear(); }
+
+    /// The first number that no array has yet.
+    long long limit() const { return m_next; }
+    void setLimit(long long limit) { m_next = limit; }
+    /// Deletes extents that no saved state refers to: what a crash or a close without save left behind.
+    void dropFrom(long long limit);
+
+    std::size_t gatheredBytes() const { return m_gatheredBytes; }
+
+private:
+    struct Gathered
+    {
+        long long first;
+        fio_Buffer bytes;
+    };
+    struct Run
+    {
+        long long first;
+        long long count;
+    };
+
+    const Gathered* findGathered(long long first) const;
+
+    fio_Database& m_database;
+    std::deque<Gathered> m_gathered;
+    std::size_t m_gatheredBytes = 0;
+    std::vector<Run> m_released;
+    long long m_next = 1;
+};
+
+#endif

@@ -1,0 +1,391 @@
+#include "platform/store/fio_File.h"
+
+#include "platform/store/fio_Error.h"
+#include "platform/store/pcl_Row.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <random>
+
+namespace {
+
+std::string quoted(const std::string& name) { return "\"" + name + "\""; }
+
+// The columns of an attribute: one, but for a bulk array, which has its first extent and its count.
+struct Column
+{
+    std::string name;
+    const char* type;
+};
+
+std::vector<Column> columnsOf(const pcl_ClassMetadata::Attribute& attribute)
+{
+    switch (attribute.kind) {
+    case pcl_Kind::INT32:
+    case pcl_Kind::INT64:
+    case pcl_Kind::BOOL:
+        return {{attribute.name, "INTEGER"}};
+    case pcl_Kind::FLOAT:
+    case pcl_Kind::DOUBLE:
+        return {{attribute.name, "REAL"}};
+    case pcl_Kind::STRING:
+    case pcl_Kind::STRINGS:
+        return {{attribute.name, "TEXT"}};
+    case pcl_Kind::INTS:
+    case pcl_Kind::DOUBLES:
+        return {{attribute.name, "BLOB"}};
+    case pcl_Kind::REFERENCE:
+        return {{attribute.name, "INTEGER"}};
+    case pcl_Kind::INT_ARRAY:
+    case pcl_Kind::FLOAT_ARRAY:
+    case pcl_Kind::DOUBLE_ARRAY:
+        return {{attribute.name, "INTEGER"}, {attribute.name + ".count", "INTEGER"}};
+    }
+    return {};
+}
+
+std::string freshUid()
+{
+    std::random_device device;
+    char text[33];
+    std::snprintf(text, sizeof text, "%08x%08x%08x%08x", device(), device(), device(), device());
+    return text;
+}
+
+} // namespace
+
+fio_FileBody::fio_FileBody(const std::string& path, fio_Database::Access access)
+    : m_path(path), m_writable(access != fio_Database::Access::READ)
+{
+    m_database.emplace(path, access);
+    m_extents.emplace(*m_database);
+    if (access == fio_Database::Access::CREATE) {
+        createTables();
+    } else {
+        readHeader();
+        if (m_writable) m_extents->dropFrom(m_extents->limit());
+    }
+}
+
+fio_FileBody::~fio_FileBody() = default;
+
+fio_Database& fio_FileBody::database()
+{
+    if (!m_database) fio_raise(m_path, "the database is closed");
+    return *m_database;
+}
+
+fio_Extents& fio_FileBody::extents()
+{
+    if (!m_extents) fio_raise(m_path, "the database is closed");
+    return *m_extents;
+}
+
+int fio_FileBody::version() { return database().databaseVersion(); }
+
+void fio_FileBody::createTables()
+{
+    m_uid = freshUid();
+    m_creationDate = std::chrono::duration_cast<std::chrono::microseconds>(
+                         std::chrono::system_clock::now().time_since_epoch()).count();
+    fio_Database& db = *m_database;
+    try {
+        db.begin();
+        db.setDatabaseVersion(currentVersion);
+        db.execute("CREATE TABLE header(name TEXT PRIMARY KEY, value) WITHOUT ROWID");
+        db.execute("CREATE TABLE catalogue(\"Class Name\" TEXT PRIMARY KEY, \"Class Id\" INTEGER NOT NULL, "
+                   "\"Class Version\" INTEGER NOT NULL, \"Class Table\" TEXT NOT NULL) WITHOUT ROWID");
+        db.execute("CREATE TABLE extent(id INTEGER PRIMARY KEY, bytes BLOB NOT NULL)");
+        db.execute("CREATE TABLE entry(container INTEGER NOT NULL, position INTEGER NOT NULL, key TEXT NOT NULL, "
+                   "object INTEGER NOT NULL, PRIMARY KEY(container, position)) WITHOUT ROWID");
+        writeHeader();
+        db.commit();
+    } catch (...) {
+        db.rollback();
+        m_extents.reset();
+        m_database.reset();
+        std::remove(m_path.c_str());
+        throw;
+    }
+}
+
+void fio_FileBody::readHeader()
+{
+    fio_Statement read = m_database->prepare("SELECT name, value FROM header");
+    while (read.step()) {
+        const std::string name = read.text(0);
+        if (name == "creation date") m_creationDate = read.integer(1);
+        else if (name == "uid") m_uid = read.text(1);
+        else if (name == "save count") m_saveCount = read.integer(1);
+        else if (name == "next object") m_nextId = read.integer(1);
+        else if (name == "next extent") m_extents->setLimit(read.integer(1));
+        else if (name == "root object") m_rootObject = read.integer(1);
+    }
+    if (m_nextId < 1 || m_extents->limit() < 1 || m_uid.empty()) m_database->raise("the header makes no sense; the file is damaged");
+}
+
+void fio_FileBody::writeHeader()
+{
+    fio_Statement write = m_database->prepare("INSERT OR REPLACE INTO header(name, value) VALUES(?1, ?2)");
+    const auto put = [&write](const std::string& name, long long value) {
+        write.bind(1, name);
+        write.bind(2, value);
+        write.run();
+    };
+    put("creation date", m_creationDate);
+    put("save count", m_saveCount);
+    put("next object", m_nextId);
+    put("next extent", m_extents->limit());
+    put("root object", m_rootObject);
+    const std::string name = "uid";
+    write.bind(1, name);
+    write.bind(2, m_uid);
+    write.run();
+}
+
+fio_FileBody::Table& fio_FileBody::tableOf(const pcl_ClassMetadata& metadata)
+{
+    const auto [found, isNew] = m_tables.try_emplace(metadata.id());
+    Table& table = found->second;
+    if (!isNew && table.exists) return table;
+
+    // Which of the declared columns this file has; SELECT names those alone, so that a file that knows more or
+    // less than the program is read all the same.
+    std::vector<std::string> present;
+    {
+        fio_Statement info = database().prepare("SELECT name FROM pragma_table_info(?1)");
+        info.bind(1, metadata.name());
+        while (info.step()) present.push_back(info.text(0));
+    }
+    table.exists = !present.empty();
+    table.columns.clear();
+    table.select = "SELECT oid";
+    int next = 1;
+    for (const auto& attribute : metadata.attributes()) {
+        const std::vector<Column> columns = columnsOf(attribute);
+        const bool all = std::all_of(columns.begin(), columns.end(), [&present](const Column& column) {
+            return std::find(present.begin(), present.end(), column.name) != present.end();
+        });
+        table.columns.push_back(all ? next : -1);
+        if (!all) continue;
+        for (const Column& column : columns) table.select += ", " + quoted(column.name);
+        next += static_cast<int>(columns.size());
+    }
+    table.select += " FROM " + quoted(metadata.name()) + " WHERE oid = ?1";
+    return table;
+}
+
+void fio_FileBody::makeTable(const pcl_ClassMetadata& metadata, Table& table)
+{
+    if (!table.upsert.empty()) return;
+    fio_Database& db = database();
+    std::string names = "oid, base";
+    std::string places = "?1, ?2";
+    std::string updates = "base = excluded.base";
+    std::string declarations = "oid INTEGER PRIMARY KEY, base INTEGER NOT NULL";
+    int parameter = 3;
+    for (std::size_t i = 0; i < metadata.attributes().size(); ++i) {
+        for (const Column& column : columnsOf(metadata.attributes()[i])) {
+            const std::string name = quoted(column.name);
+            names += ", " + name;
+            places += ", ?" + std::to_string(parameter++);
+            updates += ", " + name + " = excluded." + name;
+            declarations += ", " + name + " " + column.type;
+            if (table.exists && table.columns[i] < 0) {
+                db.execute(("ALTER TABLE " + quoted(metadata.name()) + " ADD COLUMN " + name + " " + column.type).c_str());
+            }
+        }
+    }
+    if (!table.exists) db.execute(("CREATE TABLE " + quoted(metadata.name()) + "(" + declarations + ")").c_str());
+    {
+        fio_Statement enter = db.prepare("INSERT OR REPLACE INTO catalogue VALUES(?1, ?2, ?3, ?1)");
+        enter.bind(1, metadata.name());
+        enter.bind(2, static_cast<long long>(metadata.id()));
+        enter.bind(3, static_cast<long long>(metadata.version()));
+        enter.run();
+    }
+    const std::string upsert = "INSERT INTO " + quoted(metadata.name()) + "(" + names + ") VALUES(" + places +
+                               ") ON CONFLICT(oid) DO UPDATE SET " + updates;
+    table.exists = false; // looked up afresh: the columns have changed
+    Table& fresh = tableOf(metadata);
+    fresh.upsert = upsert;
+}
+
+std::shared_ptr<const pcl_Persistent> fio_FileBody::fetch(long long id, const pcl_ClassMetadata& metadata,
+                                                          lnk_MakeObject make)
+{
+    const auto found = m_objects.find(id);
+    if (found != m_objects.end()) {
+        if (&found->second.object->Metadata() != &metadata) {
+            database().raise("object " + std::to_string(id) + " is not of class " + metadata.name() +
+                             "; the file is damaged");
+        }
+        return found->second.object;
+    }
+    fio_Database& db = database();
+    const Table& table = tableOf(metadata);
+    if (!table.exists) db.raise("has no object of class " + metadata.name() + "; the file is damaged");
+    std::shared_ptr<pcl_Persistent> object = make();
+    {
+        fio_Statement row = db.prepare(table.select);
+        row.bind(1, id);
+        if (!row.step()) {
+            db.raise("object " + std::to_string(id) + " of class " + metadata.name() + " is missing; the file is damaged");
+        }
+        pcl_RowReader reader(metadata, table.columns, row, shared_from_this());
+        object->DBRead(reader);
+    }
+    m_objects[id].object = object;
+    return object;
+}
+
+void fio_FileBody::replace(long long id, const std::shared_ptr<pcl_Persistent>& object)
+{
+    if (!m_writable) fio_raise(m_path, "the database is open for reading only");
+    database();
+    m_objects[id] = {object, true};
+}
+
+mrp_Entries& fio_FileBody::entries(long long container)
+{
+    fio_Database& db = database();
+    const auto [found, isNew] = m_containers.try_emplace(container);
+    if (isNew) {
+        auto entries = std::make_unique<mrp_Entries>();
+        try {
+            fio_Statement read =
+                db.prepare("SELECT key, object FROM entry WHERE container = ?1 ORDER BY position");
+            read.bind(1, container);
+            while (read.step()) entries->m_entries.push_back({read.text(0), read.integer(1)});
+        } catch (...) {
+            m_containers.erase(found);
+            throw;
+        }
+        entries->m_saved = entries->size();
+        found->second = std::move(entries);
+    }
+    return *found->second;
+}
+
+void fio_FileBody::release(long long id)
+{
+    const auto found = m_objects.find(id);
+    if (found != m_objects.end() && !found->second.changed) m_objects.erase(found);
+}
+
+void fio_FileBody::releaseContainer(long long container)
+{
+    const auto found = m_containers.find(container);
+    if (found == m_containers.end()) return;
+    for (const mrp_Entries::Entry& entry : found->second->m_entries) release(entry.object);
+    if (!found->second->isChanged()) m_containers.erase(found);
+}
+
+bool fio_FileBody::hasChanges() const
+{
+    return std::any_of(m_objects.begin(), m_objects.end(), [](const auto& entry) { return entry.second.changed; }) ||
+           std::any_of(m_containers.begin(), m_containers.end(),
+                       [](const auto& entry) { return entry.second->isChanged(); });
+}
+
+void fio_FileBody::writeObject(long long id, const pcl_Persistent& object)
+{
+    const pcl_ClassMetadata& metadata = object.Metadata();
+    Table& table = tableOf(metadata);
+    makeTable(metadata, table);
+    fio_Statement row = database().prepare(table.upsert);
+    row.bind(1, id);
+    row.bind(2, 0LL);
+    pcl_RowWriter writer(metadata, row);
+    object.DBWrite(writer);
+    row.run();
+}
+
+void fio_FileBody::writeEntries(long long container, mrp_Entries& entries)
+{
+    fio_Database& db = database();
+    if (entries.m_rewrite) {
+        fio_Statement erase = db.prepare("DELETE FROM entry WHERE container = ?1");
+        erase.bind(1, container);
+        erase.run();
+    }
+    fio_Statement insert = db.prepare("INSERT INTO entry(container, position, key, object) VALUES(?1, ?2, ?3, ?4)");
+    for (int i = entries.m_rewrite ? 0 : entries.m_saved; i < entries.size(); ++i) {
+        insert.bind(1, container);
+        insert.bind(2, static_cast<long long>(i));
+        insert.bind(3, entries[i].key);
+        insert.bind(4, entries[i].object);
+        insert.run();
+    }
+}
+
+void fio_FileBody::save()
+{
+    fio_Database& db = database();
+    if (!m_writable) db.raise("the database is open for reading only");
+
+    std::vector<long long> changed;
+    for (const auto& [id, entry] : m_objects) {
+        if (entry.changed) changed.push_back(id);
+    }
+    // Ascending ids put new rows at the end of their tables.
+    std::sort(changed.begin(), changed.end());
+    for (long long id : changed) m_objects[id].object->StoreArrays(shared_from_this());
+    extents().flush();
+
+    db.begin();
+    ++m_saveCount;
+    try {
+        for (long long id : changed) writeObject(id, *m_objects[id].object);
+        for (auto& [id, entries] : m_containers) {
+            if (entries->isChanged()) writeEntries(id, *entries);
+        }
+        extents().deleteReleased();
+        writeHeader();
+        db.commit();
+    } catch (...) {
+        db.rollback();
+        --m_saveCount;
+        // A table made in the transaction is gone again.
+        m_tables.clear();
+        throw;
+    }
+    for (long long id : changed) m_objects[id].changed = false;
+    for (auto& [id, entries] : m_containers) {
+        entries->m_saved = entries->size();
+        entries->m_rewrite = false;
+    }
+    extents().releaseDone();
+}
+
+void fio_FileBody::close()
+{
+    m_containers.clear();
+    m_objects.clear();
+    m_tables.clear();
+    m_extents.reset();
+    m_database.reset();
+}
+
+bool fio_FileBody::refresh()
+{
+    const long long before = m_saveCount;
+    readHeader();
+    if (m_saveCount == before) return false;
+    m_containers.clear();
+    m_objects.clear();
+    m_tables.clear();
+    return true;
+}
+
+fio_File fio_File::Open(const char* path, bool forWriting, bool)
+{
+    return fio_File(std::make_shared<fio_FileBody>(
+        path, forWriting ? fio_Database::Access::WRITE : fio_Database::Access::READ));
+}
+
+fio_File fio_File::Create(const char* path)
+{
+    return fio_File(std::make_shared<fio_FileBody>(path, fio_Database::Access::CREATE));
+}

@@ -1,0 +1,118 @@
+#ifndef FIO_FILE_H
+#define FIO_FILE_H
+
+#include "platform/store/fio_Database.h"
+#include "platform/store/fio_Extents.h"
+#include "platform/store/mrp_Container.h"
+#include "platform/store/pcl_Persistent.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+/// What one open file consists of: the connection, the bulk arrays, the objects read so far and the containers.
+/// It outlives its closing as an empty shell, so that a reference into a closed file gives an error and nothing worse.
+class fio_FileBody : public std::enable_shared_from_this<fio_FileBody>
+{
+public:
+    /// The version of databases that this library writes.
+    static constexpr int currentVersion = 891;
+
+    fio_FileBody(const std::string& path, fio_Database::Access access);
+    ~fio_FileBody();
+
+    const std::string& path() const { return m_path; }
+    bool isOpen() const { return m_database.has_value(); }
+    bool isWritable() const { return m_writable; }
+    /// Raises when the file is closed.
+    fio_Database& database();
+    fio_Extents& extents();
+
+    /// The moment of creation, in microseconds since 1970, and the identity that goes with it.
+    long long creationDate() const { return m_creationDate; }
+    const std::string& uid() const { return m_uid; }
+    /// How many saves the file has seen, as of the last look.
+    long long saveCount() const { return m_saveCount; }
+    int version();
+
+    long long newId() { return m_nextId++; }
+    /// The object with which everything begins; 0 in a new file.
+    long long rootObject() const { return m_rootObject; }
+    void setRootObject(long long id) { m_rootObject = id; }
+
+    std::shared_ptr<const pcl_Persistent> fetch(long long id, const pcl_ClassMetadata& metadata, lnk_MakeObject make);
+    void replace(long long id, const std::shared_ptr<pcl_Persistent>& object);
+    mrp_Entries& entries(long long container);
+    /// Forgets an object or the objects of a container as far as they hold no unsaved change.
+    void release(long long id);
+    void releaseContainer(long long container);
+
+    bool hasChanges() const;
+    /// Writes everything that changed, in one transaction; what a failed save leaves on disk is the state before.
+    void save();
+    /// Drops what is not saved and lets go of the file.
+    void close();
+    /// For a reader: looks whether another process has saved since; if so forgets everything read.
+    bool refresh();
+
+    std::size_t loadedObjects() const { return m_objects.size(); }
+
+private:
+    struct Object
+    {
+        std::shared_ptr<pcl_Persistent> object;
+        bool changed = false;
+    };
+    struct Table
+    {
+        bool exists = false;
+        std::vector<int> columns;      // of each attribute: its place in the select list, or -1
+        std::string select;
+        std::string upsert;
+    };
+
+    void createTables();
+    void readHeader();
+    void writeHeader();
+    Table& tableOf(const pcl_ClassMetadata& metadata);
+    void makeTable(const pcl_ClassMetadata& metadata, Table& table);
+    void writeObject(long long id, const pcl_Persistent& object);
+    void writeEntries(long long container, mrp_Entries& entries);
+
+    std::string m_path;
+    bool m_writable;
+    std::optional<fio_Database> m_database;
+    std::optional<fio_Extents> m_extents;
+    std::unordered_map<long long, Object> m_objects;
+    std::unordered_map<long long, std::unique_ptr<mrp_Entries>> m_containers;
+    std::unordered_map<unsigned, Table> m_tables;
+    long long m_nextId = 1;
+    long long m_rootObject = 0;
+    long long m_creationDate = 0;
+    long long m_saveCount = 0;
+    std::string m_uid;
+};
+
+/// A handle on a file of the store.
+class fio_File
+{
+public:
+    fio_File() = default;
+
+    /// Opens an existing database. @param flag  always true
+    /// Raises with the path when the file is missing, foreign or damaged.
+    static fio_File Open(const char* path, bool forWriting, bool flag);
+    /// Makes a new database; what stood at the path must be gone.
+    static fio_File Create(const char* path);
+
+    bool isValid() const { return m_body != nullptr; }
+    const std::shared_ptr<fio_FileBody>& body() const { return m_body; }
+
+private:
+    explicit fio_File(const std::shared_ptr<fio_FileBody>& body) : m_body(body) {}
+
+    std::shared_ptr<fio_FileBody> m_body;
+};
+
+#endif
