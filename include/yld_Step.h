@@ -77,17 +77,19 @@ public:
     yld_SequenceFrame& frames() { return m_frames; }
     const yld_SequenceFrame& frames() const { return m_frames; }
     /// The frame that matches a value. Raises "Frame not found".
-    yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
-    yld_Frame getFrame(const yld_LoadCase& loadCase, double value, yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
+    yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
+    yld_Frame getFrame(const yld_LoadCase& loadCase, double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     /// The places of all frames at the best distance, in order.
-    yld_Sequence<int> findFrames(double value, yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
+    yld_Sequence<int> findFrames(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     yld_Sequence<int> findFrames(const yld_LoadCase& loadCase, double value,
-                                 yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
+                                 yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
 
     /// A new load case. Raises "Invalid LoadCase" for a name that the step has.
     yld_LoadCase& LoadCase(const yld_String& name);
     const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
 
+    /// Looks for frames and fields that came in since the step was read; tells whether there were any.
+    bool update();
     /// Gives back the memory of the frame at hand and its fields.
     void ClearFrameContainer();
 

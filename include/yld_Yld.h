@@ -63,7 +63,7 @@ public:
                    const yld_String& procedure = yld_String(), double totalTime = -1.0);
 
     /// The frame whose total time matches. Raises "Frame not found.".
-    yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::CLOSEST);
+    yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
 
     /// Looks for steps and frames that a writer added since; tells whether there were any.
     bool update();

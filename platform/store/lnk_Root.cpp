@@ -1,12 +1,10 @@
 #include "platform/store/lnk_Root.h"
 
+#include "platform/base/lok_ThreadSingleton.h"
+
 #include <algorithm>
 
-lnk_Root& lnk_Root::Instance()
-{
-    thread_local lnk_Root root;
-    return root;
-}
+lnk_Root& lnk_Root::Instance() { return lok_ThreadSingleton<lnk_Root>::Instance(); }
 
 lnk_Root::~lnk_Root() { detachAll(); }
 

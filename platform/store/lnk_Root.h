@@ -14,6 +14,9 @@ public:
     /// The root of the calling thread.
     static lnk_Root& Instance();
 
+    lnk_Root() = default;
+    lnk_Root(const lnk_Root&) = delete;
+    lnk_Root& operator=(const lnk_Root&) = delete;
     ~lnk_Root();
 
     /// Takes an open file in; the same path may be in more than once.
@@ -36,8 +39,6 @@ public:
     static std::string GetFileName(const char* persistentName);
 
 private:
-    lnk_Root() = default;
-
     std::vector<std::shared_ptr<fio_FileBody>> m_stores;
 };
 

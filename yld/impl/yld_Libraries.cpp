@@ -1,0 +1,110 @@
+#include "yld/impl/yld_Libraries.h"
+
+#include "platform/base/bas_Library.h"
+
+#include <iterator>
+
+namespace
+{
+
+bool spatialVectors = false;
+
+void startCalculator()
+{
+    spatialVectors = true;
+}
+
+// The families of persistent classes that are declared when class evolution starts, in this order. A family that
+// declares none has no function.
+struct Family
+{
+    const char* prefix;
+    void (*formalize)();
+};
+
+constexpr Family families[] = {
+    {"hvyC", nullptr}, {"flwC", nullptr}, {"outC", nullptr}, {"prfC", nullptr},
+    {"secC", nullptr}, {"adpC", nullptr}, {"lcsC", nullptr}, {"kcnC", nullptr},
+};
+
+void startEvolution()
+{
+    for (const Family& family : families) {
+        if (family.formalize) {
+            family.formalize();
+        }
+    }
+}
+
+// What a library does at its first start and last stop stands behind its name.
+constinit bas_Library mmo_library("mmo");
+constinit bas_Library arc_library("arc");
+constinit bas_Library lok_library("lok");
+constinit bas_Library prn_library("prn");
+constinit bas_Library bas_library("bas");
+constinit bas_Library msg_library("msg");
+constinit bas_Library shr_library("shr");
+constinit bas_Library exc_library("exc");
+constinit bas_Library prg_library("prg");
+constinit bas_Library gfx_library("gfx");
+constinit bas_Library osu_library("osu");
+constinit bas_Library aux_library("aux");
+constinit bas_Library val_library("val");
+constinit bas_Library shc_library("shc");
+constinit bas_Library geo_library("geo");
+constinit bas_Library mrp_library("mrp");
+constinit bas_Library eng_library("eng");
+constinit bas_Library fio_library("fio");
+constinit bas_Library hdr_library("hdr");
+constinit bas_Library clv_library("clv");
+constinit bas_Library dgn_library("dgn");
+constinit bas_Library lnk_library("lnk");
+constinit bas_Library setC_library("setC");
+constinit bas_Library ldcC_library("ldcC");
+constinit bas_Library sto_library("sto");
+constinit bas_Library kcnC_library("kcnC");
+constinit bas_Library calC_library("calC", startCalculator);
+constinit bas_Library clvS_library("clvS", startEvolution);
+
+struct Entries
+{
+    void (*initialize)(int& token);
+    void (*finalize)(int& token);
+};
+
+#define YLD_ENTRIES(prefix) {prefix##_initialize, prefix##_finalize},
+constexpr Entries startOrder[] = {YLD_LIBRARIES(YLD_ENTRIES)};
+#undef YLD_ENTRIES
+
+} // namespace
+
+#define YLD_DEFINE_LIBRARY(prefix)                                                                                \
+    void prefix##_initialize(int& token)                                                                          \
+    {                                                                                                             \
+        prefix##_library.initialize(token);                                                                       \
+    }                                                                                                             \
+    void prefix##_finalize(int& token)                                                                            \
+    {                                                                                                             \
+        prefix##_library.finalize(token);                                                                         \
+    }
+YLD_LIBRARIES(YLD_DEFINE_LIBRARY)
+#undef YLD_DEFINE_LIBRARY
+
+void yld_startLibraries(int& token)
+{
+    for (const Entries& library : startOrder) {
+        library.initialize(token);
+    }
+}
+
+void yld_stopLibraries(int& token)
+{
+    for (auto library = std::rbegin(startOrder); library != std::rend(startOrder); ++library) {
+        library->finalize(token);
+    }
+}
+
+bool calC_vectorsAreSpatial()
+{
+    return spatialVectors;
+}

@@ -1,0 +1,306 @@
+#include "yld_Yld.h"
+
+#include "platform/sto/sto_Assembly.h"
+#include "platform/sto/sto_ElementClass.h"
+#include "platform/sto/sto_Mesh.h"
+#include "platform/sto/sto_Model.h"
+#include "platform/sto/sto_Part.h"
+#include "platform/sto/sto_PartInstance.h"
+#include "platform/sto/sto_Result.h"
+#include "platform/sto/sto_Step.h"
+#include "platform/sto/sto_StepContainer.h"
+#include "platform/sto/sto_Sto.h"
+#include "platform/sto/sto_StoStep.h"
+#include "platform/text/msg_Format.h"
+#include "platform/text/prg_WIP.h"
+#include "yld/impl/yld_Mesh.h"
+#include "yld/impl/yld_YldRepository.h"
+#include "yld_EnumMap.h"
+#include "yld_Exception.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+constexpr const char* defaultModel = "Default Model";
+}
+
+yld_Yld::yld_Yld()
+    : m_sto(sto_Sto()), m_steps(yld_StepRepository()), m_parts(yld_PartRepository()),
+      m_sectionCategories(yld_SectionCategoryRepository()), m_rootAssembly(yld_Assembly())
+{
+}
+
+yld_Yld::yld_Yld(yld_String name, yld_String analysisTitle, yld_String description, yld_String path,
+                 const sto_Sto& store, bool readOnly, bool makeUserData)
+    : m_sto(store), m_name(name), m_description(description), m_analysisTitle(analysisTitle), m_path(path),
+      m_steps(yld_StepRepository(store)), m_parts(yld_PartRepository(store.model(defaultModel))),
+      m_sectionCategories(yld_SectionCategoryRepository()),
+      m_rootAssembly(yld_Assembly(yld_String(store.model(defaultModel).rootAssembly().name()),
+                                  store.model(defaultModel).rootAssembly(), store.model(defaultModel))),
+      m_readOnly(readOnly)
+{
+    if (!store.hasUserData() && makeUserData && !readOnly) m_sto.Get().UserData();
+}
+
+yld_Yld::yld_Yld(const yld_Yld&) = default;
+yld_Yld& yld_Yld::operator=(const yld_Yld&) = default;
+yld_Yld::~yld_Yld() = default;
+
+void yld_Yld::setAnalysisTitle(const yld_String& title)
+{
+    m_analysisTitle = title;
+    m_sto.ConstGet().model(defaultModel).setModelTitle(title);
+}
+
+void yld_Yld::setDescription(const yld_String& description)
+{
+    m_description = description;
+    m_sto.Get().setDescription(description);
+}
+
+sto_Sto yld_Yld::sto() const { return m_sto.ConstGet(); }
+
+bool yld_Yld::isClosed() const { return !yld_YldRepository::Instance().isMember(m_name); }
+
+void yld_Yld::read() const
+{
+    if (m_dataRead) return;
+    readModel();
+    if (!m_sto.ConstGet().onlyHasUserDefinedData()) readSteps();
+    m_dataRead = true;
+}
+
+void yld_Yld::readModel() const
+{
+    const sto_Model model = m_sto.ConstGet().model(defaultModel);
+    yld_PartRepository& parts = m_parts.Get();
+    for (int i = 0; i < model.numParts(); ++i) {
+        const sto_Part part = model.part(i);
+        const yld_String name(part.name());
+        yld_MeshHandle mesh(part.hasMesh() ? new yld_Mesh(part.mesh(), name, false) : new yld_Mesh(name));
+        parts.insert(name, yld_Part(name, mapDimension(part.space()), mapPartType(part.type()), part, mesh));
+    }
+
+    const sto_Assembly assembly = model.rootAssembly();
+    yld_SectionCategoryRepository& categories = m_sectionCategories.Get();
+    for (int i = 0; i < assembly.numInstances(); ++i) {
+        const sto_PartInstance instance = assembly.instance(i);
+        try {
+            const sto_Mesh mesh = instance.mesh();
+            for (int c = 0; c < mesh.numClasses(); ++c) {
+                const sto_ElementClass elementClass = mesh.elementClass(c);
+                if (elementClass.numElements() == 0 || elementClass.userElementLabels()[0] < 0) continue;
+                yld_String description("SectionCategory for element type ");
+                description += elementClass.typeLabel();
+                description += " in part ";
+                description += instance.name();
+                categories.insert(yld_String(elementClass.categoryLabel()),
+                                  yld_SectionCategory(elementClass, description));
+            }
+        } catch (const exc_Exception&) {
+            prg_WIPBase::Error(msg_Format("Error reading SectionCategories."), 0);
+        }
+    }
+
+    yld_Assembly& root = m_rootAssembly.Get();
+    root.ReadMesh();
+    root.ReadInstances();
+    root.ReadSets(false);
+}
+
+void yld_Yld::readSteps() const
+{
+    const sto_StepContainer steps = m_sto.ConstGet().result().step();
+    yld_String previous;
+    for (int i = 0; i < steps.size(); ++i) {
+        const yld_String key(steps.key(i));
+        readStep(key, previous);
+        previous = key;
+    }
+}
+
+bool yld_Yld::readStep(const yld_String& name, const yld_String& previous) const
+{
+    const sto_Step step = m_sto.ConstGet().result().step().get(name);
+    const sto_StoStep modelStep = step.modelStep();
+    const int domain = modelStep.getDomain();
+    const auto publicDomain =
+        domain >= 1 && domain <= 3 ? static_cast<yld_Enum::yld_DomainEnum>(domain) : yld_Enum::TIME;
+    const shr_ArrayCOW<sto_Assembly> assembly(m_sto.ConstGet().model(defaultModel).rootAssembly());
+    m_steps.Get().file(yld_Step(name, step, yld_String(modelStep.description()), assembly, publicDomain, previous,
+                                yld_String(modelStep.procedureKeyword())),
+                       yld_String());
+    return true;
+}
+
+yld_StepRepository& yld_Yld::steps()
+{
+    read();
+    return m_steps.Get();
+}
+
+const yld_StepRepository& yld_Yld::steps() const
+{
+    read();
+    return m_steps.ConstGet();
+}
+
+yld_PartRepository& yld_Yld::parts()
+{
+    read();
+    return m_parts.Get();
+}
+
+yld_SectionCategoryRepository& yld_Yld::sectionCategories()
+{
+    read();
+    return m_sectionCategories.Get();
+}
+
+const yld_SectionCategoryRepository& yld_Yld::sectionCategories() const
+{
+    read();
+    return m_sectionCategories.ConstGet();
+}
+
+yld_Assembly& yld_Yld::rootAssembly()
+{
+    read();
+    return m_rootAssembly.Get();
+}
+
+const yld_Assembly& yld_Yld::constRootAssembly() const
+{
+    if (!m_dataRead) readModel();
+    return m_rootAssembly.ConstGet();
+}
+
+yld_Part& yld_Yld::Part(const yld_String& name, yld_Enum::yld_DimensionEnum dimension, yld_Enum::yld_PartTypeEnum type)
+{
+    read();
+    if (parts().isMember(name)) {
+        throw yld_Exception(yld_GENERAL, msg_Format("A part named \"%s\" already exists.", name));
+    }
+    return parts().Part(name, dimension, type);
+}
+
+yld_SectionCategory& yld_Yld::SectionCategory(const yld_String& name, const yld_String& description)
+{
+    return sectionCategories().SectionCategory(name, description);
+}
+
+yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, yld_Enum::yld_DomainEnum domain,
+                        double timePeriod, const yld_String& previousStepName, const yld_String& procedure,
+                        double totalTime)
+{
+    yld_StepRepository& all = steps();
+    if (!previousStepName.empty() && !all.isMember(previousStepName) && previousStepName.compare("Initial") != 0) {
+        throw yld_Exception(yld_GENERAL, msg_Format("Previous step \"%s\" not found.", previousStepName));
+    }
+    if (all.isMember(name)) {
+        throw yld_Exception(yld_GENERAL, msg_Format("A Step named \"%s\" already exists.", name));
+    }
+    const int position = all.size();
+    const sto_Sto store = m_sto.ConstGet();
+    const sto_StoStep modelStep = sto_StoStep::create(store.model(defaultModel), position, name, description, domain,
+                                                      timePeriod, previousStepName, procedure);
+    double begin = totalTime;
+    if (begin < 0.0) {
+        begin = 0.0;
+        if (position > 0) {
+            const yld_Step& last = all.at(position - 1);
+            begin = last.totalTime();
+            if (last.timePeriod() > 0.0) begin += last.timePeriod();
+        }
+    }
+    sto_Step step = store.result().Step(name, modelStep, previousStepName);
+    step.setTotalTime(begin);
+    step.FieldStep();
+    const shr_ArrayCOW<sto_Assembly> assembly(store.model(defaultModel).rootAssembly());
+    all.file(yld_Step(name, step, description, assembly, domain, previousStepName,
+                      yld_String(modelStep.procedureKeyword())),
+             previousStepName);
+    return all.get(name);
+}
+
+yld_Frame yld_Yld::getFrame(double value, yld_Enum::yld_MatchEnum match)
+{
+    yld_StepRepository& all = steps();
+    double best = std::numeric_limits<double>::max();
+    int foundStep = -1;
+    int foundFrame = -1;
+    for (int s = 0; s < all.size(); ++s) {
+        yld_Step& step = all.at(s);
+        const double begin = step.totalTime();
+        for (int f = 0; f < step.frames().size(); ++f) {
+            float time = static_cast<float>(step.frames().constGet(f).frameValue());
+            if (begin > 0.0) time = static_cast<float>(static_cast<double>(time) + begin);
+            const double at = static_cast<double>(time);
+            const double distance = std::fabs(value - at);
+            switch (match) {
+            case yld_Enum::MATCH_CLOSEST:
+                if (distance > best) continue;
+                break;
+            case yld_Enum::MATCH_BEFORE:
+                if (at > value || value - at >= best) continue;
+                break;
+            case yld_Enum::MATCH_AFTER:
+                if (at < value || at - value > best) continue;
+                break;
+            default:
+                if (at != value) continue;
+            }
+            foundStep = s;
+            foundFrame = f;
+            best = distance;
+        }
+    }
+    if (foundStep < 0) throw yld_Exception(yld_GENERAL, msg_Format("Frame not found."));
+    return all.at(foundStep).frames(foundFrame);
+}
+
+bool yld_Yld::update()
+{
+    if (!m_dataRead) return false;
+    sto_Sto store = m_sto.ConstGet();
+    if (!store.file()->isWritable()) store.file()->refresh();
+    const sto_StepContainer stored = store.result().step();
+    bool result = false;
+    yld_String previous;
+    for (int i = 0; i < stored.size(); ++i) {
+        const yld_String key(stored.key(i));
+        if (!m_steps.ConstGet().isMember(key)) {
+            readStep(key, previous);
+            result = true;
+        } else {
+            result = m_steps.Get().get(key).update();
+        }
+        previous = key;
+    }
+    return result;
+}
+
+void yld_Yld::save(yld_String path)
+{
+    if (!path.empty() && path.compare(m_path) != 0) {
+        throw yld_Exception(yld_GENERAL, msg_Format("YLD not saved. Changing the path is not allowed."));
+    }
+    try {
+        m_sto.ConstGet().result().step().flush();
+        sto_Sto& store = m_sto.Get();
+        store.Save();
+        store.FlushDatabase();
+    } catch (const exc_Exception& failure) {
+        yld_String text("Database save failed. ");
+        text += failure.what();
+        throw yld_Exception(yld_GENERAL, text);
+    }
+}
+
+void yld_Yld::close()
+{
+    // A copy: the registry's entry, and with it this object, goes in the call.
+    const yld_String name = m_name;
+    yld_YldRepository::Instance().remove(name);
+}
