@@ -12,8 +12,6 @@
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
-#include <limits>
-#include <numeric>
 #include <optional>
 #include <set>
 
@@ -342,15 +340,9 @@ private:
 
     float single(double value)
     {
-        // A finite number beyond the floats rounds to infinity; said once, at the end.
-        constexpr double largest = std::numeric_limits<float>::max();
-        if (std::isfinite(value) && std::abs(value) > largest) {
-            const double halfStep = std::ldexp(1.0, 103);
-            if (std::abs(value) < largest + halfStep) return std::copysign(static_cast<float>(largest), static_cast<float>(value > 0 ? 1 : -1));
-            ++m_valuesOutOfRange;
-            return std::copysign(std::numeric_limits<float>::infinity(), value > 0 ? 1.0f : -1.0f);
-        }
-        return static_cast<float>(value);
+        const auto result = static_cast<float>(value);
+        if (std::isinf(result) && std::isfinite(value)) ++m_valuesOutOfRange;
+        return result;
     }
 
     static yld_Sequence<int> sequence(const std::vector<int>& numbers)
