@@ -1,0 +1,19 @@
+#include "yld_Repository.h"
+
+#include "platform/text/msg_Format.h"
+#include "yld_Exception.h"
+
+int BtreeCompare(const yld_String& nodeKey, const yld_String& key)
+{
+    return BtreeCompare(static_cast<const msg_StringBase&>(nodeKey), static_cast<const msg_StringBase&>(key));
+}
+
+void yld_raiseUnknownKey(const yld_String& key)
+{
+    throw yld_Exception(yld_GENERAL, msg_Format("Key \"%s\" not found in repository", key));
+}
+
+void yld_raiseUnknownKey(int key)
+{
+    yld_raiseUnknownKey(yld_String(key));
+}
