@@ -4,12 +4,12 @@
 #include "yld_Export.h"
 
 /// Brackets all use of the library: a program calls yld_initializeAPI() before anything else of it and
-/// yld_finalizeAPI() behind everything else. Calls nest: the first start does the work, the last stop undoes it,
-/// and one stop too many has no effect. A program that ends without the stop gets one from an exit handler.
-/// Start, use and stop belong to one thread.
+/// yld_finalizeAPI() behind everything else. Calls nest: the first start does the work, the last stop undoes
+/// it, and one stop too many has no effect. A program that ends without the stop gets one from an exit
+/// handler. Start, use and stop belong to one thread.
 ///
-/// The start installs a yld_WipReporter on the standard error stream as the thread's reporter. It stays behind the
-/// stop; a restart makes and installs another.
+/// The start installs a yld_WipReporter on the standard error stream as the thread's reporter. It stays
+/// behind the stop; a restart makes and installs another.
 extern "C" YLD_API void yld_initializeAPI();
 extern "C" YLD_API void yld_finalizeAPI();
 

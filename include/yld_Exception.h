@@ -10,19 +10,20 @@ class pcl_MetadataRegistrar;
 /// What went wrong, in the field errorNo() of a yld_Exception. The numbers are stored: never renumber.
 enum yld_ErrorNoEnm : int
 {
-    yld_UPGRADE_NEEDED = 0,      ///< the database is of an older version and needs an upgrade
-    yld_DATABASE_TOO_NEW = 1,    ///< the database is newer than this library
-    yld_CONVERSION_FAILED = 2,   ///< an upgrade or downgrade did not succeed
-    yld_VERSION_CHECK_FAILED = 3,///< whether the database is up to date could not be found out
-    yld_DISK_SPACE = 4,          ///< no room for the converted file
-    yld_DATABASE_TOO_OLD = 5,    ///< older than conversion can reach
-    yld_GENERAL = 6,             ///< everything else; the message tells all
-    yld_INVALID_VERSION = 7      ///< the version is on the list of invalid numbers
+    yld_UPGRADE_NEEDED = 0,       ///< the database is of an older version and needs an upgrade
+    yld_DATABASE_TOO_NEW = 1,     ///< the database is newer than this library
+    yld_CONVERSION_FAILED = 2,    ///< an upgrade or downgrade did not succeed
+    yld_VERSION_CHECK_FAILED = 3, ///< whether the database is up to date could not be found out
+    yld_DISK_SPACE = 4,           ///< no room for the converted file
+    yld_DATABASE_TOO_OLD = 5,     ///< older than conversion can reach
+    yld_GENERAL = 6,              ///< everything else; the message tells all
+    yld_INVALID_VERSION = 7       ///< the version is on the list of invalid numbers
 };
 
-/// The one class in which failures of the public interface leave the library: an error number, a message and, if
-/// it is about a file, the file's name and versions. Caught as yld_Exception, exc_CommandException, exc_Exception
-/// or std::exception; what() gives the same text as JournalMessage() and lives as long as the object.
+/// The one class in which failures of the public interface leave the library: an error number, a message and,
+/// if it is about a file, the file's name and versions. Caught as yld_Exception, exc_CommandException,
+/// exc_Exception or std::exception; what() gives the same text as JournalMessage() and lives as long as the
+/// object.
 class YLD_API yld_Exception : public virtual exc_Exception, public exc_CommandException
 {
 public:
@@ -68,8 +69,8 @@ public:
     static unsigned TypeId();
     /// Declares the class and its attributes.
     static void initClassMetadata(pcl_MetadataRegistrar& registrar);
-    /// The release that wrote a database of the given version, as a report names it: "1", "2", or the numbers of
-    /// the current release.
+    /// The release that wrote a database of the given version, as a report names it: "1", "2", or the numbers
+    /// of the current release.
     static yld_String versionLabel(int version);
 
 private:

@@ -125,6 +125,11 @@ public:
     bool hasAssociatedFrame() const;
 
 private:
+    friend class yld_SequenceFrame;
+
+    yld_Frame(int index, const shr_COW<sto_Frame>& frame, const shr_ArrayCOW<sto_Assembly>& assembly,
+              yld_Enum::yld_DomainEnum domain, const shr_CountedHld<yld_Step>& step, const yld_LoadCase& loadCase);
+    void bindFields();
     yld_FieldOutput& addField(const yld_String& name, const yld_String& description, yld_Enum::yld_DataTypeEnum type,
                               const yld_Sequence<yld_String>& componentLabels,
                               const yld_Sequence<yld_Enum::yld_InvariantEnum>& validInvariants, int rows, int cols,

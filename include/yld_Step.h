@@ -33,6 +33,7 @@ public:
 
 private:
     yld_Frame& hold(int index) const;
+    void leave() const;
 
     shr_CountedHld<sto_Step> m_step;
     shr_ArrayCOW<sto_Assembly> m_assembly;
@@ -65,6 +66,10 @@ public:
     /// The analysis time at which the step begins.
     double totalTime() const;
     const yld_String& previousStepName() const { return m_previousStepName; }
+    /// Whether geometric nonlinearity is on.
+    bool nlgeom() const;
+    bool isAnalysisStep() const;
+    bool isPerturbation() const;
 
     /// A new frame at the end of the step; the caller gets a copy of its own.
     yld_Frame Frame(int incrementNumber, double frameValue, const yld_String& description = yld_String());
@@ -98,6 +103,13 @@ public:
     const shr_ArrayCOW<sto_Assembly>& assembly() const { return m_assembly; }
 
 private:
+    friend class yld_Frame;
+    friend class yld_SequenceFrame;
+
+    yld_Step* withoutFrames() const;
+    yld_Frame newFrame(const yld_String& description, double frameValue, int incrementNumber,
+                       const yld_LoadCase& loadCase);
+
     yld_String m_name;
     yld_String m_description;
     yld_Enum::yld_DomainEnum m_domain = yld_Enum::TIME;

@@ -5,10 +5,10 @@
 
 /// The text of the public interface: a zero-terminated byte string with a shared body.
 ///
-/// Two words in size. Copying shares the text, in constant time; the first change to a shared text copies it. A
-/// text made by the default constructor holds no memory. Positions and lengths count bytes from 0, are clamped to
-/// the text, and 0x7fffffff stands for the end; nothing here reads or writes outside of the text. The sharing
-/// counts are not atomic: a text and its copies belong to one thread.
+/// Two words in size. Copying shares the text, in constant time; the first change to a shared text copies it.
+/// A text made by the default constructor holds no memory. Positions and lengths count bytes from 0, are
+/// clamped to the text, and 0x7fffffff stands for the end; nothing here reads or writes outside of the text.
+/// The sharing counts are not atomic: a text and its copies belong to one thread.
 class YLD_API yld_String : public shr_String
 {
 public:

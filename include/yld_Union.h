@@ -17,8 +17,8 @@ public:
     yld_Union& operator=(const yld_Union&);
     ~yld_Union();
 
-    /// Each getter gives the value if it is of the kind asked for. Otherwise it raises yld_Exception, error 6:
-    /// "The union is not of type int", and so on with float, double, bool and string.
+    /// Each getter gives the value if it is of the kind asked for. Otherwise it raises yld_Exception, error
+    /// 6: "The union is not of type int", and so on with float, double, bool and string.
     int getInt() const;
     /// Also gives a double, narrowed to float.
     float getFloat() const;

@@ -5,8 +5,8 @@
 
 #include <iosfwd>
 
-/// Writes the library's warnings, errors and landmarks to a stream, each on a line of its own that is flushed at
-/// once. The library makes one on the standard error stream when it starts.
+/// Writes the library's warnings, errors and landmarks to a stream, each on a line of its own that is flushed
+/// at once. The library makes one on the standard error stream when it starts.
 class YLD_API yld_WipReporter : public prg_WipReporter
 {
 public:
@@ -28,8 +28,8 @@ public:
     void Advance(int part) override;
     void End() override;
 
-    /// There is no place for these here; calling one raises exc_AssertException. Where assertions are bypassed
-    /// they do nothing, and Interrupted() gives true.
+    /// There is no place for these here; calling one raises exc_AssertException. Where assertions are
+    /// bypassed they do nothing, and Interrupted() gives true.
     void Verbose(const msg_StringBase& text) override;
     void Print(const msg_StringBase& text) override;
     void Display(const msg_StringBase& text) override;

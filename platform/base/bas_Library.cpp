@@ -1,13 +1,13 @@
 #include "platform/base/bas_Library.h"
 
-namespace
-{
+namespace {
 
 bas_Library::Trace installedTrace = nullptr;
 
 } // namespace
 
-// The token rises first: work that fails leaves the library counted as begun, and the caller sees the failure.
+// The token rises first: work that fails leaves the library counted as begun, and the caller sees the
+// failure.
 void bas_Library::initialize(int& token)
 {
     if (m_count++ != 0) {

@@ -1,8 +1,8 @@
 #ifndef BAS_LIBRARY_H
 #define BAS_LIBRARY_H
 
-/// One of the libraries that are started together: a nesting count, and the work that the first start and the last
-/// stop do. The counts are plain integers: start and stop in one thread.
+/// One of the libraries that are started together: a nesting count, and the work that the first start and the
+/// last stop do. The counts are plain integers: start and stop in one thread.
 class bas_Library
 {
 public:
@@ -20,8 +20,8 @@ public:
 
     /// The first of nested starts raises the token by one and does the work of the start.
     void initialize(int& token);
-    /// The last of nested stops does the work of the stop and lowers the token by one; one stop too many has no
-    /// effect.
+    /// The last of nested stops does the work of the stop and lowers the token by one; one stop too many has
+    /// no effect.
     void finalize(int& token);
 
     const char* prefix() const noexcept { return m_prefix; }

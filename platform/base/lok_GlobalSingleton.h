@@ -5,11 +5,12 @@
 
 #include <atomic>
 
-/// Base of a class T of which the process has at most one object: `class T : public lok_GlobalSingletonBase<T>`.
-/// T needs a default constructor and destructor that this class can reach (a friend, if they are private).
+/// Base of a class T of which the process has at most one object: `class T : public
+/// lok_GlobalSingletonBase<T>`. T needs a default constructor and destructor that this class can reach (a
+/// friend, if they are private).
 ///
-/// The constructor of this base publishes the object, so T's own constructor, and whatever that calls, can already
-/// use Instance(). T's destructor can use it as well: the pointer is cleared behind it.
+/// The constructor of this base publishes the object, so T's own constructor, and whatever that calls, can
+/// already use Instance(). T's destructor can use it as well: the pointer is cleared behind it.
 template<class T>
 class lok_GlobalSingletonBase
 {

@@ -1,7 +1,6 @@
 #include "platform/base/lok_Lock.h"
 
-namespace
-{
+namespace {
 
 // Initialised without code and never destroyed in effect, so that exit handlers can use it.
 constinit std::mutex globalMutex;

@@ -18,8 +18,8 @@ private:
     std::mutex m_mutex;
 };
 
-/// Holds the one lock of the process that guards the making and unmaking of other locks, for as long as the object
-/// lives. Usable at any time from before main() to behind exit().
+/// Holds the one lock of the process that guards the making and unmaking of other locks, for as long as the
+/// object lives. Usable at any time from before main() to behind exit().
 class lok_GlobalLock
 {
 public:

@@ -6,8 +6,8 @@ bool lok_isFirstThread();
 
 /// One object of T for each thread, made by the thread's first call.
 ///
-/// A thread's object goes with the thread. The first thread's stays for the exit handlers, which run behind the
-/// end of its thread-local objects; it goes when Finalize() says so, or with the process.
+/// A thread's object goes with the thread. The first thread's stays for the exit handlers, which run behind
+/// the end of its thread-local objects; it goes when Finalize() says so, or with the process.
 template<class T>
 class lok_ThreadSingleton
 {

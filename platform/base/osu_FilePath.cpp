@@ -8,8 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 
 shr_String currentDirectory()
 {
@@ -95,9 +94,7 @@ shr_String osu_FilePathParser::Extension() const
     return m_extension;
 }
 
-osu_FilePath::osu_FilePath(const msg_StringBase& path) : m_path(path)
-{
-}
+osu_FilePath::osu_FilePath(const msg_StringBase& path) : m_path(path) {}
 
 osu_FilePath::osu_FilePath(const msg_StringBase& path, const msg_StringBase& directory) : m_path(path)
 {

@@ -3,15 +3,16 @@
 
 #include "platform/text/shr_String.h"
 
-/// Parts of a path by its text alone. The extension begins with the last point of the last component, unless that
-/// point is the component's first character.
+/// Parts of a path by its text alone. The extension begins with the last point of the last component, unless
+/// that point is the component's first character.
 class osu_FilePathParser
 {
 public:
     explicit osu_FilePathParser(const msg_StringBase& path);
 
     bool HasDirName() const;
-    /// What stands before the last component, with its slash only if that is all: "/a/b" gives "/a", "/a" gives
+    /// What stands before the last component, with its slash only if that is all: "/a/b" gives "/a", "/a"
+    /// gives
     /// "/", "a" the empty text.
     shr_String DirName() const;
     /// The last component without its extension.
@@ -32,14 +33,16 @@ public:
     /// @param directory  where a relative path begins; empty means the current directory
     osu_FilePath(const msg_StringBase& path, const msg_StringBase& directory);
 
-    /// The same path in the form that all programs of this machine understand: a file URL's prefix taken away.
+    /// The same path in the form that all programs of this machine understand: a file URL's prefix taken
+    /// away.
     osu_FilePath Portable() const;
 
     /// The path as it was given, below the directory if there is one and the path is relative.
     const shr_String& PathName() const { return m_path; }
-    /// From the root, without ".", ".." and doubled or trailing slashes, which are resolved by their text alone:
-    /// symbolic links stay, and the file need not exist. Letter case stays. An empty path stays empty. Paths of
-    /// any length. Raises exc_TextException "Cannot determine the current directory." if that is needed and gone.
+    /// From the root, without ".", ".." and doubled or trailing slashes, which are resolved by their text
+    /// alone: symbolic links stay, and the file need not exist. Letter case stays. An empty path stays empty.
+    /// Paths of any length. Raises exc_TextException "Cannot determine the current directory." if that is
+    /// needed and gone.
     shr_String AbsolutePathName() const;
 
     shr_String DirName() const { return osu_FilePathParser(m_path).DirName(); }

@@ -1,7 +1,6 @@
 #include "platform/base/osu_UrlParser.h"
 
-namespace
-{
+namespace {
 
 bool isLetter(char c)
 {

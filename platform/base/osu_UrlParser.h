@@ -3,8 +3,8 @@
 
 #include "platform/text/shr_String.h"
 
-/// Parts of a URL `scheme://user@host:port/path`. Parts that are missing, and all parts of a text that is no URL,
-/// are empty.
+/// Parts of a URL `scheme://user@host:port/path`. Parts that are missing, and all parts of a text that is no
+/// URL, are empty.
 class osu_UrlParser
 {
 public:

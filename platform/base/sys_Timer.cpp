@@ -2,8 +2,7 @@
 
 #include <ctime>
 
-namespace
-{
+namespace {
 
 double secondsOf(clockid_t clock)
 {

@@ -6,8 +6,8 @@ namespace {
 // One-dimensional factor of the node at s (-1, 0 or +1): value and slope at x.
 struct Factor
 {
-    double value;
-    double slope;
+    double value = 1;
+    double slope = 0;
 };
 
 Factor linear(double s, double x)

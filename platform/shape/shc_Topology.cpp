@@ -73,33 +73,56 @@ bool shc_Topology::IsShellLike(std::string_view label)
     return !label.empty() && std::string_view("SsMm").find(label.front()) != std::string_view::npos;
 }
 
-// out[e][row][c] = sum over p of matrix[row][p] * in[e][p][c]. Elements are taken several at a time, so that
-// the inner loop runs over elements and needs no sum across its lanes.
+// out[e][row][c] = sum over p of matrix[row][p] * in[e][p][c], the same sum, in the same order, on both ways.
 template<class Real>
 static void applyMatrix(const double* matrix, int rows, int columns, const Real* in, Real* out,
                         int components, int elements)
 {
+    // Elements and components alike are lanes: several go side by side, so that the inner loop has a fixed
+    // length and adds nothing across lanes.
     constexpr int lanes = 8;
     constexpr int most = std::max(shc_Cell::MAX_NODES, shc_Rule::MAX_POINTS);
-    double gathered[most][lanes] = {};
-    for (int first = 0; first < elements; first += lanes) {
-        const int width = std::min(lanes, elements - first);
-        const Real* blockIn = in + std::size_t(first) * columns * components;
-        Real* blockOut = out + std::size_t(first) * rows * components;
-        for (int c = 0; c < components; ++c) {
-            for (int e = 0; e < width; ++e)
+    const std::size_t total = std::size_t(elements) * components;
+    std::size_t first = 0;
+    if (total >= lanes / 2) {
+        double gathered[most][lanes] = {};
+        for (; first < total; first += lanes) {
+            const int width = static_cast<int>(std::min<std::size_t>(lanes, total - first));
+            std::size_t target[lanes];
+            std::size_t element = first / components;
+            std::size_t component = first % components;
+            for (int lane = 0; lane < width; ++lane) {
+                target[lane] = element * rows * components + component;
+                const Real* source = in + element * columns * components + component;
                 for (int p = 0; p < columns; ++p)
-                    gathered[p][e] = blockIn[(std::size_t(e) * columns + p) * components + c];
+                    gathered[p][lane] = source[std::size_t(p) * components];
+                if (++component == std::size_t(components)) {
+                    component = 0;
+                    ++element;
+                }
+            }
             for (int row = 0; row < rows; ++row) {
                 double sum[lanes] = {};
                 for (int p = 0; p < columns; ++p) {
                     const double factor = matrix[row * columns + p];
-                    for (int e = 0; e < lanes; ++e)
-                        sum[e] += factor * gathered[p][e];
+                    for (int lane = 0; lane < lanes; ++lane)
+                        sum[lane] += factor * gathered[p][lane];
                 }
-                for (int e = 0; e < width; ++e)
-                    blockOut[(std::size_t(e) * rows + row) * components + c] = static_cast<Real>(sum[e]);
+                for (int lane = 0; lane < width; ++lane)
+                    out[target[lane] + std::size_t(row) * components] = static_cast<Real>(sum[lane]);
             }
+        }
+        return;
+    }
+    for (; first < total; ++first) {
+        const std::size_t element = first / components;
+        const std::size_t component = first % components;
+        for (int row = 0; row < rows; ++row) {
+            double sum = 0;
+            const Real* source = in + element * columns * components + component;
+            for (int p = 0; p < columns; ++p)
+                sum += matrix[row * columns + p] * source[std::size_t(p) * components];
+            out[(element * rows + row) * components + component] = static_cast<Real>(sum);
         }
     }
 }

@@ -18,6 +18,9 @@ namespace {
 // milliseconds, and grow so that a stuck peer costs no processor time.
 constexpr int longestWaitMilliseconds = 10000;
 
+// Below this a database has not even its first page.
+constexpr off_t leastBytes = 4096;
+
 int waitForPeer(void*, int attempt)
 {
     const int shift = attempt < 6 ? attempt : 6;
@@ -79,6 +82,8 @@ void fio_Statement::bindZeroBlob(int parameter, std::size_t count)
 
 bool fio_Statement::step()
 {
+    if (!m_stepped) m_database.refuseEmptiedFile();
+    m_stepped = true;
     ++m_database.m_statements;
     const int code = sqlite3_step(m_statement);
     if (code == SQLITE_ROW) return true;
@@ -91,6 +96,7 @@ void fio_Statement::run()
     while (step()) {
     }
     check(sqlite3_reset(m_statement));
+    m_stepped = false;
 }
 
 bool fio_Statement::isNull(int column) const { return sqlite3_column_type(m_statement, column) == SQLITE_NULL; }
@@ -128,7 +134,10 @@ fio_Database::fio_Database(const std::string& path, Access access) : m_path(path
         const int code = sqlite3_open_v2(path.c_str(), &m_handle, flags, nullptr);
         if (code != SQLITE_OK) raiseCode(code);
         configure();
-        if (access != Access::CREATE) checkApplication();
+        if (access != Access::CREATE) {
+            checkApplication();
+            m_hasContent = true;
+        }
     } catch (...) {
         for (auto& [sql, statement] : m_prepared) sqlite3_finalize(statement);
         sqlite3_close(m_handle);
@@ -207,6 +216,15 @@ fio_Statement fio_Database::prepare(const std::string& sql)
     return fio_Statement(*this, found->second);
 }
 
+// SQLite looks at the size of the file at the start of each transaction, but reads the first page through the memory
+// map before: if another process has emptied the file, that would be a signal and no error.
+void fio_Database::refuseEmptiedFile() const
+{
+    if (!m_hasContent) return;
+    struct stat status{};
+    if (stat(m_path.c_str(), &status) == 0 && status.st_size < leastBytes) raise("the file was cut short");
+}
+
 void fio_Database::execute(const char* sql)
 {
     ++m_statements;
@@ -216,7 +234,11 @@ void fio_Database::execute(const char* sql)
 
 void fio_Database::begin() { prepare("BEGIN IMMEDIATE").run(); }
 
-void fio_Database::commit() { prepare("COMMIT").run(); }
+void fio_Database::commit()
+{
+    prepare("COMMIT").run();
+    m_hasContent = true;
+}
 
 void fio_Database::rollback() noexcept
 {
@@ -234,6 +256,7 @@ bool fio_Database::openExtent(long long extent)
         }
     }
     if (!m_blob) {
+        refuseEmptiedFile();
         code = sqlite3_blob_open(m_handle, "main", "extent", "bytes", extent, 0, &m_blob);
         if (code != SQLITE_OK) m_blob = nullptr;
     }
@@ -243,12 +266,22 @@ bool fio_Database::openExtent(long long extent)
     raiseCode(code);
 }
 
+void fio_Database::closeExtent()
+{
+    sqlite3_blob_close(m_blob);
+    m_blob = nullptr;
+}
+
+void fio_Database::endReads()
+{
+    if (--m_readers == 0) closeExtent();
+}
+
 long long fio_Database::extentSize(long long extent)
 {
     if (!openExtent(extent)) return -1;
     const long long size = sqlite3_blob_bytes(m_blob);
-    sqlite3_blob_close(m_blob);
-    m_blob = nullptr;
+    if (m_readers == 0) closeExtent();
     return size;
 }
 
@@ -262,8 +295,7 @@ void fio_Database::readExtent(long long extent, std::size_t offset, void* into, 
     const bool fits = offset <= size && count <= size - offset;
     if (fits) code = sqlite3_blob_read(m_blob, into, static_cast<int>(count), static_cast<int>(offset));
     // An open handle holds a read lock on the file, which would keep a writer from saving.
-    sqlite3_blob_close(m_blob);
-    m_blob = nullptr;
+    if (m_readers == 0) closeExtent();
     if (!fits) {
         raise("extent " + std::to_string(extent) + " has " + std::to_string(size) + " bytes where " +
               std::to_string(offset + count) + " are expected; the file is damaged");

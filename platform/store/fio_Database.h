@@ -47,6 +47,7 @@ private:
 
     fio_Database& m_database;
     sqlite3_stmt* m_statement;
+    bool m_stepped = false;
 };
 
 /// A connection to one database file: the only door to SQLite. Every failure raises an exception with the path.
@@ -91,6 +92,11 @@ public:
     /// The size of an extent; -1 where there is none.
     long long extentSize(long long extent);
 
+    /// Between these calls the handle on the extents stays open, which makes reading many small ones fast, and holds the
+    /// file against a writer's save: for the length of one call of a client, no more. Calls nest.
+    void beginReads() { ++m_readers; }
+    void endReads();
+
     /// How many statements and extent reads this connection has run, for tests and benchmarks.
     long long statementCount() const { return m_statements; }
     long long extentReadCount() const { return m_extentReads; }
@@ -104,6 +110,8 @@ private:
     friend class fio_Statement;
 
     bool openExtent(long long extent);
+    void closeExtent();
+    void refuseEmptiedFile() const;
     void configure();
     void checkApplication();
 
@@ -112,6 +120,8 @@ private:
     sqlite3* m_handle = nullptr;
     sqlite3_blob* m_blob = nullptr;
     std::map<std::string, sqlite3_stmt*, std::less<>> m_prepared;
+    bool m_hasContent = false; // a new file is empty up to its first commit
+    int m_readers = 0;
     long long m_statements = 0;
     long long m_extentReads = 0;
     long long m_extentReadBytes = 0;

@@ -94,6 +94,22 @@ private:
     std::string m_uid;
 };
 
+/// While it lives, reading many small arrays of the file is fast; see fio_Database::beginReads().
+class fio_ReadSession
+{
+public:
+    explicit fio_ReadSession(fio_FileBody& file) : m_file(file.shared_from_this()) { file.database().beginReads(); }
+    fio_ReadSession(const fio_ReadSession&) = delete;
+    fio_ReadSession& operator=(const fio_ReadSession&) = delete;
+    ~fio_ReadSession()
+    {
+        if (m_file->isOpen()) m_file->database().endReads();
+    }
+
+private:
+    std::shared_ptr<fio_FileBody> m_file;
+};
+
 /// A handle on a file of the store.
 class fio_File
 {

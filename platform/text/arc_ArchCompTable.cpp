@@ -3,8 +3,7 @@
 #include <bit>
 #include <map>
 
-namespace
-{
+namespace {
 
 std::map<int, arc_LayoutEntry>& table()
 {

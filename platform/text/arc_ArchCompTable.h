@@ -6,7 +6,7 @@
 /// How a component's data lie in memory on the machine that runs it.
 struct arc_LayoutEntry
 {
-    const char* name = "";          ///< the component's prefix; static
+    const char* name = ""; ///< the component's prefix; static
     bool littleEndian = true;
     std::size_t pointerSize = sizeof(void*);
     std::size_t longSize = sizeof(long);

@@ -1,7 +1,6 @@
 #include "platform/text/exc_Exception.h"
 
-namespace
-{
+namespace {
 
 // The component number of the exception layer, in the upper half of its type ids.
 constexpr unsigned component = 8u << 16;
@@ -12,9 +11,7 @@ bool assertionsBypassed = false;
 
 exc_Exception::exc_Exception() = default;
 
-exc_Exception::exc_Exception(const msg_StringBase& text) : m_text(text)
-{
-}
+exc_Exception::exc_Exception(const msg_StringBase& text) : m_text(text) {}
 
 exc_Exception::exc_Exception(const exc_Exception&) = default;
 
@@ -56,9 +53,7 @@ unsigned exc_Exception::DynTypeId() const
     return TypeId();
 }
 
-void exc_Exception::DBWrite(pcl_WriteVisitor&) const
-{
-}
+void exc_Exception::DBWrite(pcl_WriteVisitor&) const {}
 
 shr_String exc_Exception::JournalMessage() const
 {
@@ -97,9 +92,7 @@ unsigned exc_Exception::TypeId()
 
 exc_CommandException::exc_CommandException() = default;
 
-exc_CommandException::exc_CommandException(const msg_StringBase& text) : exc_Exception(text)
-{
-}
+exc_CommandException::exc_CommandException(const msg_StringBase& text) : exc_Exception(text) {}
 
 exc_CommandException::exc_CommandException(const exc_CommandException&) = default;
 
@@ -132,9 +125,7 @@ unsigned exc_CommandException::TypeId()
     return component | 2;
 }
 
-exc_TextException::exc_TextException(const msg_StringBase& text) : exc_Exception(text)
-{
-}
+exc_TextException::exc_TextException(const msg_StringBase& text) : exc_Exception(text) {}
 
 exc_TextException::exc_TextException(const exc_TextException&) = default;
 
@@ -160,9 +151,7 @@ unsigned exc_TextException::TypeId()
     return component | 3;
 }
 
-exc_AssertException::exc_AssertException(const msg_StringBase& condition) : exc_Exception(condition)
-{
-}
+exc_AssertException::exc_AssertException(const msg_StringBase& condition) : exc_Exception(condition) {}
 
 exc_AssertException::exc_AssertException(const exc_AssertException&) = default;
 

@@ -37,8 +37,8 @@ public:
     /// The user's text. Made on the first call, good as long as the object lives.
     const char* what() const noexcept override;
 
-    /// Remembers the source position and raises the object with its dynamic type. The file name is borrowed for
-    /// ever: pass __FILE__.
+    /// Remembers the source position and raises the object with its dynamic type. The file name is borrowed
+    /// for ever: pass __FILE__.
     [[noreturn]] void Throw(const char* file, int line);
 
     /// Where Throw() was called: null and 0 if it was not.
@@ -54,8 +54,8 @@ private:
     mutable shr_String m_what;
 };
 
-/// Root of the exceptions that a user's command can cause. The inheritance is virtual so that a class which names
-/// both bases has one exc_Exception, and each handler catches it without ambiguity.
+/// Root of the exceptions that a user's command can cause. The inheritance is virtual so that a class which
+/// names both bases has one exc_Exception, and each handler catches it without ambiguity.
 class YLD_API exc_CommandException : public virtual exc_Exception
 {
 public:

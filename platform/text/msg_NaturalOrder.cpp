@@ -3,8 +3,7 @@
 #include <cstddef>
 #include <cstring>
 
-namespace
-{
+namespace {
 
 bool naturalOrder = false;
 

@@ -3,8 +3,8 @@
 
 #include "yld_Export.h"
 
-/// Whether names are ordered with their numbers taken by value, so that Step-2 comes before Step-10. Process-wide,
-/// off at the start; containers that hold names already must not see it change.
+/// Whether names are ordered with their numbers taken by value, so that Step-2 comes before Step-10.
+/// Process-wide, off at the start; containers that hold names already must not see it change.
 YLD_API bool msg_getNaturalOrder();
 YLD_API void msg_setNaturalOrder(bool on);
 

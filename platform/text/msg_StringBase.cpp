@@ -7,8 +7,7 @@
 #include <stdexcept>
 #include <string_view>
 
-namespace
-{
+namespace {
 
 constexpr std::int64_t longestText = 0x7fffffff - 17;
 
@@ -23,8 +22,8 @@ int lengthOf(const char* text, int limit)
     if (!text || limit <= 0) {
         return 0;
     }
-    const std::size_t n = limit == msg_StringBase::toEnd ? std::strlen(text)
-                                                         : strnlen(text, static_cast<std::size_t>(limit));
+    const std::size_t n =
+        limit == msg_StringBase::toEnd ? std::strlen(text) : strnlen(text, static_cast<std::size_t>(limit));
     if (n > static_cast<std::size_t>(longestText)) {
         throw std::length_error("text too long");
     }
@@ -57,7 +56,8 @@ std::size_t patternLength(const char* text, int limit)
 
 int positionOf(std::string_view text, std::string_view pattern, int start)
 {
-    const auto found = text.find(pattern, static_cast<std::size_t>(clampTo(start, static_cast<int>(text.size()))));
+    const auto found =
+        text.find(pattern, static_cast<std::size_t>(clampTo(start, static_cast<int>(text.size()))));
     return found == std::string_view::npos ? -1 : static_cast<int>(found);
 }
 
@@ -72,9 +72,7 @@ int lastPositionOf(std::string_view text, std::string_view pattern, int start)
 
 } // namespace
 
-msg_StringBase::msg_StringBase(const char* text) : msg_StringBase(text, toEnd)
-{
-}
+msg_StringBase::msg_StringBase(const char* text) : msg_StringBase(text, toEnd) {}
 
 msg_StringBase::msg_StringBase(const char* text, int length)
 {
@@ -197,13 +195,14 @@ int msg_StringBase::find(const char* pattern, int start) const noexcept
 
 int msg_StringBase::find(const msg_StringBase& pattern, int start) const noexcept
 {
-    return positionOf({cStr(), std::size_t(length())}, {pattern.cStr(), std::size_t(pattern.length())}, start);
+    return positionOf({cStr(), std::size_t(length())}, {pattern.cStr(), std::size_t(pattern.length())},
+                      start);
 }
 
 int msg_StringBase::find(const char* pattern, int start, int count) const noexcept
 {
-    return positionOf({cStr(), std::size_t(length())}, {pattern ? pattern : "", patternLength(pattern, count)},
-                      start);
+    return positionOf({cStr(), std::size_t(length())},
+                      {pattern ? pattern : "", patternLength(pattern, count)}, start);
 }
 
 int msg_StringBase::rFind(const char* pattern, int start) const noexcept
@@ -360,8 +359,8 @@ char& msg_StringBase::operator[](int index)
 msg_StringBase::Body* msg_StringBase::newBody(std::int64_t length, std::int64_t capacity)
 {
     void* memory = ::operator new(sizeof(Body) + static_cast<std::size_t>(capacity) + 1);
-    auto* body = new (memory)
-        Body{1, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(capacity)};
+    auto* body =
+        new (memory) Body{1, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(capacity)};
     charactersOf(body)[length] = '\0';
     return body;
 }
@@ -430,7 +429,8 @@ msg_StringBase& msg_StringBase::splice(int position, int count, const char* text
         return *this;
     }
     // Growing by half keeps a row of appends linear; a first text gets what it needs and no more.
-    const std::int64_t room = m_body ? std::min(std::max(result, std::int64_t(old) + old / 2), longestText) : result;
+    const std::int64_t room =
+        m_body ? std::min(std::max(result, std::int64_t(old) + old / 2), longestText) : result;
     Body* body = newBody(result, room);
     char* to = charactersOf(body);
     if (position > 0) {

@@ -9,8 +9,8 @@
 /// Text with a shared body: two words, a pointer to the characters and a pointer to a counted body that holds
 /// the length. Both are null for an empty text that never held anything.
 ///
-/// Copying shares the body, in constant time; the first change to a shared body makes a copy of it. The counts
-/// are plain integers, so a body must stay within one thread.
+/// Copying shares the body, in constant time; the first change to a shared body makes a copy of it. The
+/// counts are plain integers, so a body must stay within one thread.
 ///
 /// Positions and lengths are counted in bytes from 0 and are clamped to the text: a negative one counts as 0,
 /// one past the end as the end. The value `toEnd` stands for the end of the text. A null `const char*` counts
@@ -40,8 +40,8 @@ public:
     msg_StringBase& operator=(msg_StringBase&& other) noexcept;
     msg_StringBase& operator=(const char* text);
 
-    /// The characters with a terminating zero; a static empty text if there is no body. Good until this string
-    /// changes or dies.
+    /// The characters with a terminating zero; a static empty text if there is no body. Good until this
+    /// string changes or dies.
     const char* cStr() const noexcept { return m_text ? m_text : ""; }
     int length() const noexcept { return m_body ? static_cast<int>(m_body->length) : 0; }
     bool empty() const noexcept { return length() == 0; }
@@ -99,8 +99,8 @@ public:
 
     /// The character at an index, zero if there is none.
     char operator[](int index) const noexcept;
-    /// Unshares. The reference is good until this string is next changed or copied; an index outside of the text
-    /// gives a spare character that belongs to no string.
+    /// Unshares. The reference is good until this string is next changed or copied; an index outside of the
+    /// text gives a spare character that belongs to no string.
     char& operator[](int index);
 
     /// Whether both strings stand on the same body.

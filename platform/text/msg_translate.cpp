@@ -1,7 +1,6 @@
 #include "platform/text/msg_translate.h"
 
-namespace
-{
+namespace {
 
 const msg_Catalogue* installed = nullptr;
 

@@ -16,12 +16,12 @@ public:
 /// @return the one that was installed before, or null
 YLD_API const msg_Catalogue* msg_installCatalogue(const msg_Catalogue* catalogue);
 
-/// One message in the making: the format is looked up in the catalogue and kept as it is if that has none, then
-/// values go into its placeholders.
+/// One message in the making: the format is looked up in the catalogue and kept as it is if that has none,
+/// then values go into its placeholders.
 ///
-/// `%s` and `%d` stand for the values in their order, `%1$s`, `%2$d` and so on for the value of that number, so
-/// that a translation can reorder them; `%%` is a per cent sign. A placeholder without a value, and a per cent
-/// sign before anything else, stay as they are. Values are not searched for placeholders.
+/// `%s` and `%d` stand for the values in their order, `%1$s`, `%2$d` and so on for the value of that number,
+/// so that a translation can reorder them; `%%` is a per cent sign. A placeholder without a value, and a per
+/// cent sign before anything else, stay as they are. Values are not searched for placeholders.
 class YLD_API msg_translate
 {
 public:
@@ -30,8 +30,8 @@ public:
     msg_translate(const msg_translate&) = delete;
     msg_translate& operator=(const msg_translate&) = delete;
 
-    /// Gives a value for a position from 1 to `mostValues`; other positions are ignored, a second value for the
-    /// same position replaces the first.
+    /// Gives a value for a position from 1 to `mostValues`; other positions are ignored, a second value for
+    /// the same position replaces the first.
     void msg_SubstituteFormat(int position, const msg_StringBase& value);
     void msg_SubstituteFormat(int position, const char* value);
     void msg_SubstituteFormat(int position, int value);

@@ -2,8 +2,7 @@
 
 #include "platform/text/exc_Exception.h"
 
-namespace
-{
+namespace {
 
 // The thread's reporter if it wants the kind of report that the switch stands for.
 prg_WipReporter* reporterFor(bool (prg_WipReporter::*wants)() const noexcept)

@@ -9,8 +9,8 @@
 class prg_WIPBase
 {
 public:
-    /// Returns only if the reporter takes the error and returns. Unreported, it raises exc_TextException with the
-    /// text; a list does so with its first text.
+    /// Returns only if the reporter takes the error and returns. Unreported, it raises exc_TextException with
+    /// the text; a list does so with its first text.
     static void Error(const msg_StringBase& text, int level = 0);
     static void Error(const prg_MessageList& list, int level = 0);
     static void Warning(const msg_StringBase& text);
@@ -27,7 +27,8 @@ public:
 class prg_WIP : public prg_WIPBase
 {
 public:
-    /// Installs where the thread's reports go; null takes it away. The reporter is borrowed until it is replaced.
+    /// Installs where the thread's reports go; null takes it away. The reporter is borrowed until it is
+    /// replaced.
     /// @return the one that was installed before, or null
     prg_WipReporter* InstallReporter(prg_WipReporter* reporter) noexcept;
     prg_WipReporter* Reporter() const noexcept { return m_reporter; }

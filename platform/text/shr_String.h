@@ -3,8 +3,8 @@
 
 #include "platform/text/msg_StringBase.h"
 
-/// The text type of the platform: msg_StringBase under its own name, with no data of its own. Going from one to
-/// the other shares the body.
+/// The text type of the platform: msg_StringBase under its own name, with no data of its own. Going from one
+/// to the other shares the body.
 class YLD_API shr_String : public msg_StringBase
 {
 public:

@@ -1,9 +1,7 @@
 #include "platform/text/val_ValueErrorException.h"
 
 // exc_Exception is a virtual base, so the most derived class hands it the text.
-val_ValueErrorException::val_ValueErrorException(const msg_StringBase& text) : exc_Exception(text)
-{
-}
+val_ValueErrorException::val_ValueErrorException(const msg_StringBase& text) : exc_Exception(text) {}
 
 val_ValueErrorException::val_ValueErrorException(const val_ValueErrorException&) = default;
 

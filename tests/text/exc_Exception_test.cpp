@@ -7,8 +7,7 @@
 #include <memory>
 #include <typeinfo>
 
-namespace
-{
+namespace {
 
 // Calls the action and gives the text and the dynamic type of what it throws as a Caught.
 template<class Caught, class Action>
@@ -80,8 +79,9 @@ TEST(exc_Exception, throw_and_propagate_keep_the_dynamic_type)
 
 TEST(exc_Exception, type_ids_differ)
 {
-    const unsigned ids[] = {exc_Exception::TypeId(), exc_CommandException::TypeId(), exc_TextException::TypeId(),
-                            exc_AssertException::TypeId(), val_ValueErrorException::TypeId()};
+    const unsigned ids[] = {exc_Exception::TypeId(), exc_CommandException::TypeId(),
+                            exc_TextException::TypeId(), exc_AssertException::TypeId(),
+                            val_ValueErrorException::TypeId()};
     for (const unsigned& a : ids) {
         for (const unsigned& b : ids) {
             EXPECT_EQ(a == b, &a == &b);

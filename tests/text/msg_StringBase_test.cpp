@@ -12,8 +12,7 @@
 #include <string>
 #include <type_traits>
 
-namespace
-{
+namespace {
 
 constexpr int lowest = std::numeric_limits<int>::min();
 constexpr int toEnd = msg_StringBase::toEnd;
@@ -355,9 +354,7 @@ TEST(msg_StringBase, index_outside_reads_zero_and_writes_nowhere)
 TEST(msg_StringBase, random_edits_match_a_plain_string)
 {
     std::mt19937 random(42);
-    const auto number = [&](int limit) {
-        return std::uniform_int_distribution<int>(0, limit)(random);
-    };
+    const auto number = [&](int limit) { return std::uniform_int_distribution<int>(0, limit)(random); };
     msg_StringBase ours;
     std::string plain;
     for (int i = 0; i < 20000; ++i) {

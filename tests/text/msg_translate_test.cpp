@@ -5,8 +5,7 @@
 #include <map>
 #include <string>
 
-namespace
-{
+namespace {
 
 class Words : public msg_Catalogue
 {

@@ -7,17 +7,13 @@
 #include <string>
 #include <thread>
 
-namespace
-{
+namespace {
 
 // Notes every call in one text.
 class Notes : public prg_WipReporter
 {
 public:
-    explicit Notes(bool wanted)
-    {
-        m_errors = m_warnings = m_messages = m_progress = m_landmarks = wanted;
-    }
+    explicit Notes(bool wanted) { m_errors = m_warnings = m_messages = m_progress = m_landmarks = wanted; }
 
     void Error(const msg_StringBase& text, int level) override { note("E", text, level); }
     void Warning(const msg_StringBase& text) override { note("W", text); }

@@ -1,18 +1,20 @@
 #include "yld_API.h"
 
+#include "platform/model/mshK_Model.h"
+#include "platform/sto/sto_StoToolset.h"
 #include "platform/store/pcl_MetadataRegistrar.h"
 #include "platform/text/arc_ArchCompTable.h"
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/yld_Libraries.h"
 #include "yld/impl/yld_LibraryState.h"
+#include "yld/impl/yld_YldRepository.h"
 #include "yld_Exception.h"
 #include "yld_WipReporter.h"
 
 #include <cstdlib>
 #include <iostream>
 
-namespace
-{
+namespace {
 
 // The schema to which the metadata of this library's own classes belong.
 constexpr int ownSchema = 2;
@@ -55,6 +57,7 @@ void yld_initializeAPI()
     keptReporters = new KeptReporter(keptReporters);
     state.reporter = &keptReporters->reporter;
     lok_ThreadSingleton<prg_WIP>::Instance().InstallReporter(state.reporter);
+    mshK_Model::GenerateWipMessages(false);
 }
 
 void yld_finalizeAPI()
@@ -73,6 +76,8 @@ void yld_initialize(int& token)
     }
     ++token;
     yld_startLibraries(token);
+    state.toolsetClient = new yld_StoToolsetClient;
+    sto_StoToolset::Instance().AddClient(state.toolsetClient);
     arc_ArchCompTable::InsertEntry(yld_componentNumber, arc_LayoutEntry::ofThisMachine("yld"));
     pcl_MetadataRegistrar::initClassMetadata(yld_Exception::initClassMetadata, ownSchema);
 }
@@ -83,5 +88,9 @@ void yld_finalize(int& token)
         return;
     }
     --token;
+    yld_YldRepository::Finalize();
+    sto_StoToolset::Instance().RemoveClient(state.toolsetClient);
+    delete state.toolsetClient;
+    state.toolsetClient = nullptr;
     yld_stopLibraries(token);
 }

@@ -81,10 +81,11 @@ shr_String yld_Exception::JournalMessage() const
         return msg_Format("The database is from a previous version of ZANTRA. \n"
                           "Run zantra -upgrade -job <newFileName> -yld <oldYldFileName> to upgrade it.");
     case yld_DATABASE_TOO_NEW:
-        return msg_Format("%1$s is from a more recent version of ZANTRA.\n\n"
-                          " The current ZANTRA installation must be upgraded before this output database can be "
-                          "opened.",
-                          m_FileName);
+        return msg_Format(
+            "%1$s is from a more recent version of ZANTRA.\n\n"
+            " The current ZANTRA installation must be upgraded before this output database can be "
+            "opened.",
+            m_FileName);
     case yld_CONVERSION_FAILED:
         return msg_Format("cannot convert database %1$s, %2$s", m_FileName, m_ErrMsg);
     case yld_VERSION_CHECK_FAILED:
@@ -143,7 +144,8 @@ yld_String yld_Exception::versionLabel(int version)
     return versionLabel(version, {osu_Version::Major(), osu_Version::Minor()});
 }
 
-// Databases up to version 41 were written by the first two releases, which had no minor number in their names.
+// Databases up to version 41 were written by the first two releases, which had no minor number in their
+// names.
 int yld_Exception::majorVersion(int version, Release current)
 {
     return version < 15 ? 1 : version < 42 ? 2 : current.major;

@@ -1,11 +1,11 @@
 #include "yld/impl/yld_Libraries.h"
 
 #include "platform/base/bas_Library.h"
+#include "platform/store/lnk_Root.h"
 
 #include <iterator>
 
-namespace
-{
+namespace {
 
 bool spatialVectors = false;
 
@@ -14,8 +14,13 @@ void startCalculator()
     spatialVectors = true;
 }
 
-// The families of persistent classes that are declared when class evolution starts, in this order. A family that
-// declares none has no function.
+void stopRoot()
+{
+    lnk_Root::Instance().detachAll();
+}
+
+// The families of persistent classes that are declared when class evolution starts, in this order. A family
+// that declares none has no function.
 struct Family
 {
     const char* prefix;
@@ -58,7 +63,7 @@ constinit bas_Library fio_library("fio");
 constinit bas_Library hdr_library("hdr");
 constinit bas_Library clv_library("clv");
 constinit bas_Library dgn_library("dgn");
-constinit bas_Library lnk_library("lnk");
+constinit bas_Library lnk_library("lnk", nullptr, stopRoot);
 constinit bas_Library setC_library("setC");
 constinit bas_Library ldcC_library("ldcC");
 constinit bas_Library sto_library("sto");
@@ -78,14 +83,14 @@ constexpr Entries startOrder[] = {YLD_LIBRARIES(YLD_ENTRIES)};
 
 } // namespace
 
-#define YLD_DEFINE_LIBRARY(prefix)                                                                                \
-    void prefix##_initialize(int& token)                                                                          \
-    {                                                                                                             \
-        prefix##_library.initialize(token);                                                                       \
-    }                                                                                                             \
-    void prefix##_finalize(int& token)                                                                            \
-    {                                                                                                             \
-        prefix##_library.finalize(token);                                                                         \
+#define YLD_DEFINE_LIBRARY(prefix)                                                                           \
+    void prefix##_initialize(int& token)                                                                     \
+    {                                                                                                        \
+        prefix##_library.initialize(token);                                                                  \
+    }                                                                                                        \
+    void prefix##_finalize(int& token)                                                                       \
+    {                                                                                                        \
+        prefix##_library.finalize(token);                                                                    \
     }
 YLD_LIBRARIES(YLD_DEFINE_LIBRARY)
 #undef YLD_DEFINE_LIBRARY

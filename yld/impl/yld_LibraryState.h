@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+class yld_StoToolsetClient;
 class yld_WipReporter;
 
 /// What the library knows of its own start: plain process-wide data.
@@ -12,6 +13,7 @@ struct yld_LibraryState
     int moduleToken = 0;                 ///< libraries that are up, by yld_initializeAPI()
     std::uint32_t libraryCount = 0;      ///< nested yld_initialize()
     yld_WipReporter* reporter = nullptr; ///< the one that the latest start made
+    yld_StoToolsetClient* toolsetClient = nullptr; ///< registered with the store while the library is up
 };
 
 const yld_LibraryState& yld_libraryState();

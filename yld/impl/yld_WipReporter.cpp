@@ -4,8 +4,7 @@
 
 #include <ostream>
 
-namespace
-{
+namespace {
 
 bool landmarks = false;
 
@@ -55,17 +54,11 @@ void yld_WipReporter::Landmark(const msg_StringBase& text)
     }
 }
 
-void yld_WipReporter::Begin(const msg_StringBase&, int)
-{
-}
+void yld_WipReporter::Begin(const msg_StringBase&, int) {}
 
-void yld_WipReporter::Advance(int)
-{
-}
+void yld_WipReporter::Advance(int) {}
 
-void yld_WipReporter::End()
-{
-}
+void yld_WipReporter::End() {}
 
 // The first text lacks a blank that the others have; clients look for it as it is.
 void yld_WipReporter::Verbose(const msg_StringBase&)

@@ -64,5 +64,8 @@ int main(void)
     sides("TET4", "TETRA4", 3, 4, 4);
     sides("TET10", "TETRA10", 3, 10, 4);
     sides("PYRAMID5", "PYRAMID5", 3, 5, 5);
+    sides("SHELL3", "TRI3", 3, 3, 5);
+    sides("SHELL4", "SHELL4", 3, 4, 6);
+    sides("SHELL8", "SHELL8", 3, 8, 6);
     return 0;
 }

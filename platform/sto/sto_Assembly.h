@@ -1,0 +1,78 @@
+#ifndef STO_ASSEMBLY_H
+#define STO_ASSEMBLY_H
+
+#include "platform/model/mshK_Assembly.h"
+#include "platform/sto/sto_PartInstance.h"
+
+class mshK_Model;
+
+/// Labels of one instance, or of the assembly's own mesh when the name is empty.
+struct sto_SetStruct
+{
+    std::string instanceName;
+    std::vector<int> labels;
+};
+
+/// Faces and edges of the elements of one instance.
+struct mshK_SurfStruct
+{
+    std::string instanceName;
+    std::vector<sto_SurfaceSubset> subsets;
+};
+
+/// Whether an element type may stand in the assembly's own mesh: point masses, rigid nodes and connectors.
+bool sto_AssemblyAllowedElementType(const std::string& type);
+
+/// A handle on the stored root assembly. What it tells is up to date with every call.
+class sto_Assembly
+{
+public:
+    /// No assembly.
+    sto_Assembly() = default;
+    sto_Assembly(const lnk_ShortCut<mshK_Assembly>& reference, const lnk_ShortCut<mshK_Model>& model)
+        : m_reference(reference), m_model(model)
+    {
+    }
+
+    bool isValid() const { return m_reference.isValid(); }
+    std::string name() const { return m_reference.fetch()->m_name; }
+    void setName(const std::string& name);
+
+    bool hasMesh() const { return m_reference.fetch()->m_mesh.isValid(); }
+    sto_Mesh mesh() const { return sto_Mesh(m_reference.fetch()->m_mesh); }
+    /// Makes the assembly's own mesh, or gives it.
+    sto_Mesh Mesh(const sto_NodeArg& arg = sto_NodeArg());
+    /// Makes the mesh if need be, and appends nodes to it, see sto_Mesh.
+    void addNodes(const int* labels, const float* coordinates, int count, const std::string& setName);
+
+    int numInstances() const { return m_reference.fetch()->m_instances.size(); }
+    std::string instanceName(int index) const { return m_reference.fetch()->m_instances.key(index); }
+    sto_PartInstance instance(int index) const;
+    bool hasInstance(const std::string& name) const;
+    /// Raises when there is no instance of that name.
+    sto_PartInstance instance(const std::string& name) const;
+
+    sto_SetList set() const;
+    /// Make a set over several instances. Labels must exist, a surface leaves out those that do not. A name that a set
+    /// of the same type has is refused.
+    sto_Set Nset(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal, bool isUnsorted);
+    sto_Set Elset(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal);
+    sto_Set Surface(const std::string& name, const std::vector<mshK_SurfStruct>& groups, bool isInternal);
+    /// Put new members in the place of a set's old ones. Raise when there is no such set. Whether a set is internal
+    /// is settled when it is made; the flag is taken and changes nothing.
+    void modifyNodeSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal,
+                             bool isUnsorted);
+    void modifyElementSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal);
+    void modifySurfaceLabels(const std::string& name, const std::vector<mshK_SurfStruct>& groups, bool isInternal);
+
+    const lnk_ShortCut<mshK_Assembly>& reference() const { return m_reference; }
+    const lnk_ShortCut<mshK_Model>& model() const { return m_model; }
+
+private:
+    sto_Mesh meshOf(const std::string& instanceName) const;
+
+    lnk_ShortCut<mshK_Assembly> m_reference;
+    lnk_ShortCut<mshK_Model> m_model;
+};
+
+#endif

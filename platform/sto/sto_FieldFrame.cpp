@@ -1,0 +1,124 @@
+#include "platform/sto/sto_FieldFrame.h"
+
+#include "platform/result/fld_Field.h"
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
+#include "platform/sto/sto_Field.h"
+#include "platform/sto/sto_FieldDescription.h"
+
+#include <algorithm>
+
+namespace {
+
+// What stands behind the second colon of a key text.
+std::string_view nameIn(std::string_view keyText)
+{
+    for (int i = 0; i < 2; ++i) {
+        const std::size_t colon = keyText.find(':');
+        if (colon == std::string_view::npos) return {};
+        keyText.remove_prefix(colon + 1);
+    }
+    return keyText;
+}
+
+lnk_ShortCut<fld_Field> create(const sto_FieldDescription& description, int key, const fio_Buffer& values,
+                               const fio_Buffer& conjugate, const lnk_ShortCut<fld_Field>& orientation, int storageType)
+{
+    const auto& file = description.shortCut().file();
+    const std::shared_ptr<const fld_FieldDescription> data = description.data();
+    const std::size_t bytes = static_cast<std::size_t>(data->m_length) * static_cast<std::size_t>(data->m_width) *
+                              (storageType == 1 ? sizeof(double) : sizeof(float));
+    if (values.size() != bytes || (!conjugate.isEmpty() && conjugate.size() != bytes)) {
+        fio_raise(file->path(), "the values of field \"" + data->m_label + "\" have another size than its description");
+    }
+    fld_Field field;
+    field.m_key = key;
+    field.m_description = description.shortCut();
+    field.m_orientation = orientation;
+    field.m_rows = data->m_length;
+    field.m_width = data->m_width;
+    field.m_storageType = storageType;
+    if (storageType == 1) {
+        field.m_doubleValues.adopt(values);
+        field.m_doubleValues.toDisk(file);
+        if (!conjugate.isEmpty()) {
+            field.m_doubleConjugate.adopt(conjugate);
+            field.m_doubleConjugate.toDisk(file);
+        }
+    } else {
+        field.m_values.adopt(values);
+        field.m_values.toDisk(file);
+        if (!conjugate.isEmpty()) {
+            field.m_conjugate.adopt(conjugate);
+            field.m_conjugate.toDisk(file);
+        }
+    }
+    return lnk_ShortCut<fld_Field>::create(file, std::move(field));
+}
+
+} // namespace
+
+int sto_FieldFrame::numFields() const { return m_frame.fetch()->m_fields.size(); }
+
+std::vector<int> sto_FieldFrame::fieldKeys() const
+{
+    const std::shared_ptr<const fld_Frame> frame = m_frame.fetch();
+    if (frame->m_fields.size() != static_cast<int>(frame->m_fieldKeys.size())) {
+        fio_raise(m_frame.file()->path(), "a frame has " + std::to_string(frame->m_fields.size()) + " fields, but " +
+                                              std::to_string(frame->m_fieldKeys.size()) + " keys; the file is damaged");
+    }
+    return frame->m_fieldKeys;
+}
+
+std::vector<std::string> sto_FieldFrame::fieldNames() const
+{
+    const std::shared_ptr<const fld_Frame> frame = m_frame.fetch();
+    std::vector<std::string> names;
+    const int count = frame->m_fields.size();
+    names.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) names.emplace_back(nameIn(frame->m_fields.key(i)));
+    return names;
+}
+
+std::vector<int> sto_FieldFrame::fieldKeys(std::string_view name) const
+{
+    const std::vector<int> all = fieldKeys();
+    const std::shared_ptr<const fld_Frame> frame = m_frame.fetch();
+    std::vector<int> keys;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (nameIn(frame->m_fields.key(static_cast<int>(i))) == name) keys.push_back(all[i]);
+    }
+    std::sort(keys.begin(), keys.end());
+    return keys;
+}
+
+fio_Buffer sto_FieldFrame::allocateField(const sto_FieldDescription& description, int storageType)
+{
+    const std::shared_ptr<const fld_FieldDescription> data = description.data();
+    return fio_Buffer(static_cast<std::size_t>(data->m_length) * static_cast<std::size_t>(data->m_width) *
+                      (storageType == 1 ? sizeof(double) : sizeof(float)));
+}
+
+sto_Field sto_FieldFrame::Field(const sto_FieldDescription& description, int key, const fio_Buffer& values,
+                                const fio_Buffer& conjugate, const sto_Field& orientation, int storageType)
+{
+    const std::shared_ptr<fld_Frame> frame = m_frame.fetchWritable();
+    if (frame->m_fields.isNull()) fio_raise(m_frame.file()->path(), "the frame has no list of fields; the file is damaged");
+    const lnk_ShortCut<fld_Field> field =
+        create(description, key, values, conjugate, orientation.shortCut(), storageType);
+    frame->m_fieldKeys.push_back(key);
+    m_frame.replace(frame);
+    frame->m_fields.append(description.data()->keyName(), field);
+    return sto_Field(field);
+}
+
+sto_Field sto_FieldFrame::Orientation(const sto_FieldDescription& description, int key, const fio_Buffer& values,
+                                      int storageType)
+{
+    return sto_Field(create(description, key, values, fio_Buffer(), lnk_ShortCut<fld_Field>(), storageType));
+}
+
+void sto_FieldFrame::release() const
+{
+    if (isValid()) m_frame.fetch()->m_fields.release();
+}

@@ -1,0 +1,54 @@
+#ifndef STO_FIELDFRAME_H
+#define STO_FIELDFRAME_H
+
+#include "platform/result/fld_Frame.h"
+#include "platform/sto/sto_FieldContainer.h"
+#include "platform/store/fio_Buffer.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class sto_Field;
+class sto_FieldDescription;
+
+/// A handle on the fields of a frame.
+class sto_FieldFrame
+{
+public:
+    sto_FieldFrame() = default;
+    explicit sto_FieldFrame(const lnk_ShortCut<fld_Frame>& frame) : m_frame(frame) {}
+
+    bool isValid() const { return m_frame.isValid() && m_frame.fetch()->m_fields.isValid(); }
+    const lnk_ShortCut<fld_Frame>& shortCut() const { return m_frame; }
+    bool operator==(const sto_FieldFrame& other) const { return m_frame == other.m_frame; }
+
+    /// The fields by key.
+    sto_FieldContainer field() const { return sto_FieldContainer(m_frame); }
+    int numFields() const;
+    /// The key of each field, in the store's order. Reads no field.
+    std::vector<int> fieldKeys() const;
+    /// The name of each field as its key text has it, in the store's order, with repeats. Reads no field.
+    std::vector<std::string> fieldNames() const;
+    /// The keys of all fields of a name, ascending. Reads no field.
+    std::vector<int> fieldKeys(std::string_view name) const;
+
+    /// Room for all values of a description, to be filled and handed to Field().
+    /// @param storageType  0 single precision, 1 double
+    static fio_Buffer allocateField(const sto_FieldDescription& description, int storageType = 0);
+    /// Keeps the values of a block; they go to disk at once.
+    /// @param conjugate    the imaginary half, of the same size; empty for none
+    /// @param orientation  what Orientation() gave; an empty handle for none
+    sto_Field Field(const sto_FieldDescription& description, int key, const fio_Buffer& values,
+                    const fio_Buffer& conjugate, const sto_Field& orientation, int storageType = 0);
+    /// Keeps the local systems of a block. They have no name in the frame; the block refers to them.
+    sto_Field Orientation(const sto_FieldDescription& description, int key, const fio_Buffer& values, int storageType = 0);
+
+    /// Gives back the memory of the fields' rows, as far as the disk has them.
+    void release() const;
+
+private:
+    lnk_ShortCut<fld_Frame> m_frame;
+};
+
+#endif

@@ -1,0 +1,98 @@
+#include "platform/sto/sto_FieldStep.h"
+
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
+#include "platform/sto/sto_Model.h"
+#include "platform/sto/sto_Sto.h"
+
+#include <functional>
+
+namespace {
+
+std::size_t hashOf(const fld_FieldDescription& description)
+{
+    std::size_t hash = std::hash<std::string>()(description.m_label);
+    for (const long long part :
+         {static_cast<long long>(description.m_dataType), static_cast<long long>(description.m_position),
+          static_cast<long long>(description.m_locationIndex), static_cast<long long>(description.m_classIndex),
+          description.m_instance.id(), description.m_set.id()}) {
+        hash = hash * 0x9e3779b97f4a7c15u + std::hash<long long>()(part);
+    }
+    return hash;
+}
+
+bool isSame(const fld_FieldDescription& a, const fld_FieldDescription& b, bool hasOrientation)
+{
+    return a.m_dataType == b.m_dataType && a.m_position == b.m_position && a.m_locationIndex == b.m_locationIndex &&
+           a.m_classIndex == b.m_classIndex && a.m_instance.id() == b.m_instance.id() &&
+           a.m_rootAssembly.id() == b.m_rootAssembly.id() && a.m_set.id() == b.m_set.id() && a.m_isPair == b.m_isPair &&
+           a.m_width == b.m_width && a.m_rows == b.m_rows && a.m_cols == b.m_cols && a.m_matrixKind == b.m_matrixKind &&
+           a.m_engineeringTensor == b.m_engineeringTensor && a.m_orientation.isValid() == hasOrientation &&
+           a.m_label == b.m_label && a.m_keyText == b.m_keyText && a.m_description == b.m_description &&
+           a.m_componentLabels == b.m_componentLabels && a.m_invariants == b.m_invariants;
+}
+
+void fillWidth(fld_FieldDescription& description)
+{
+    if (description.m_width != 0) return;
+    description.m_width = description.dataType() == fld_DataTypeEnm::VECTOR
+                              ? static_cast<int>(description.m_componentLabels.size())
+                              : fld_FieldDescription::typeWidth(description.dataType());
+}
+
+} // namespace
+
+int sto_FieldStep::numberField() const { return m_step.fetch()->m_nextFieldKey; }
+
+void sto_FieldStep::setNumberField(int next)
+{
+    const std::shared_ptr<fld_FieldStep> step = m_step.fetchWritable();
+    step->m_nextFieldKey = next;
+    m_step.replace(step);
+}
+
+sto_FieldDescription sto_FieldStep::Field(fld_FieldDescription description)
+{
+    fillWidth(description);
+    mrp_Container<fld_FieldDescription> descriptions = m_step.fetch()->m_descriptions;
+    if (descriptions.isNull()) fio_raise(m_step.file()->path(), "the step has no list of fields; the file is damaged");
+    const std::string name = description.keyName();
+    const auto created = lnk_ShortCut<fld_FieldDescription>::create(m_step.file(), std::move(description));
+    descriptions.append(name, created);
+    return sto_FieldDescription(created);
+}
+
+sto_FieldDescription sto_FieldStep::find(const fld_FieldDescription& like, bool hasOrientation) const
+{
+    const mrp_Container<fld_FieldDescription> descriptions = m_step.fetch()->m_descriptions;
+    for (const int count = descriptions.size(); m_index->m_indexed < count; ++m_index->m_indexed) {
+        const lnk_ShortCut<fld_FieldDescription> entry = descriptions.at(m_index->m_indexed);
+        m_index->m_entries.emplace(hashOf(*entry.fetch()), entry);
+    }
+    fld_FieldDescription probe = like;
+    fillWidth(probe);
+    const auto [begin, end] = m_index->m_entries.equal_range(hashOf(probe));
+    for (auto entry = begin; entry != end; ++entry) {
+        if (isSame(*entry->second.fetch(), probe, hasOrientation)) return sto_FieldDescription(entry->second);
+    }
+    return {};
+}
+
+sto_FieldDescription sto_FieldStep::field(const fld_FieldDescription& like, bool hasOrientation) const
+{
+    const sto_FieldDescription found = find(like, hasOrientation);
+    if (!found.isValid()) fio_raise(m_step.file()->path(), "has no description of field \"" + like.m_label + "\" there");
+    return found;
+}
+
+int sto_FieldStep::numDescriptions() const { return m_step.fetch()->m_descriptions.size(); }
+
+int sto_FieldStep::modelDimension() const
+{
+    const auto& file = m_step.file();
+    constexpr int inSpace = 3;
+    if (file->rootObject() == 0) return inSpace;
+    const auto models = lnk_ShortCut<sto_StoData>(file, file->rootObject()).fetch()->m_models;
+    const lnk_ShortCut<mshK_Model> model = models.get("Default Model");
+    return model.isNull() ? inSpace : sto_Model(model).dimension();
+}

@@ -1,0 +1,42 @@
+#ifndef STO_FRAME_H
+#define STO_FRAME_H
+
+#include "platform/result/fld_Frame.h"
+#include "platform/text/shr_String.h"
+
+class sto_FieldFrame;
+
+/// A handle on a stored frame.
+class sto_Frame
+{
+public:
+    sto_Frame() = default;
+    explicit sto_Frame(const lnk_ShortCut<fld_Frame>& frame) : m_frame(frame) {}
+
+    bool isValid() const { return m_frame.isValid(); }
+    const lnk_ShortCut<fld_Frame>& shortCut() const { return m_frame; }
+
+    shr_String frameLabel() const;
+    /// Time, frequency or another measure of the step.
+    float time() const;
+    int incrementNumber() const;
+    bool hasLoadCase() const;
+    shr_String loadCaseName() const;
+    void setLoadCaseName(const shr_String& name);
+    bool hasModeNumber() const;
+    int getModeNumber() const;
+    void setModeNumber(int mode);
+    /// Whether the frame is one half of a complex pair.
+    bool hasAssociation() const;
+    void setAssociation(bool has);
+    bool isImaginary() const;
+    void setImaginary(bool imaginary);
+
+    bool hasField() const;
+    sto_FieldFrame fieldFrame() const;
+
+private:
+    lnk_ShortCut<fld_Frame> m_frame;
+};
+
+#endif

@@ -1,0 +1,365 @@
+#include "platform/sto/sto_Mesh.h"
+
+#include "platform/model/mshK_PartInstance.h"
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
+#include "platform/text/exc_Exception.h"
+#include "platform/text/msg_Format.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+void checkNewLabels(const int* labels, int count, const char* belowOne, const char* repeated)
+{
+    for (int i = 0; i < count; ++i) {
+        if (labels[i] < 1) throw exc_TextException(msg_Format(belowOne, labels[i]));
+    }
+    const int twice = grd_LabelList::firstRepeated(labels, count);
+    if (twice >= 0) throw exc_TextException(msg_Format(repeated, labels[twice]));
+}
+
+// Elements of one type and category make one class. An unknown type has no fixed number of nodes, so that belongs to
+// the key as well.
+std::string classKey(const sto_ElementArg& arg)
+{
+    return arg.type + '\n' + std::to_string(arg.nodesPerElement) + '\n' + arg.categoryDescription;
+}
+
+struct ClassMembers
+{
+    int classIndex;
+    std::vector<int> members;
+    std::vector<int> facets;
+};
+
+// Members by class, classes in the order in which they first appear.
+ClassMembers& membersOf(std::vector<ClassMembers>& groups, std::vector<int>& placeOf, int classIndex)
+{
+    if (placeOf.size() <= static_cast<std::size_t>(classIndex)) placeOf.resize(static_cast<std::size_t>(classIndex) + 1, -1);
+    int& place = placeOf[static_cast<std::size_t>(classIndex)];
+    if (place < 0) {
+        place = static_cast<int>(groups.size());
+        groups.push_back({classIndex, {}, {}});
+    }
+    return groups[static_cast<std::size_t>(place)];
+}
+
+setC_Set newSet(const sto_SetList& list, int type, const std::string& name, bool isInternal, bool isUnsorted)
+{
+    if (list.has(type, name)) throw exc_TextException(msg_Format("Duplicate set or surface name %s", name.c_str()));
+    setC_Set set;
+    set.m_label = name;
+    set.m_type = type;
+    set.m_internal = isInternal;
+    set.m_unsorted = isUnsorted;
+    return set;
+}
+
+} // namespace
+
+const std::string& sto_ScopedNodeData::getPartInstance(int index) const
+{
+    const grd_NodeData& data = *m_nodes.data();
+    const int name = data.m_foreignNodes.data()[2 * (index - grd_NodeData::firstForeignNode)];
+    if (name < 0 || static_cast<std::size_t>(name) >= data.m_foreignInstances.size()) {
+        throw exc_TextException("A node of a part instance names no instance; the file is damaged");
+    }
+    return data.m_foreignInstances[static_cast<std::size_t>(name)];
+}
+
+int sto_ScopedNodeData::getInstanceNode(int index) const
+{
+    return m_nodes.data()->m_foreignNodes.data()[2 * (index - grd_NodeData::firstForeignNode) + 1];
+}
+
+sto_Mesh sto_Mesh::create(const std::shared_ptr<fio_FileBody>& file, int meshIndex, int dimension)
+{
+    grd_NodeData nodes;
+    nodes.m_dimension = dimension;
+    mshK_Mesh mesh;
+    mesh.m_meshIndex = meshIndex;
+    mesh.m_nodeData = lnk_ShortCut<grd_NodeData>::create(file, std::move(nodes));
+    mesh.m_classes = mrp_Container<grd_ElementClass>::create(file);
+    mesh.m_sets = mrp_Container<setC_Set>::create(file);
+    mesh.m_internalSets = mrp_Container<setC_Set>::create(file);
+    return sto_Mesh(lnk_ShortCut<mshK_Mesh>::create(file, std::move(mesh)));
+}
+
+sto_Mesh sto_Mesh::createFrom(const sto_Mesh& source, int meshIndex)
+{
+    const std::shared_ptr<fio_FileBody>& file = source.modelFile();
+    const std::shared_ptr<const mshK_Mesh> shared = source.mesh();
+    mshK_Mesh mesh;
+    mesh.m_meshIndex = meshIndex;
+    mesh.m_source = source.reference();
+    mesh.m_nodeData = shared->m_nodeData;
+    mesh.m_classes = shared->m_classes;
+    mesh.m_sets = mrp_Container<setC_Set>::create(file);
+    mesh.m_internalSets = mrp_Container<setC_Set>::create(file);
+    return sto_Mesh(lnk_ShortCut<mshK_Mesh>::create(file, std::move(mesh)));
+}
+
+sto_ElementData sto_Mesh::elementData() const
+{
+    const std::shared_ptr<const mshK_Mesh> body = mesh();
+    return sto_ElementData(body->m_classes, body->m_nodeData);
+}
+
+bool sto_Mesh::hasContents() const { return nodeData().NumNodes() > 0 || elementData().numClasses() > 0; }
+
+std::string sto_Mesh::instanceName() const
+{
+    const std::shared_ptr<const mshK_Mesh> body = mesh();
+    return body->m_instance.isNull() ? std::string() : body->m_instance.fetch()->m_name;
+}
+
+std::shared_ptr<const aux_CoordCont3D> sto_Mesh::coordinates() const
+{
+    const std::shared_ptr<const mshK_Mesh> body = mesh();
+    const sto_NodeData nodes(body->m_nodeData);
+    aux_Placement placement;
+    if (!body->m_instance.isNull()) {
+        const std::shared_ptr<const mshK_PartInstance> instance = body->m_instance.fetch();
+        if (instance->m_placement.size() == 6) placement = aux_Placement(instance->m_placement.data());
+        else if (!instance->m_placement.empty()) {
+            fio_raise(modelFile()->path(), "the placement of an instance makes no sense; the file is damaged");
+        }
+    }
+    return std::make_shared<aux_CoordCont3D>(nodes.data()->m_coordinates, nodes.Dim(), placement);
+}
+
+void sto_Mesh::addNodes(const int* labels, const float* coordinates, int count, const std::string& setName)
+{
+    checkNewLabels(labels, count, "Invalid node label %d: labels begin at 1.", "Node label %d is given twice.");
+    const lnk_ShortCut<grd_NodeData> reference = mesh()->m_nodeData;
+    const sto_NodeData before(reference);
+    const long long numbers = static_cast<long long>(count) * before.Dim();
+    for (long long i = 0; i < numbers; ++i) {
+        if (!std::isfinite(coordinates[i])) {
+            throw exc_TextException(
+                msg_Format("The coordinates of node %d are not numbers.", labels[i / before.Dim()]));
+        }
+    }
+    const int present = before.data()->m_labels.firstPresent(labels, count);
+    if (present < count) {
+        throw exc_TextException(msg_Format("Node label %d exists already.", labels[present]));
+    }
+    if (before.NumNodes() > grd_NodeData::firstForeignNode - 1 - count) {
+        throw exc_TextException("A mesh cannot have so many nodes.");
+    }
+    const std::shared_ptr<grd_NodeData> nodes = reference.fetchWritable();
+    nodes->m_labels.append(labels, count);
+    nodes->m_coordinates.append(coordinates, numbers);
+    reference.replace(nodes);
+
+    if (setName.empty()) return;
+    const sto_Set present_set = nset(setName);
+    if (!present_set.isValid()) {
+        Nset(setName, labels, count, false, false);
+        return;
+    }
+    const std::shared_ptr<setC_Set> set = present_set.reference().fetchWritable();
+    appendNodes(*set, labels, count);
+    present_set.reference().replace(set);
+}
+
+void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params,
+                           bool indices)
+{
+    if (arg.nodesPerElement > grd_ElementClass::maxNodes) {
+        throw exc_TextException(msg_Format("An element can have %d nodes at most; %d were given.",
+                                           static_cast<int>(grd_ElementClass::maxNodes), arg.nodesPerElement));
+    }
+    checkNewLabels(arg.labels, arg.numElements, "Invalid element label %d: labels begin at 1.",
+                   "Element label %d is given twice.");
+    const std::shared_ptr<const mshK_Mesh> body = mesh();
+    const sto_ElementData elements(body->m_classes, body->m_nodeData);
+    for (int i = 0; i < elements.numClasses(); ++i) {
+        const sto_ElementClass present = elements.elementClass(i, 0);
+        const int found = present.data()->m_labels.firstPresent(arg.labels, arg.numElements);
+        if (found < arg.numElements) {
+            throw exc_TextException(msg_Format("Element label %d exists already.", arg.labels[found]));
+        }
+    }
+    if (elements.numElements() > std::numeric_limits<int>::max() - arg.numElements) {
+        throw exc_TextException("A mesh cannot have so many elements.");
+    }
+
+    mrp_Container<grd_ElementClass> classes = body->m_classes;
+    const std::string key = classKey(arg);
+    lnk_ShortCut<grd_ElementClass> reference = classes.get(key);
+    std::shared_ptr<grd_ElementClass> into;
+    if (reference.isNull()) {
+        into = std::make_shared<grd_ElementClass>();
+        into->m_type = arg.type;
+        into->m_category = arg.categoryDescription;
+        into->m_sectionPoints = arg.sectionPoints;
+        into->m_nodesPerElement = arg.nodesPerElement;
+    } else {
+        into = reference.fetchWritable();
+    }
+
+    const sto_NodeData nodes(body->m_nodeData);
+    const long long numbers = static_cast<long long>(arg.numElements) * arg.nodesPerElement;
+    int* connectivity = into->m_connectivity.extend(numbers);
+    int last = -1;
+    for (long long i = 0; i < numbers; ++i) {
+        const int node = arg.connectivity[i];
+        if (indices) {
+            connectivity[i] = node;
+            continue;
+        }
+        last = nodes.GetNodeIndexFromLabel(node, last + 1);
+        if (last < 0) {
+            throw exc_TextException(msg_Format("Node number \"%d\" of element \"%d\" does not exist.", node,
+                                               arg.labels[i / arg.nodesPerElement]));
+        }
+        connectivity[i] = last;
+    }
+    into->m_labels.append(arg.labels, arg.numElements);
+    into->m_numElements += arg.numElements;
+    if (params && !params->isEmpty()) {
+        into->m_controlTexts = params->texts();
+        into->m_controlValues = params->values();
+    }
+    if (reference.isNull()) {
+        reference = lnk_ShortCut<grd_ElementClass>::create(modelFile(), std::move(*into));
+        classes.append(key, reference);
+    } else {
+        reference.replace(into);
+    }
+
+    if (setName.empty()) return;
+    const sto_Set present = elset(setName);
+    if (!present.isValid()) {
+        Elset(setName, arg.labels, arg.numElements, false);
+        return;
+    }
+    const std::shared_ptr<setC_Set> set = present.reference().fetchWritable();
+    appendElements(*set, arg.labels, arg.numElements);
+    present.reference().replace(set);
+}
+
+sto_SetList sto_Mesh::set() const
+{
+    const std::shared_ptr<const mshK_Mesh> body = mesh();
+    return sto_SetList(body->m_sets, body->m_internalSets);
+}
+
+void sto_Mesh::appendNodes(setC_Set& set, const int* labels, int count) const
+{
+    std::vector<int> places(static_cast<std::size_t>(count));
+    const std::shared_ptr<const mshK_Mesh> body = mesh();
+    const int bad = sto_NodeData(body->m_nodeData).GetNodeIndices(labels, count, places.data());
+    if (bad < count) throw exc_TextException(msg_Format("Invalid node label %d", labels[bad]));
+    set.append(body->m_meshIndex, -1, setC_SubSet::nodes, places.data(), nullptr, count);
+}
+
+void sto_Mesh::appendElements(setC_Set& set, const int* labels, int count) const
+{
+    std::vector<int> classes(static_cast<std::size_t>(count));
+    std::vector<int> places(static_cast<std::size_t>(count));
+    const int bad = elementData().GetElementIndices(labels, count, classes.data(), places.data());
+    if (bad < count) throw exc_TextException(msg_Format("Invalid element label %d", labels[bad]));
+    const int index = meshIndex();
+    const bool oneClass =
+        std::all_of(classes.begin(), classes.end(), [&classes](int each) { return each == classes[0]; });
+    if (oneClass) {
+        set.append(index, count > 0 ? classes[0] : -1, setC_SubSet::elements, places.data(), nullptr, count);
+        return;
+    }
+    std::vector<ClassMembers> groups;
+    std::vector<int> placeOf;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        membersOf(groups, placeOf, classes[i]).members.push_back(places[i]);
+    }
+    for (const ClassMembers& group : groups) {
+        set.append(index, group.classIndex, setC_SubSet::elements, group.members.data(), nullptr,
+                   static_cast<int>(group.members.size()));
+    }
+}
+
+void sto_Mesh::appendFacets(setC_Set& set, const std::vector<sto_SurfaceSubset>& subsets) const
+{
+    const sto_ElementData elements = elementData();
+    const int index = meshIndex();
+    for (const sto_SurfaceSubset& subset : subsets) {
+        std::vector<ClassMembers> groups;
+        std::vector<int> placeOf;
+        const int count = static_cast<int>(std::min(subset.labels.size(), subset.facets.size()));
+        std::vector<int> classes(static_cast<std::size_t>(count));
+        std::vector<int> places(static_cast<std::size_t>(count));
+        // An unknown label is left out, and the search goes on behind it.
+        for (int from = 0; from < count;) {
+            const int known = elements.GetElementIndices(subset.labels.data() + from, count - from,
+                                                         classes.data() + from, places.data() + from);
+            for (std::size_t i = static_cast<std::size_t>(from); i < static_cast<std::size_t>(from + known); ++i) {
+                ClassMembers& group = membersOf(groups, placeOf, classes[i]);
+                group.members.push_back(places[i]);
+                group.facets.push_back(subset.facets[i]);
+            }
+            from += known + 1;
+        }
+        for (const ClassMembers& group : groups) {
+            set.append(index, group.classIndex, subset.subsetType, group.members.data(), group.facets.data(),
+                       static_cast<int>(group.members.size()));
+        }
+    }
+}
+
+sto_Set sto_Mesh::Nset(const std::string& name, const int* labels, int count, bool isInternal, bool isUnsorted)
+{
+    sto_SetList list = set();
+    setC_Set made = newSet(list, setC_Set::nodeSet, name, isInternal, isUnsorted);
+    appendNodes(made, labels, count);
+    return list.add(modelFile(), std::move(made));
+}
+
+sto_Set sto_Mesh::Elset(const std::string& name, const int* labels, int count, bool isInternal)
+{
+    sto_SetList list = set();
+    setC_Set made = newSet(list, setC_Set::elementSet, name, isInternal, false);
+    appendElements(made, labels, count);
+    return list.add(modelFile(), std::move(made));
+}
+
+sto_Set sto_Mesh::Surface(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets, bool isInternal)
+{
+    sto_SetList list = set();
+    setC_Set made = newSet(list, setC_Set::surface, name, isInternal, false);
+    appendFacets(made, subsets);
+    return list.add(modelFile(), std::move(made));
+}
+
+void sto_Mesh::modifyNodeSetLabels(const std::string& name, const int* labels, int count, bool /*isInternal*/,
+                                   bool isUnsorted)
+{
+    const lnk_ShortCut<setC_Set> reference = nset(name).reference();
+    const std::shared_ptr<setC_Set> set = reference.fetchWritable();
+    set->clear();
+    set->m_unsorted = isUnsorted;
+    appendNodes(*set, labels, count);
+    reference.replace(set);
+}
+
+void sto_Mesh::modifyElementSetLabels(const std::string& name, const int* labels, int count, bool /*isInternal*/)
+{
+    const lnk_ShortCut<setC_Set> reference = elset(name).reference();
+    const std::shared_ptr<setC_Set> set = reference.fetchWritable();
+    set->clear();
+    appendElements(*set, labels, count);
+    reference.replace(set);
+}
+
+void sto_Mesh::modifySurfaceSetLabels(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets,
+                                      bool /*isInternal*/)
+{
+    const lnk_ShortCut<setC_Set> reference = surface(name).reference();
+    const std::shared_ptr<setC_Set> set = reference.fetchWritable();
+    set->clear();
+    appendFacets(*set, subsets);
+    reference.replace(set);
+}

@@ -1,0 +1,35 @@
+#ifndef STO_RESULT_H
+#define STO_RESULT_H
+
+#include "platform/result/fld_Result.h"
+#include "platform/store/lnk_ShortCut.h"
+#include "platform/text/shr_String.h"
+
+class sto_Step;
+class sto_StepContainer;
+
+/// A handle on the results of a database.
+class sto_Result
+{
+public:
+    sto_Result() = default;
+    explicit sto_Result(const lnk_ShortCut<fld_Result>& result) : m_result(result) {}
+    /// New, empty results; the caller keeps the reference in the root object.
+    static sto_Result create(const std::shared_ptr<fio_FileBody>& file);
+
+    bool isValid() const { return m_result.isValid(); }
+    const lnk_ShortCut<fld_Result>& shortCut() const { return m_result; }
+
+    /// The result side of a new step. The model side of that name, which comes first, gives its period and its place:
+    /// behind the step that it follows.
+    sto_Step Step(const shr_String& name);
+    /// Raises when there is no step of that name.
+    sto_Step step(const shr_String& name) const;
+    bool hasStep(const shr_String& name) const;
+    sto_StepContainer steps() const;
+
+private:
+    lnk_ShortCut<fld_Result> m_result;
+};
+
+#endif
