@@ -51,8 +51,8 @@ void sto_StoContainer::CloseSto(sto_Sto& sto)
 
 sto_Sto sto_StoContainer::getByPersName(const shr_String& persistentName) const
 {
-    for (const auto& store : lnk_Root::Instance().stores()) {
-        if (store->uid() == persistentName.cStr()) return sto_Sto(store);
+    for (const fio_File& store : lnk_Root::Instance().stores()) {
+        if (store.body()->uid() == persistentName.cStr()) return sto_Sto(store.body());
     }
     fio_raise(persistentName.cStr(), "no open store has this identity");
 }

@@ -379,6 +379,11 @@ bool fio_FileBody::refresh()
     return true;
 }
 
+fio_File::fio_File(const std::shared_ptr<fio_FileBody>& body)
+    : m_body(body), m_closing(nullptr, [body](void*) { body->close(); })
+{
+}
+
 fio_File fio_File::Open(const char* path, bool forWriting, bool)
 {
     return fio_File(std::make_shared<fio_FileBody>(

@@ -110,7 +110,8 @@ private:
     std::shared_ptr<fio_FileBody> m_file;
 };
 
-/// A handle on a file of the store.
+/// A handle on a file of the store. The last handle to go closes the file: objects and their file hold each other, and
+/// only closing lets go of both.
 class fio_File
 {
 public:
@@ -126,9 +127,10 @@ public:
     const std::shared_ptr<fio_FileBody>& body() const { return m_body; }
 
 private:
-    explicit fio_File(const std::shared_ptr<fio_FileBody>& body) : m_body(body) {}
+    explicit fio_File(const std::shared_ptr<fio_FileBody>& body);
 
     std::shared_ptr<fio_FileBody> m_body;
+    std::shared_ptr<void> m_closing;
 };
 
 #endif

@@ -8,14 +8,14 @@ lnk_Root& lnk_Root::Instance() { return lok_ThreadSingleton<lnk_Root>::Instance(
 
 lnk_Root::~lnk_Root() { detachAll(); }
 
-void lnk_Root::attach(const fio_File& file) { m_stores.push_back(file.body()); }
+void lnk_Root::attach(const fio_File& file) { m_stores.push_back(file); }
 
 int lnk_Root::detach(const std::string& path)
 {
     int count = 0;
-    std::erase_if(m_stores, [&path, &count](const std::shared_ptr<fio_FileBody>& store) {
-        if (store->path() != path) return false;
-        store->close();
+    std::erase_if(m_stores, [&path, &count](const fio_File& store) {
+        if (store.body()->path() != path) return false;
+        store.body()->close();
         ++count;
         return true;
     });
@@ -24,16 +24,15 @@ int lnk_Root::detach(const std::string& path)
 
 void lnk_Root::detachAll()
 {
-    // Objects hold their file and the file holds its objects: only closing lets go of both.
-    for (const auto& store : m_stores) store->close();
+    for (const fio_File& store : m_stores) store.body()->close();
     m_stores.clear();
 }
 
 std::shared_ptr<fio_FileBody> lnk_Root::find(const std::string& path) const
 {
     const auto found = std::find_if(m_stores.begin(), m_stores.end(),
-                                    [&path](const auto& store) { return store->path() == path; });
-    return found == m_stores.end() ? nullptr : *found;
+                                    [&path](const fio_File& store) { return store.body()->path() == path; });
+    return found == m_stores.end() ? nullptr : found->body();
 }
 
 bool lnk_Root::IsMember(const char* path) { return Instance().find(path) != nullptr; }
@@ -41,8 +40,8 @@ bool lnk_Root::IsMember(const char* path) { return Instance().find(path) != null
 bool lnk_Root::VerifyCreationDate(const fio_File& file)
 {
     const auto& stores = Instance().m_stores;
-    return std::any_of(stores.begin(), stores.end(), [&file](const auto& store) {
-        return store->creationDate() == file.body()->creationDate() && store->uid() == file.body()->uid();
+    return std::any_of(stores.begin(), stores.end(), [&file](const fio_File& store) {
+        return store.body()->creationDate() == file.body()->creationDate() && store.body()->uid() == file.body()->uid();
     });
 }
 
@@ -54,8 +53,8 @@ std::string lnk_Root::GetPersistentName(const char* fileName)
 
 std::string lnk_Root::GetFileName(const char* persistentName)
 {
-    for (const auto& store : Instance().m_stores) {
-        if (store->uid() == persistentName) return store->path();
+    for (const fio_File& store : Instance().m_stores) {
+        if (store.body()->uid() == persistentName) return store.body()->path();
     }
     return {};
 }

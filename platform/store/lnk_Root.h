@@ -25,7 +25,7 @@ public:
     int detach(const std::string& path);
     void detachAll();
 
-    const std::vector<std::shared_ptr<fio_FileBody>>& stores() const { return m_stores; }
+    const std::vector<fio_File>& stores() const { return m_stores; }
     /// The first store of that path, or null.
     std::shared_ptr<fio_FileBody> find(const std::string& path) const;
 
@@ -39,7 +39,7 @@ public:
     static std::string GetFileName(const char* persistentName);
 
 private:
-    std::vector<std::shared_ptr<fio_FileBody>> m_stores;
+    std::vector<fio_File> m_stores;
 };
 
 #endif

@@ -31,6 +31,13 @@ public:
 
 using Ref = lnk_ShortCut<sample_State>;
 
+// A reference to the root of a file, with the handle that keeps the file open.
+struct Made : Ref
+{
+    Made(const Ref& root, const fio_File& file) : Ref(root), handle(file) {}
+    fio_File handle;
+};
+
 constexpr int valueCount = 30000;
 
 // One more state: a number, values that all tell it, and an entry in the history.
@@ -46,7 +53,7 @@ void change(const Ref& root, int number)
     root.replace(changed);
 }
 
-Ref makeFile(const std::string& path)
+Made makeFile(const std::string& path)
 {
     const fio_File file = fio_File::Create(path.c_str());
     sample_State state;
@@ -54,7 +61,7 @@ Ref makeFile(const std::string& path)
     const Ref root = Ref::create(file.body(), state);
     file.body()->setRootObject(root.id());
     file.body()->save();
-    return root;
+    return {root, file};
 }
 
 // Opens the file and checks that one state is there, whole. @return its number
@@ -96,7 +103,7 @@ TEST_P(fio_Faults, everyFailingDiskCallGivesAnExceptionAndLeavesTheLastSavedStat
         disk.failCall(n, GetParam());
         try {
             tried = 0;
-            const Ref root = makeFile(path);
+            const Made root = makeFile(path);
             confirmed = 0;
             for (int state = 1; state <= 3; ++state) {
                 tried = state;
@@ -134,7 +141,7 @@ TEST(fio_Faults, aFailedSaveCanBeTriedAgain)
     const ScratchFolder folder;
     const std::string path = folder.file("a.yld");
     FaultyDisk disk;
-    const Ref root = makeFile(path);
+    const Made root = makeFile(path);
     for (int n = 1; n <= 12; ++n) {
         change(root, n);
         disk.failCall(n, SQLITE_FULL);
@@ -154,7 +161,7 @@ TEST(fio_Faults, fileCutShortUnderAReaderGivesAnErrorAtTheNextRead)
     const ScratchFolder folder;
     const std::string path = folder.file("a.yld");
     {
-        const Ref root = makeFile(path);
+        const Made root = makeFile(path);
         for (int i = 1; i <= 20; ++i) {
             change(root, i);
             root.file()->save();
@@ -179,7 +186,7 @@ TEST(fio_Faults, mutatedFilesEndInDataOrInOneException)
     const ScratchFolder folder;
     const std::string original = folder.file("a.yld");
     {
-        const Ref root = makeFile(original);
+        const Made root = makeFile(original);
         for (int i = 1; i <= 5; ++i) {
             change(root, i);
             root.file()->save();
@@ -223,11 +230,6 @@ TEST(fio_Faults, mutatedFilesEndInDataOrInOneException)
         std::ofstream(path, std::ios::binary).write(mutated.data(), static_cast<std::streamsize>(mutated.size()));
         try {
             const fio_File file = fio_File::Open(path.c_str(), false, true);
-            struct Closing
-            {
-                const fio_File& file;
-                ~Closing() { file.body()->close(); }
-            } closing{file};
             const auto state = Ref(file.body(), file.body()->rootObject()).fetch();
             if (!state->m_values.isEmpty()) state->m_values.data();
             if (state->m_history.isValid()) {

@@ -74,6 +74,13 @@ public:
 
 using Ref = lnk_ShortCut<sample_Thing>;
 
+// A reference to the root of a file, with the handle that keeps the file open.
+struct Made : Ref
+{
+    Made(const Ref& root, const fio_File& file) : Ref(root), handle(file) {}
+    fio_File handle;
+};
+
 std::string failureOf(const std::function<void()>& action)
 {
     try {
@@ -85,28 +92,16 @@ std::string failureOf(const std::function<void()>& action)
 }
 
 // A file with one thing at its root.
-Ref makeFile(const std::string& path, const sample_Thing& thing)
+Made makeFile(const std::string& path, const sample_Thing& thing)
 {
     const fio_File file = fio_File::Create(path.c_str());
     const Ref root = Ref::create(file.body(), thing);
     file.body()->setRootObject(root.id());
     file.body()->save();
-    return root;
+    return {root, file};
 }
 
 Ref rootOf(const fio_File& file) { return Ref(file.body(), file.body()->rootObject()); }
-
-class Closing
-{
-public:
-    explicit Closing(const fio_File& file) : m_file(file) {}
-    Closing(const Closing&) = delete;
-    Closing& operator=(const Closing&) = delete;
-    ~Closing() { m_file.body()->close(); }
-
-private:
-    fio_File m_file;
-};
 
 } // namespace
 
@@ -116,7 +111,6 @@ TEST(fio_File, keepsEveryKindOfAttribute)
     const std::string path = folder.file("a.yld");
     {
         const fio_File file = fio_File::Create(path.c_str());
-        const Closing closing(file);
         sample_Thing thing;
         thing.m_number = -7;
         thing.m_wide = 1LL << 40;
@@ -144,7 +138,6 @@ TEST(fio_File, keepsEveryKindOfAttribute)
         file.body()->save();
     }
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     const auto thing = rootOf(file).fetch();
     EXPECT_EQ(thing->m_number, -7);
     EXPECT_EQ(thing->m_wide, 1LL << 40);
@@ -178,7 +171,6 @@ TEST(fio_File, fetchReadsNothingBehindTheObject)
     makeFile(path, thing).file()->close();
 
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     const auto read = rootOf(file).fetch();
     EXPECT_EQ(read->m_values.size(), 1000);
     EXPECT_EQ(file.body()->database().extentReadCount(), 0);
@@ -201,7 +193,6 @@ TEST(fio_File, arrayLargerThanOneExtentReadsWholeAndInPartsAcrossTheCut)
         makeFile(path, thing).file()->close();
     }
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     const auto thing = rootOf(file).fetch();
     const long long cut = static_cast<long long>(fio_Database::extentBytes / sizeof(int));
     int part[4];
@@ -216,7 +207,7 @@ TEST(fio_File, whatIsNotSavedIsGoneAfterClose)
 {
     const ScratchFolder folder;
     const std::string path = folder.file("a.yld");
-    const Ref root = makeFile(path, sample_Thing());
+    const Made root = makeFile(path, sample_Thing());
     const auto changed = root.fetchWritable();
     changed->m_number = 5;
     root.replace(changed);
@@ -225,14 +216,13 @@ TEST(fio_File, whatIsNotSavedIsGoneAfterClose)
     root.file()->close();
 
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     EXPECT_EQ(rootOf(file).fetch()->m_number, 0);
 }
 
 TEST(fio_File, aCopyFetchedForWritingChangesNothingUntilItIsPutBack)
 {
     const ScratchFolder folder;
-    const Ref root = makeFile(folder.file("a.yld"), sample_Thing());
+    const Made root = makeFile(folder.file("a.yld"), sample_Thing());
     const auto before = root.fetch();
     const auto changed = root.fetchWritable();
     changed->m_number = 5;
@@ -246,7 +236,7 @@ TEST(fio_File, aCopyFetchedForWritingChangesNothingUntilItIsPutBack)
 TEST(fio_File, appendingGoesOnInPlaceWhileAnOlderCopyIsRead)
 {
     const ScratchFolder folder;
-    const Ref root = makeFile(folder.file("a.yld"), sample_Thing());
+    const Made root = makeFile(folder.file("a.yld"), sample_Thing());
     for (int i = 0; i < 5000; ++i) {
         const auto changed = root.fetchWritable();
         changed->m_labels.append(&i, 1);
@@ -273,7 +263,7 @@ TEST(fio_File, extentsOfAReplacedArrayAreDeletedByTheNextSave)
     sample_Thing thing;
     const int first[] = {1, 2, 3};
     thing.m_labels.assign(first, 3);
-    const Ref root = makeFile(path, thing);
+    const Made root = makeFile(path, thing);
     const auto changed = root.fetchWritable();
     const int second[] = {4};
     changed->m_labels.assign(second, 1);
@@ -286,7 +276,6 @@ TEST(fio_File, extentsOfAReplacedArrayAreDeletedByTheNextSave)
     }
     root.file()->close();
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     EXPECT_EQ(rootOf(file).fetch()->m_labels[0], 4);
 }
 
@@ -294,7 +283,7 @@ TEST(fio_File, extentsThatNoSavedStateRefersToGoWhenTheNextWriterOpens)
 {
     const ScratchFolder folder;
     const std::string path = folder.file("a.yld");
-    const Ref root = makeFile(path, sample_Thing());
+    const Made root = makeFile(path, sample_Thing());
     const std::vector<float> values(8u << 20, 1.0f); // 32 MiB: written at once, ahead of any save
     pcl_Array<float> orphan;
     orphan.assign(values.data(), static_cast<long long>(values.size()));
@@ -304,7 +293,6 @@ TEST(fio_File, extentsThatNoSavedStateRefersToGoWhenTheNextWriterOpens)
     EXPECT_GT(std::filesystem::file_size(path), 30u << 20);
 
     const fio_File file = fio_File::Open(path.c_str(), true, true);
-    const Closing closing(file);
     fio_Statement count = file.body()->database().prepare("SELECT count(*) FROM extent");
     ASSERT_TRUE(count.step());
     EXPECT_EQ(count.integer(0), 0);
@@ -315,7 +303,7 @@ TEST(fio_File, killedWriterLosesOnlyWhatItHadNotSaved)
     const ScratchFolder folder;
     const std::string path = folder.file("a.yld");
     const int status = inOtherProcess([&path] {
-        const Ref root = makeFile(path, sample_Thing());
+        const Made root = makeFile(path, sample_Thing());
         for (int i = 1; i <= 20; ++i) {
             const auto changed = root.fetchWritable();
             changed->m_number = i;
@@ -329,7 +317,6 @@ TEST(fio_File, killedWriterLosesOnlyWhatItHadNotSaved)
     });
     ASSERT_EQ(status, -SIGKILL);
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     const auto thing = rootOf(file).fetch();
     EXPECT_EQ(thing->m_number, 15);
     ASSERT_EQ(thing->m_labels.size(), 100000);
@@ -347,7 +334,6 @@ TEST(fio_File, programThatKnowsMoreAttributesReadsWithDefaultsAndAddsColumnsOnWr
     makeFile(path, thing).file()->close();
     {
         const fio_File file = fio_File::Open(path.c_str(), true, true);
-        const Closing closing(file);
         const lnk_ShortCut<sample_LaterThing> root(file.body(), file.body()->rootObject());
         const auto changed = root.fetchWritable();
         EXPECT_EQ(changed->m_text, "old");
@@ -362,14 +348,12 @@ TEST(fio_File, programThatKnowsMoreAttributesReadsWithDefaultsAndAddsColumnsOnWr
     }
     {
         const fio_File file = fio_File::Open(path.c_str(), false, true);
-        const Closing closing(file);
         const lnk_ShortCut<sample_LaterThing> root(file.body(), file.body()->rootObject());
         EXPECT_EQ(root.fetch()->m_added, 43);
         EXPECT_EQ(root.fetch()->m_bulk[1], 2);
     }
     // What the later program does not know is kept for the earlier one.
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     EXPECT_EQ(rootOf(file).fetch()->m_real, 2.5);
     EXPECT_EQ(rootOf(file).fetch()->m_number, 3);
 }
@@ -459,7 +443,6 @@ TEST(fio_File, lyingCountsAreRefusedBeforeMemoryIsTaken)
     };
     const auto readLabels = [&path] {
         const fio_File file = fio_File::Open(path.c_str(), false, true);
-        const Closing closing(file);
         rootOf(file).fetch()->m_labels.data();
     };
     lie("UPDATE sample_Thing SET \"labels.count\" = 4000000000");
@@ -486,7 +469,7 @@ TEST(fio_File, referenceIntoAClosedFileGivesAnError)
 {
     const ScratchFolder folder;
     const std::string path = folder.file("a.yld");
-    const Ref root = makeFile(path, sample_Thing());
+    const Made root = makeFile(path, sample_Thing());
     root.file()->close();
     EXPECT_EQ(failureOf([&root] { root.fetch(); }), path + ": the database is closed");
 }
@@ -497,7 +480,6 @@ TEST(fio_File, readOnlyHandleRefusesChanges)
     const std::string path = folder.file("a.yld");
     makeFile(path, sample_Thing()).file()->close();
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     const Ref root = rootOf(file);
     const auto changed = root.fetchWritable();
     EXPECT_EQ(failureOf([&] { root.replace(changed); }), path + ": the database is open for reading only");
@@ -510,7 +492,6 @@ TEST(fio_File, releaseForgetsWhatIsUnchangedAndKeepsWhatIsNot)
     const std::string path = folder.file("a.yld");
     {
         const fio_File file = fio_File::Create(path.c_str());
-        const Closing closing(file);
         sample_Thing thing;
         thing.m_list = mrp_Container<sample_Thing>::create(file.body());
         for (int i = 0; i < 10; ++i) thing.m_list.append(std::to_string(i), Ref::create(file.body(), sample_Thing()));
@@ -518,7 +499,6 @@ TEST(fio_File, releaseForgetsWhatIsUnchangedAndKeepsWhatIsNot)
         file.body()->save();
     }
     const fio_File file = fio_File::Open(path.c_str(), true, true);
-    const Closing closing(file);
     const auto root = rootOf(file).fetch();
     for (int i = 0; i < 10; ++i) root->m_list.at(i).fetch();
     const auto changed = root->m_list.at(3).fetchWritable();
@@ -536,7 +516,6 @@ TEST(fio_File, entriesInsertedInTheMiddleKeepTheirOrder)
     const std::string path = folder.file("a.yld");
     {
         const fio_File file = fio_File::Create(path.c_str());
-        const Closing closing(file);
         sample_Thing thing;
         thing.m_list = mrp_Container<sample_Thing>::create(file.body());
         thing.m_list.append("b", Ref::create(file.body(), sample_Thing()));
@@ -549,7 +528,6 @@ TEST(fio_File, entriesInsertedInTheMiddleKeepTheirOrder)
         file.body()->save();
     }
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(file);
     std::string keys;
     const auto root = rootOf(file).fetch();
     for (int i = 0; i < root->m_list.size(); ++i) keys += root->m_list.key(i);
@@ -560,9 +538,8 @@ TEST(fio_File, readerInAnotherProcessFindsTheNewStateByRefreshing)
 {
     const ScratchFolder folder;
     const std::string path = folder.file("a.yld");
-    const Ref root = makeFile(path, sample_Thing());
+    const Made root = makeFile(path, sample_Thing());
     const fio_File reader = fio_File::Open(path.c_str(), false, true);
-    const Closing closing(reader);
     EXPECT_EQ(rootOf(reader).fetch()->m_number, 0);
     EXPECT_FALSE(reader.body()->refresh());
     const auto changed = root.fetchWritable();
