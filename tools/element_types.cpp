@@ -5,12 +5,20 @@
 #include <cctype>
 #include <string_view>
 
-namespace
-{
+namespace {
 
 enum FamilyEnm
 {
-    POINT, TRUSS, BEAM, TRIANGLE, QUADRILATERAL, HEXAHEDRON, TETRAHEDRON, WEDGE, PYRAMID, NO_FAMILY
+    POINT,
+    TRUSS,
+    BEAM,
+    TRIANGLE,
+    QUADRILATERAL,
+    HEXAHEDRON,
+    TETRAHEDRON,
+    WEDGE,
+    PYRAMID,
+    NO_FAMILY
 };
 
 struct FamilyName
@@ -19,6 +27,7 @@ struct FamilyName
     FamilyEnm family;
 };
 
+// clang-format off
 constexpr FamilyName familyNames[] = {
     {"POINT", POINT},        {"SPHERE", POINT},      {"CIRCLE", POINT},       {"NODE", POINT},
     {"TRUSS", TRUSS},        {"BAR", TRUSS},         {"ROD", TRUSS},          {"EDGE", TRUSS},
@@ -27,11 +36,12 @@ constexpr FamilyName familyNames[] = {
     {"TET", TETRAHEDRON},    {"TETRA", TETRAHEDRON}, {"WEDGE", WEDGE},        {"PYRAMID", PYRAMID},
     {"PYRA", PYRAMID},
 };
+// clang-format on
 
 struct Row
 {
     FamilyEnm family;
-    bool inSpace;  // a model of three dimensions
+    bool inSpace; // a model of three dimensions
     tool_ElementType type;
 };
 
@@ -93,6 +103,7 @@ const tool_ElementType* tool_elementType(const std::string& name, int numNodes, 
 {
     const FamilyEnm family = familyOf(name, numNodes);
     for (const Row& row : rows)
-        if (row.family == family && row.type.numNodes == numNodes && row.inSpace == (dimension == 3)) return &row.type;
+        if (row.family == family && row.type.numNodes == numNodes && row.inSpace == (dimension == 3))
+            return &row.type;
     return nullptr;
 }

@@ -16,9 +16,9 @@ enum tool_SideRuleEnm
 /// What a block of elements becomes.
 struct tool_ElementType
 {
-    const char* label;   ///< the library's element type label
+    const char* label; ///< the library's element type label
     int numNodes;
-    const int* order;    ///< ours[i] = theirs[order[i]]; null where the orders agree
+    const int* order; ///< ours[i] = theirs[order[i]]; null where the orders agree
     tool_SideRuleEnm sides;
 };
 

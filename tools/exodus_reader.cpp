@@ -8,8 +8,7 @@
 #include <exodusII.h>
 #include <limits>
 
-namespace
-{
+namespace {
 
 constexpr ex_entity_type entityTypes[] = {EX_GLOBAL, EX_NODAL, EX_ELEM_BLOCK, EX_NODE_SET, EX_SIDE_SET};
 
@@ -85,10 +84,9 @@ void exo_Reader::readDescription()
         throw tool_Failure("a model of " + std::to_string(m_dimension) + " dimensions: " + m_path);
     m_numNodes = number(parameters.num_nodes, "nodes");
     m_numElements = number(parameters.num_elem, "elements");
-    m_numOtherEntities =
-        number(parameters.num_edge_blk + parameters.num_face_blk + parameters.num_edge_sets +
-                   parameters.num_face_sets + parameters.num_elem_sets,
-               "edge and face blocks");
+    m_numOtherEntities = number(parameters.num_edge_blk + parameters.num_face_blk + parameters.num_edge_sets +
+                                    parameters.num_face_sets + parameters.num_elem_sets,
+                                "edge and face blocks");
 
     const std::int64_t used = ex_inquire_int(m_id, EX_INQ_DB_MAX_USED_NAME_LENGTH);
     const std::int64_t allowed = ex_inquire_int(m_id, EX_INQ_DB_MAX_ALLOWED_NAME_LENGTH);
@@ -154,7 +152,8 @@ void exo_Reader::readSets(int count, bool areSides, std::vector<exo_Set>& into) 
     for (std::size_t i = 0; i < ids.size(); ++i) {
         int size = 0, factors = 0;
         check(ex_get_set_param(m_id, type, ids[i], &size, &factors), what);
-        into.push_back({ids[i], setNames[i], number(size, "members of a set"), number(factors, "distribution factors")});
+        into.push_back(
+            {ids[i], setNames[i], number(size, "members of a set"), number(factors, "distribution factors")});
     }
 }
 
@@ -239,8 +238,9 @@ void exo_Reader::sidesOf(const exo_Set& set, std::vector<int>& elements, std::ve
     check(ex_get_set(m_id, EX_SIDE_SET, set.id, elements.data(), sides.data()), "a side set");
     for (int& element : elements) {
         if (element < 1 || element > m_numElements)
-            throw tool_Failure("side set " + std::to_string(set.id) + " names element " + std::to_string(element) +
-                               " of " + std::to_string(m_numElements) + ": " + m_path);
+            throw tool_Failure("side set " + std::to_string(set.id) + " names element " +
+                               std::to_string(element) + " of " + std::to_string(m_numElements) + ": " +
+                               m_path);
         --element;
     }
 }
@@ -258,7 +258,7 @@ void exo_Reader::elementValues(int step, std::size_t variable, const exo_Block& 
 {
     values.resize(static_cast<std::size_t>(block.numElements));
     if (values.empty()) return;
-    check(ex_get_var(m_id, step + 1, EX_ELEM_BLOCK, static_cast<int>(variable) + 1, block.id, block.numElements,
-                     values.data()),
+    check(ex_get_var(m_id, step + 1, EX_ELEM_BLOCK, static_cast<int>(variable) + 1, block.id,
+                     block.numElements, values.data()),
           ("element variable " + m_variables[exo_ELEMENT][variable]).c_str());
 }

@@ -9,19 +9,19 @@
 struct exo_Block
 {
     std::int64_t id = 0;
-    std::string name;             ///< empty where the file gives none
-    std::string type;             ///< as written, for example "HEX8" or "tetra"
+    std::string name; ///< empty where the file gives none
+    std::string type; ///< as written, for example "HEX8" or "tetra"
     int numElements = 0;
     int nodesPerElement = 0;
     int numAttributes = 0;
-    int firstElement = 0;         ///< position of its first element in the file, counted from 0
+    int firstElement = 0; ///< position of its first element in the file, counted from 0
 };
 
 /// One node set or side set as the file describes it.
 struct exo_Set
 {
     std::int64_t id = 0;
-    std::string name;             ///< empty where the file gives none
+    std::string name; ///< empty where the file gives none
     int size = 0;
     int numDistributionFactors = 0;
 };
@@ -36,8 +36,8 @@ enum exo_VariableKindEnm
     exo_SIDE_SET
 };
 
-/// An Exodus II file opened for reading. All reading goes through here; every failure is a tool_Failure with the
-/// path in it, and the C library prints nothing. Positions of nodes, elements and steps count from 0.
+/// An Exodus II file opened for reading. All reading goes through here; every failure is a tool_Failure with
+/// the path in it, and the C library prints nothing. Positions of nodes, elements and steps count from 0.
 class exo_Reader
 {
 public:
@@ -79,7 +79,8 @@ public:
     /// One value a node. `values` is resized; a buffer to use again spares memory.
     void nodalValues(int step, std::size_t variable, std::vector<double>& values) const;
     /// One value an element of the block.
-    void elementValues(int step, std::size_t variable, const exo_Block& block, std::vector<double>& values) const;
+    void elementValues(int step, std::size_t variable, const exo_Block& block,
+                       std::vector<double>& values) const;
 
 private:
     void check(int status, const char* what) const;

@@ -6,8 +6,7 @@
 #include <map>
 #include <set>
 
-namespace
-{
+namespace {
 
 using Names = std::vector<std::string>;
 
@@ -36,8 +35,8 @@ std::size_t placeOf(const Names& names, const std::string& name)
 // 0 to 5 in the order 11 22 33 12 13 23; none for letters that are no pair of axes.
 std::size_t tensorPlace(const std::string& pair)
 {
-    static const std::map<std::string, std::size_t> places = {{"xx", 0}, {"yy", 1}, {"zz", 2}, {"xy", 3}, {"yx", 3},
-                                                              {"zx", 4}, {"xz", 4}, {"yz", 5}, {"zy", 5}};
+    static const std::map<std::string, std::size_t> places = {
+        {"xx", 0}, {"yy", 1}, {"zz", 2}, {"xy", 3}, {"yx", 3}, {"zx", 4}, {"xz", 4}, {"yz", 5}, {"zy", 5}};
     const auto found = places.find(lower(pair));
     return found == places.end() ? none : found->second;
 }
@@ -81,7 +80,8 @@ private:
         const std::string& name = m_nodal[first];
         if (name.empty()) return false;
         const char last = name.back();
-        if (last != 'x' && last != 'X' && last != 'y' && last != 'Y' && last != 'z' && last != 'Z') return false;
+        if (last != 'x' && last != 'X' && last != 'y' && last != 'Y' && last != 'z' && last != 'Z')
+            return false;
         const std::string stem = name.substr(0, name.size() - 1);
         const char x = std::isupper(static_cast<unsigned char>(last)) ? 'X' : 'x';
         if (isTensorRow(stem, x)) return false;
@@ -90,7 +90,8 @@ private:
         for (int axis = 0; axis < width; ++axis)
             members.push_back(placeOf(m_nodal, stem + static_cast<char>(x + axis)));
         // A plane vector is not read into the first two components of one in space, nor a line into a plane.
-        if (m_dimension == 1 || std::find(members.begin(), members.end(), none) != members.end()) return false;
+        if (m_dimension == 1 || std::find(members.begin(), members.end(), none) != members.end())
+            return false;
         if (std::find(members.begin(), members.end(), first) == members.end()) return false;
         if (!m_refused.insert(stem).second || !isFree(stemName(stem), "vector")) return false;
 
@@ -147,7 +148,8 @@ private:
         const std::string stem = name.substr(0, name.size() - 2);
         Tensor& tensor = m_tensors[stem];
         const auto& members = tensor.members;
-        if (tensor.isAmbiguous || std::find(members.begin(), members.end(), none) != members.end()) return false;
+        if (tensor.isAmbiguous || std::find(members.begin(), members.end(), none) != members.end())
+            return false;
         tensor.isAmbiguous = true; // decided now, either way
         if (stemName(stem).empty()) return false;
         for (const std::size_t member : members)
@@ -211,10 +213,10 @@ private:
 
 } // namespace
 
-std::vector<tool_PlannedField> tool_planFields(int dimension, const std::vector<std::string>& nodal,
-                                               const std::vector<std::string>& element,
-                                               const std::function<bool(std::size_t, std::size_t)>& sameBlocks,
-                                               const std::function<void(const std::string&)>& note)
+std::vector<tool_PlannedField>
+tool_planFields(int dimension, const std::vector<std::string>& nodal, const std::vector<std::string>& element,
+                const std::function<bool(std::size_t, std::size_t)>& sameBlocks,
+                const std::function<void(const std::string&)>& note)
 {
     return Planner(dimension, nodal, element, sameBlocks, note).plan();
 }

@@ -15,8 +15,7 @@
 #include <optional>
 #include <set>
 
-namespace
-{
+namespace {
 
 // Closes a database that a failure left open, without saving.
 class OpenDatabase
@@ -54,9 +53,9 @@ public:
     {
         m_types = elementTypes();
         const std::string partName = std::filesystem::path(m_reader.path()).stem().string();
-        yld_Part& part = m_database.Part(partName.c_str(),
-                                         m_reader.dimension() == 3 ? yld_Enum::THREE_D : yld_Enum::TWO_D_PLANAR,
-                                         yld_Enum::DEFORMABLE_BODY);
+        yld_Part& part = m_database.Part(
+            partName.c_str(), m_reader.dimension() == 3 ? yld_Enum::THREE_D : yld_Enum::TWO_D_PLANAR,
+            yld_Enum::DEFORMABLE_BODY);
         addNodes(part);
         addBlocks(part);
         yld_Instance& instance = m_database.rootAssembly().Instance((partName + "-1").c_str(), part);
@@ -112,9 +111,9 @@ private:
             if (block.numElements > 0) {
                 type = tool_elementType(block.type, block.nodesPerElement, m_reader.dimension());
                 if (type == nullptr)
-                    throw tool_Failure("block " + std::to_string(block.id) + " has elements of type \"" + block.type +
-                                       "\" with " + std::to_string(block.nodesPerElement) + " nodes in " +
-                                       std::to_string(m_reader.dimension()) +
+                    throw tool_Failure("block " + std::to_string(block.id) + " has elements of type \"" +
+                                       block.type + "\" with " + std::to_string(block.nodesPerElement) +
+                                       " nodes in " + std::to_string(m_reader.dimension()) +
                                        " dimensions, which have no counterpart: " + m_reader.path());
             }
             types.push_back(type);
@@ -167,13 +166,14 @@ private:
             std::vector<int> row(static_cast<std::size_t>(type.numNodes));
             for (std::size_t at = 0; at < theirs.size(); at += row.size()) {
                 for (std::size_t i = 0; i < row.size(); ++i) {
-                    const std::size_t place = type.order == nullptr ? i : static_cast<std::size_t>(type.order[i]);
+                    const std::size_t place =
+                        type.order == nullptr ? i : static_cast<std::size_t>(type.order[i]);
                     row[i] = m_nodeLabels[static_cast<std::size_t>(theirs[at + place])];
                 }
                 rows.append(yld_Sequence<int>(row.data(), type.numNodes));
             }
-            // Classes are told apart by type and by the category's description: the block's name keeps two blocks
-            // of one type apart.
+            // Classes are told apart by type and by the category's description: the block's name keeps two
+            // blocks of one type apart.
             const yld_String name(m_blockNames[b].c_str());
             const yld_SectionCategory category = m_database.SectionCategory(name, name);
             part.addElements(sequence(m_blockLabels[b]), rows, type.label, name, category);
@@ -183,7 +183,8 @@ private:
     void addElementSets(yld_Instance& instance)
     {
         for (std::size_t b = 0; b < m_blockLabels.size(); ++b)
-            if (m_types[b] != nullptr) instance.ElementSet(m_blockNames[b].c_str(), sequence(m_blockLabels[b]));
+            if (m_types[b] != nullptr)
+                instance.ElementSet(m_blockNames[b].c_str(), sequence(m_blockLabels[b]));
     }
 
     void addNodeSets(yld_Part& part, yld_Instance& instance)
@@ -265,12 +266,13 @@ private:
                 if (m_reader.hasVariable(block, a) != m_reader.hasVariable(block, b)) return false;
             return true;
         };
-        const std::vector<tool_PlannedField> fields =
-            tool_planFields(m_reader.dimension(), m_reader.variables(exo_NODAL), m_reader.variables(exo_ELEMENT),
-                            sameBlocks, [this](const std::string& note) { m_notes.push_back(note); });
+        const std::vector<tool_PlannedField> fields = tool_planFields(
+            m_reader.dimension(), m_reader.variables(exo_NODAL), m_reader.variables(exo_ELEMENT), sameBlocks,
+            [this](const std::string& note) { m_notes.push_back(note); });
 
         const std::string fileName = std::filesystem::path(m_reader.path()).filename().string();
-        const std::string description = m_reader.title().empty() ? "time steps of " + fileName : m_reader.title();
+        const std::string description =
+            m_reader.title().empty() ? "time steps of " + fileName : m_reader.title();
         yld_Step& step = m_database.Step("Step-1", description.c_str(), yld_Enum::TIME,
                                          times.back() > 0.0 ? times.back() : 1.0);
         tool_Progress progress("importing", static_cast<int>(times.size()));
@@ -295,8 +297,9 @@ private:
             invariants = {yld_Enum::MAGNITUDE};
         } else if (planned.type == tool_PlannedField::TENSOR) {
             type = yld_Enum::TENSOR_3D_FULL;
-            invariants = {yld_Enum::MISES,         yld_Enum::TRESCA,        yld_Enum::PRESS,        yld_Enum::INV3,
-                          yld_Enum::MAX_PRINCIPAL, yld_Enum::MID_PRINCIPAL, yld_Enum::MIN_PRINCIPAL};
+            invariants = {yld_Enum::MISES,        yld_Enum::TRESCA,        yld_Enum::PRESS,
+                          yld_Enum::INV3,         yld_Enum::MAX_PRINCIPAL, yld_Enum::MID_PRINCIPAL,
+                          yld_Enum::MIN_PRINCIPAL};
         }
         yld_Sequence<yld_String> labels;
         for (const std::string& label : planned.componentLabels)
@@ -314,8 +317,9 @@ private:
                 m_reader.nodalValues(index, planned.nodal[c], m_column);
                 fillColumn(c, width);
             }
-            field.addBulkData(yld_Enum::NODAL, instance, m_nodeLabels.data(), static_cast<int>(m_nodeLabels.size()),
-                              m_rows.data(), static_cast<int>(m_nodeLabels.size()), static_cast<int>(width));
+            field.addBulkData(yld_Enum::NODAL, instance, m_nodeLabels.data(),
+                              static_cast<int>(m_nodeLabels.size()), m_rows.data(),
+                              static_cast<int>(m_nodeLabels.size()), static_cast<int>(width));
         }
         if (planned.element.empty()) return;
         const std::size_t width = planned.element.size();
@@ -327,8 +331,9 @@ private:
                 m_reader.elementValues(index, planned.element[c], m_reader.blocks()[b], m_column);
                 fillColumn(c, width);
             }
-            field.addBulkData(yld_Enum::CENTROID, instance, elements.data(), static_cast<int>(elements.size()),
-                              m_rows.data(), static_cast<int>(elements.size()), static_cast<int>(width));
+            field.addBulkData(yld_Enum::CENTROID, instance, elements.data(),
+                              static_cast<int>(elements.size()), m_rows.data(),
+                              static_cast<int>(elements.size()), static_cast<int>(width));
         }
     }
 

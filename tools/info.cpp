@@ -13,10 +13,10 @@
 #include <utility>
 #include <vector>
 
-namespace
-{
+namespace {
 
-// A database is an SQLite file, which keeps its user's version number in four bytes of the header, highest first.
+// A database is an SQLite file, which keeps its user's version number in four bytes of the header, highest
+// first.
 int databaseVersion(const std::string& path)
 {
     constexpr long offset = 60;
@@ -224,13 +224,15 @@ private:
 
     void entity(const char* kind, const yld_DiscreteEntity& what)
     {
-        m_output << '\n' << kind << " \"" << tool_text(what.name()) << "\": " << what.nodes().size() << " nodes, "
+        m_output << '\n'
+                 << kind << " \"" << tool_text(what.name()) << "\": " << what.nodes().size() << " nodes, "
                  << what.elements().size() << " elements\n";
         const yld_Sequence<yld_ElementClass>& classes = what.elementClasses();
         for (int i = 0; i < classes.size(); ++i) {
             m_output << "  ";
             m_output.left(tool_text(classes[i].typeLabel()), 14);
-            m_output << classes[i].numElements() << " elements of " << classes[i].numNodesPerElement() << " nodes";
+            m_output << classes[i].numElements() << " elements of " << classes[i].numNodesPerElement()
+                     << " nodes";
             const std::string category = tool_text(classes[i].categoryLabel());
             if (!category.empty()) m_output << ", " << category;
             m_output << '\n';
@@ -260,9 +262,10 @@ private:
     void step(yld_Step& what)
     {
         const int count = what.frames().size();
-        m_output << "\nstep \"" << tool_text(what.name()) << "\": " << tool_text(what.procedure()) << ", domain "
-                 << tool_domainName(what.domain()) << ", time period " << tool_numberText(what.timePeriod()) << ", "
-                 << count << (count == 1 ? " frame\n" : " frames\n");
+        m_output << "\nstep \"" << tool_text(what.name()) << "\": " << tool_text(what.procedure())
+                 << ", domain " << tool_domainName(what.domain()) << ", time period "
+                 << tool_numberText(what.timePeriod()) << ", " << count
+                 << (count == 1 ? " frame\n" : " frames\n");
         if (count == 0) return;
         m_output << "  ";
         m_output.right("frame", 8);

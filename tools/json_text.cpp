@@ -3,8 +3,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace
-{
+namespace {
 
 template<class T>
 std::string_view shortest(T number, char (&buffer)[32])
@@ -15,8 +14,8 @@ std::string_view shortest(T number, char (&buffer)[32])
     return {buffer, static_cast<std::size_t>(end.ptr - buffer)};
 }
 
-// The length of the UTF-8 character that starts here; 0 if there is none: stray or missing continuation bytes,
-// overlong forms, surrogates, numbers past the last character.
+// The length of the UTF-8 character that starts here; 0 if there is none: stray or missing continuation
+// bytes, overlong forms, surrogates, numbers past the last character.
 std::size_t characterLength(std::string_view text)
 {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };

@@ -10,9 +10,10 @@
 std::string tool_numberText(float number);
 std::string tool_numberText(double number);
 
-/// Writes one JSON document as it comes, so that a million values need no memory. Commas and nesting are looked
-/// after; keys and values must come in turn. Text that is not UTF-8 gets U+FFFD in the place of each bad byte.
-/// Numbers are printed so that they read back exactly; NaN and the infinities, which JSON has not, become null.
+/// Writes one JSON document as it comes, so that a million values need no memory. Commas and nesting are
+/// looked after; keys and values must come in turn. Text that is not UTF-8 gets U+FFFD in the place of each
+/// bad byte. Numbers are printed so that they read back exactly; NaN and the infinities, which JSON has not,
+/// become null.
 class tool_JsonWriter
 {
 public:

@@ -21,7 +21,8 @@ inline std::string tool_text(const yld_String& text)
 }
 std::vector<std::string> tool_texts(const yld_Sequence<yld_String>& texts);
 
-/// ", there is: a, b, c" for an error message; a count where the names would fill the screen, and a word for none.
+/// ", there is: a, b, c" for an error message; a count where the names would fill the screen, and a word for
+/// none.
 std::string tool_choices(const std::vector<std::string>& names);
 
 /// Line breaks and other control characters become blanks, blanks in a row become one.

@@ -12,8 +12,7 @@
 #include <sys/stat.h>
 #include <vector>
 
-namespace
-{
+namespace {
 
 // The header of a netCDF classic file (versions 1, 2 and 5) as far as it tells where the data end.
 class HeaderReader
@@ -49,7 +48,8 @@ private:
     std::uint64_t bigEndian(int bytes)
     {
         unsigned char raw[8];
-        if (std::fread(raw, 1, static_cast<std::size_t>(bytes), m_file) != static_cast<std::size_t>(bytes)) tooShort();
+        if (std::fread(raw, 1, static_cast<std::size_t>(bytes), m_file) != static_cast<std::size_t>(bytes))
+            tooShort();
         std::uint64_t number = 0;
         for (int i = 0; i < bytes; ++i)
             number = number << 8 | raw[i];
@@ -88,11 +88,23 @@ private:
     std::uint64_t typeSize()
     {
         switch (bigEndian(4)) {
-        case 1: case 2: case 7: return 1;
-        case 3: case 8: return 2;
-        case 4: case 5: case 9: return 4;
-        case 6: case 10: case 11: return 8;
-        default: damaged();
+        case 1:
+        case 2:
+        case 7:
+            return 1;
+        case 3:
+        case 8:
+            return 2;
+        case 4:
+        case 5:
+        case 9:
+            return 4;
+        case 6:
+        case 10:
+        case 11:
+            return 8;
+        default:
+            damaged();
         }
     }
 
@@ -173,7 +185,8 @@ void tool_requireWholeNetcdf(const std::string& path)
 {
     struct stat status;
     if (::stat(path.c_str(), &status) != 0)
-        throw tool_Failure(std::string(errno == ENOENT ? "no such file" : std::strerror(errno)) + ": " + path);
+        throw tool_Failure(std::string(errno == ENOENT ? "no such file" : std::strerror(errno)) + ": " +
+                           path);
     if (S_ISDIR(status.st_mode)) throw tool_Failure("is a directory: " + path);
     if (!S_ISREG(status.st_mode)) throw tool_Failure("is no plain file: " + path);
     if (status.st_size == 0) throw tool_Failure("file is empty: " + path);

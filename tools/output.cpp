@@ -7,8 +7,7 @@
 #include <cstring>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 
 std::size_t charactersIn(std::string_view text)
 {

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// Standard output, gathered into blocks. Every byte that the system does not take is an error: a listing cut short
-/// by a full disk must not look complete.
+/// Standard output, gathered into blocks. Every byte that the system does not take is an error: a listing cut
+/// short by a full disk must not look complete.
 class tool_Output
 {
 public:

@@ -4,8 +4,7 @@
 #include <string>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 constexpr int barWidth = 40;
 }
 

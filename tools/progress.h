@@ -1,8 +1,8 @@
 #ifndef PROGRESS_H
 #define PROGRESS_H
 
-/// A bar on standard error that grows with the steps done. Silent unless standard error is a terminal, and gone
-/// from it when this object is: what comes next starts on a clean line.
+/// A bar on standard error that grows with the steps done. Silent unless standard error is a terminal, and
+/// gone from it when this object is: what comes next starts on a clean line.
 class tool_Progress
 {
 public:

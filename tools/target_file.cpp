@@ -11,13 +11,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 
 namespace fs = std::filesystem;
 
-// What a signal handler has to remove: plain bytes, since it may not touch a string. The file itself, what the
-// library may keep beside it while it writes, and the lock.
+// What a signal handler has to remove: plain bytes, since it may not touch a string. The file itself, what
+// the library may keep beside it while it writes, and the lock.
 constexpr int numLeftovers = 3;
 char leftovers[numLeftovers][4096];
 std::atomic<bool> isWriting{false};

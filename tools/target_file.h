@@ -3,14 +3,14 @@
 
 #include <string>
 
-/// The file that a command makes. It is written under another name beside the target and takes the target's name
-/// when it is whole, so that nobody ever sees half of it. A failure, or a signal that ends the program, takes the
-/// unfinished file away. One at a time in a program.
+/// The file that a command makes. It is written under another name beside the target and takes the target's
+/// name when it is whole, so that nobody ever sees half of it. A failure, or a signal that ends the program,
+/// takes the unfinished file away. One at a time in a program.
 class tool_TargetFile
 {
 public:
-    /// Checks before any work is done: raises tool_Failure if the target exists and may not be replaced, is what
-    /// `source` is, is locked by a writer, or cannot be written.
+    /// Checks before any work is done: raises tool_Failure if the target exists and may not be replaced, is
+    /// what `source` is, is locked by a writer, or cannot be written.
     /// @param mayReplace  an existing target gives way, once the new file is whole
     tool_TargetFile(const std::string& target, const std::string& source, bool mayReplace);
     ~tool_TargetFile();

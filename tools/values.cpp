@@ -9,8 +9,7 @@
 #include <algorithm>
 #include <vector>
 
-namespace
-{
+namespace {
 
 // What the rows to print have in common.
 struct Layout
@@ -28,8 +27,9 @@ struct Layout
 struct Block
 {
     explicit Block(const yld_FieldBulkData& data)
-        : bulk(data), instance(tool_text(data.instance().name())), position(tool_positionName(data.position())),
-          nodes(data.nodeLabels()), elements(data.elementLabels()), points(data.integrationPoints())
+        : bulk(data), instance(tool_text(data.instance().name())),
+          position(tool_positionName(data.position())), nodes(data.nodeLabels()),
+          elements(data.elementLabels()), points(data.integrationPoints())
     {
     }
 
@@ -37,7 +37,8 @@ struct Block
     std::string component(int row, int column) const
     {
         const std::ptrdiff_t at = static_cast<std::ptrdiff_t>(row) * bulk.width() + column;
-        return bulk.data() != nullptr ? tool_numberText(bulk.data()[at]) : tool_numberText(bulk.dataDouble()[at]);
+        return bulk.data() != nullptr ? tool_numberText(bulk.data()[at])
+                                      : tool_numberText(bulk.dataDouble()[at]);
     }
 
     const yld_FieldBulkData& bulk;
@@ -49,7 +50,8 @@ struct Block
 };
 
 void printJson(const tool_ValuesRequest& request, const std::string& step, int frame,
-               const std::vector<std::string>& components, const std::vector<Block>& blocks, tool_Output& output)
+               const std::vector<std::string>& components, const std::vector<Block>& blocks,
+               tool_Output& output)
 {
     tool_JsonWriter json(output);
     json.beginObject();
@@ -166,7 +168,8 @@ void printTable(const Layout& layout, const std::vector<Block>& blocks, tool_Out
             label(layout.hasElement, block.elements, row);
             label(layout.hasPoint, block.points, row);
             if (layout.hasSectionPoint)
-                output.right(block.sectionPoint() > 0 ? std::to_string(block.sectionPoint()) : "", labelWidth);
+                output.right(block.sectionPoint() > 0 ? std::to_string(block.sectionPoint()) : "",
+                             labelWidth);
             for (int column = 0; column < block.bulk.width(); ++column)
                 output.right(block.component(row, column), widths[static_cast<std::size_t>(column)]);
             output << '\n';
@@ -210,8 +213,8 @@ void tool_values(const tool_ValuesRequest& request)
     yld_Step& step = findStep(*database, request);
     const int index = findFrame(step, request);
     const yld_Frame& frame = step.frames(index);
-    const std::string where = "frame " + std::to_string(index) + " of step \"" + tool_text(step.name()) + "\" of " +
-                              request.path;
+    const std::string where =
+        "frame " + std::to_string(index) + " of step \"" + tool_text(step.name()) + "\" of " + request.path;
     if (!frame.fieldOutputs().isMember(request.field.c_str()))
         throw tool_Failure("no field \"" + request.field + "\" in " + where +
                            tool_choices(tool_texts(frame.fieldOutputs().getFieldOutputNames())));
@@ -243,8 +246,8 @@ void tool_values(const tool_ValuesRequest& request)
         blocks.push_back(block);
     }
     if (!request.position.empty() && !contains(positions, request.position))
-        throw tool_Failure("field \"" + request.field + "\" has no values at position " + request.position + " in " +
-                           where + tool_choices(positions));
+        throw tool_Failure("field \"" + request.field + "\" has no values at position " + request.position +
+                           " in " + where + tool_choices(positions));
     if (!request.instance.empty() && !contains(instances, request.instance))
         throw tool_Failure("field \"" + request.field + "\" has no values on instance \"" + request.instance +
                            "\" in " + where + tool_choices(instances));
@@ -257,7 +260,8 @@ void tool_values(const tool_ValuesRequest& request)
     tool_Output output;
     switch (request.format) {
     case tool_ValuesRequest::JSON:
-        printJson(request, tool_text(step.name()), index, tool_texts(field.componentLabels()), blocks, output);
+        printJson(request, tool_text(step.name()), index, tool_texts(field.componentLabels()), blocks,
+                  output);
         break;
     case tool_ValuesRequest::CSV:
         printCsv(layout, blocks, output);

@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-/// The problem that the analysis solves and the report checks: a steel bar, clamped at one end, with a load across
-/// the other end that grows in equal increments. Metres, newtons, pascals.
+/// The problem that the analysis solves and the report checks: a steel bar, clamped at one end, with a load
+/// across the other end that grows in equal increments. Metres, newtons, pascals.
 ///
 ///        z                        | load
 ///        |_____________________   v

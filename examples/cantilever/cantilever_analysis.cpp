@@ -1,5 +1,5 @@
-// A small but genuine finite-element analysis that writes its results the way a solver does: through the public
-// interface alone, increment by increment.
+// A small but genuine finite-element analysis that writes its results the way a solver does: through the
+// public interface alone, increment by increment.
 //
 //     cantilever_analysis FILE.yld [NX NY NZ]
 
@@ -18,8 +18,7 @@
 #include <string_view>
 #include <vector>
 
-namespace
-{
+namespace {
 
 struct Divisions
 {
@@ -55,7 +54,8 @@ public:
         const auto at = [&](int di, int dj, int dk) {
             return i + di + (m_n.x + 1) * (j + dj + (m_n.y + 1) * (k + dk));
         };
-        return {at(0, 0, 0), at(1, 0, 0), at(1, 1, 0), at(0, 1, 0), at(0, 0, 1), at(1, 0, 1), at(1, 1, 1), at(0, 1, 1)};
+        return {at(0, 0, 0), at(1, 0, 0), at(1, 1, 0), at(0, 1, 0),
+                at(0, 0, 1), at(1, 0, 1), at(1, 1, 1), at(0, 1, 1)};
     }
 
     bool isRoot(int nodeIndex) const { return nodeIndex % (m_n.x + 1) == 0; }
@@ -114,7 +114,8 @@ public:
         for (int e = 0; e < m_mesh.numElements(); ++e)
             if (m_mesh.isTipElement(e))
                 for (const int node : m_mesh.element(e))
-                    if (m_mesh.isTip(node)) loads[m_freedoms[static_cast<std::size_t>(3 * node + 2)]] -= force / faces / 4.0;
+                    if (m_mesh.isTip(node))
+                        loads[m_freedoms[static_cast<std::size_t>(3 * node + 2)]] -= force / faces / 4.0;
         const Eigen::VectorXd solution = m_solver.solve(loads);
         if (m_solver.info() != Eigen::Success) throw std::runtime_error("no solution");
         Eigen::VectorXd displacements = Eigen::VectorXd::Zero(3 * m_mesh.numNodes());
@@ -123,7 +124,8 @@ public:
         return displacements;
     }
 
-    std::array<Hex8::Stress, Hex8::numPoints> stresses(int element, const Eigen::VectorXd& displacements) const
+    std::array<Hex8::Stress, Hex8::numPoints> stresses(int element,
+                                                       const Eigen::VectorXd& displacements) const
     {
         const std::array<int, Hex8::numNodes> nodes = m_mesh.element(element);
         Hex8::Displacements local;
@@ -135,7 +137,8 @@ public:
 private:
     int freedom(const std::array<int, Hex8::numNodes>& nodes, int local) const
     {
-        return m_freedoms[static_cast<std::size_t>(3 * nodes[static_cast<std::size_t>(local / 3)] + local % 3)];
+        return m_freedoms[static_cast<std::size_t>(3 * nodes[static_cast<std::size_t>(local / 3)] +
+                                                   local % 3)];
     }
 
     const Mesh& m_mesh;
@@ -188,7 +191,8 @@ yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh, yld_Sequence<int>& nodes
 }
 
 void writeFrame(yld_Step& step, int increment, const Mesh& mesh, const Structure& structure,
-                const yld_Instance& instance, const yld_Sequence<int>& nodes, const yld_Sequence<int>& elements)
+                const yld_Instance& instance, const yld_Sequence<int>& nodes,
+                const yld_Sequence<int>& elements)
 {
     const double fraction = static_cast<double>(increment) / Cantilever::increments;
     const Eigen::VectorXd displacements = structure.solve(fraction * Cantilever::load);
@@ -196,7 +200,8 @@ void writeFrame(yld_Step& step, int increment, const Mesh& mesh, const Structure
 
     yld_Sequence<yld_Enum::yld_InvariantEnum> length;
     length.append(yld_Enum::MAGNITUDE);
-    yld_FieldOutput& u = frame.FieldOutput("U", "displacement", yld_Enum::VECTOR, yld_Sequence<yld_String>(), length);
+    yld_FieldOutput& u =
+        frame.FieldOutput("U", "displacement", yld_Enum::VECTOR, yld_Sequence<yld_String>(), length);
     yld_Sequence<yld_Sequence<float>> rows;
     for (int i = 0; i < mesh.numNodes(); ++i) {
         const Eigen::Vector3f value = displacements.segment<3>(3 * i).cast<float>();
@@ -225,7 +230,8 @@ int division(const char* text)
     const char* const end = text + std::strlen(text);
     const std::from_chars_result result = std::from_chars(text, end, number);
     if (result.ec != std::errc() || result.ptr != end || number < 1 || number > 1000)
-        throw std::invalid_argument(std::string("divisions are whole numbers from 1 to 1000, not \"") + text + "\"");
+        throw std::invalid_argument(std::string("divisions are whole numbers from 1 to 1000, not \"") + text +
+                                    "\"");
     return number;
 }
 
@@ -235,7 +241,8 @@ void analyse(const std::string& path, const Divisions& divisions)
     std::remove(path.c_str());
     const Mesh mesh(divisions);
     const Structure structure(mesh);
-    yld_Yld& db = Yld("cantilever", "Cantilever of hexahedra", "clamped bar, end load in ten increments", path.c_str());
+    yld_Yld& db =
+        Yld("cantilever", "Cantilever of hexahedra", "clamped bar, end load in ten increments", path.c_str());
     yld_Sequence<int> nodes, elements;
     const yld_Instance& instance = writeModel(db, mesh, nodes, elements);
     yld_Step& step = db.Step("load", "the end load grows to its full size", yld_Enum::TIME, 1.0);
@@ -243,8 +250,8 @@ void analyse(const std::string& path, const Divisions& divisions)
         writeFrame(step, increment, mesh, structure, instance, nodes, elements);
     saveYld(db);
     db.close();
-    std::printf("%s: %d nodes, %d elements, %d increments\n", path.c_str(), mesh.numNodes(), mesh.numElements(),
-                Cantilever::increments);
+    std::printf("%s: %d nodes, %d elements, %d increments\n", path.c_str(), mesh.numNodes(),
+                mesh.numElements(), Cantilever::increments);
 }
 
 } // namespace
@@ -252,7 +259,8 @@ void analyse(const std::string& path, const Divisions& divisions)
 int main(int argc, char** argv)
 {
     try {
-        if (argc != 2 && argc != 5) throw std::invalid_argument("usage: cantilever_analysis FILE.yld [NX NY NZ]");
+        if (argc != 2 && argc != 5)
+            throw std::invalid_argument("usage: cantilever_analysis FILE.yld [NX NY NZ]");
         const std::string path = argv[1];
         if (!std::string_view(path).ends_with(".yld"))
             throw std::invalid_argument("the name of the results file ends in .yld, not as in " + path);

@@ -1,5 +1,5 @@
-// Opens the results that cantilever_analysis wrote, walks model, steps and frames, and holds the numbers against
-// beam theory.
+// Opens the results that cantilever_analysis wrote, walks model, steps and frames, and holds the numbers
+// against beam theory.
 //
 //     cantilever_report FILE.yld
 
@@ -14,8 +14,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace
-{
+namespace {
 
 void printModel(yld_Yld& db)
 {
@@ -24,8 +23,8 @@ void printModel(yld_Yld& db)
     const yld_Sequence<yld_String> names = instances.keys();
     for (int i = 0; i < names.size(); ++i) {
         const yld_Instance& instance = instances.constGet(names[i]);
-        std::printf("  instance %s of part %s: %d nodes, %d elements\n", names[i].cStr(), instance.partName().cStr(),
-                    instance.nodes().size(), instance.elements().size());
+        std::printf("  instance %s of part %s: %d nodes, %d elements\n", names[i].cStr(),
+                    instance.partName().cStr(), instance.nodes().size(), instance.elements().size());
         const yld_Sequence<yld_ElementClass>& classes = instance.elementClasses();
         for (int c = 0; c < classes.size(); ++c)
             std::printf("    %d elements of type %s, %d integration points each\n", classes[c].numElements(),
@@ -33,8 +32,8 @@ void printModel(yld_Yld& db)
     }
 }
 
-// The mean displacement of the tip set across the bar, downwards. Read one by one; the bulk arrays, read beside,
-// must hold the same bits.
+// The mean displacement of the tip set across the bar, downwards. Read one by one; the bulk arrays, read
+// beside, must hold the same bits.
 double tipDeflection(const yld_Frame& frame, const yld_Instance& instance, long& compared)
 {
     const yld_FieldOutput& u = frame.fieldOutputs().get("U");
@@ -106,7 +105,8 @@ Place placeOf(const yld_Instance& instance, const Peak& peak)
     const double at[3] = {point & 1 ? side : -side, point & 2 ? side : -side, point & 4 ? side : -side};
     Place place;
     for (int i = 0; i < corners.size(); ++i) {
-        const double signs[3] = {i % 4 == 1 || i % 4 == 2 ? 1.0 : -1.0, i % 4 >= 2 ? 1.0 : -1.0, i >= 4 ? 1.0 : -1.0};
+        const double signs[3] = {i % 4 == 1 || i % 4 == 2 ? 1.0 : -1.0, i % 4 >= 2 ? 1.0 : -1.0,
+                                 i >= 4 ? 1.0 : -1.0};
         double weight = 0.125;
         for (int axis = 0; axis < 3; ++axis)
             weight *= 1.0 + signs[axis] * at[axis];
@@ -126,15 +126,17 @@ void report(const char* path)
     const yld_Sequence<yld_String> steps = db.steps().stepNames();
     for (int i = 0; i < steps.size(); ++i) {
         yld_Step& step = db.steps().get(steps[i]);
-        std::printf("step %s: %s, %d frames\n", steps[i].cStr(), step.description().cStr(), step.frames().size());
-        std::printf("  %9s %14s %14s %14s %11s\n", "increment", "load", "tip deflection", "beam theory", "difference");
+        std::printf("step %s: %s, %d frames\n", steps[i].cStr(), step.description().cStr(),
+                    step.frames().size());
+        std::printf("  %9s %14s %14s %14s %11s\n", "increment", "load", "tip deflection", "beam theory",
+                    "difference");
         for (int f = 0; f < step.frames().size(); ++f) {
             const yld_Frame& frame = step.frames(f);
             const double force = frame.frameValue() * Cantilever::load;
             const double deflection = tipDeflection(frame, instance, compared);
             const double theory = Cantilever::deflection(force);
-            std::printf("  %9d %14.6g %14.6g %14.6g %10.3f%%\n", frame.incrementNumber(), force, deflection, theory,
-                        100.0 * (deflection - theory) / theory);
+            std::printf("  %9d %14.6g %14.6g %14.6g %10.3f%%\n", frame.incrementNumber(), force, deflection,
+                        theory, 100.0 * (deflection - theory) / theory);
         }
         const yld_Frame& last = step.frames(step.frames().size() - 1);
         const double force = last.frameValue() * Cantilever::load;

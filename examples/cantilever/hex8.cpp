@@ -3,8 +3,7 @@
 #include <cmath>
 #include <stdexcept>
 
-namespace
-{
+namespace {
 
 using Gradients = Eigen::Matrix<double, Hex8::numNodes, 3>;
 
@@ -66,7 +65,8 @@ Hex8::Hex8(const Corners& corners, double youngsModulus, double poissonsRatio)
     m_stiffness.setZero();
     const double place = 1.0 / std::sqrt(3.0);
     for (int point = 0; point < numPoints; ++point) {
-        const Eigen::Vector3d at(point & 1 ? place : -place, point & 2 ? place : -place, point & 4 ? place : -place);
+        const Eigen::Vector3d at(point & 1 ? place : -place, point & 2 ? place : -place,
+                                 point & 4 ? place : -place);
         const Gradients natural = naturalGradients(at);
         const Eigen::Matrix3d jacobian = corners.transpose() * natural;
         const double volume = jacobian.determinant();
@@ -81,8 +81,8 @@ Hex8::Hex8(const Corners& corners, double youngsModulus, double poissonsRatio)
         modeStrain.setZero();
         for (int mode = 0; mode < numModes; ++mode) {
             // 1 - xi^2 has the derivative -2 xi; the metric of the centre keeps constant stress states pure.
-            const Eigen::Vector3d gradient = -2.0 * at[mode] * centreInverse.row(mode).transpose() *
-                                             (centreVolume / volume);
+            const Eigen::Vector3d gradient =
+                -2.0 * at[mode] * centreInverse.row(mode).transpose() * (centreVolume / volume);
             placeStrain(modeStrain, 3 * mode, gradient);
         }
         m_stiffness += volume * strain.transpose() * m_elasticity * strain;

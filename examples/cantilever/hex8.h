@@ -6,13 +6,14 @@
 
 /// An elastic brick of eight nodes with incompatible modes, integrated with 2 x 2 x 2 points.
 ///
-/// The plain brick locks in bending: its sides stay straight, and what should bend shears instead. Three quadratic
-/// modes inside the element, 1 - xi^2 and its like, give it the curvature; they are condensed out of the stiffness.
-/// With their derivatives taken at the centre of the element they pass the patch test for any shape (Taylor,
-/// Beresford, Wilson), and a rectangular element carries a bending moment exactly.
+/// The plain brick locks in bending: its sides stay straight, and what should bend shears instead. Three
+/// quadratic modes inside the element, 1 - xi^2 and its like, give it the curvature; they are condensed out
+/// of the stiffness. With their derivatives taken at the centre of the element they pass the patch test for
+/// any shape (Taylor, Beresford, Wilson), and a rectangular element carries a bending moment exactly.
 ///
 /// Nodes: 0 to 3 round the bottom, 4 to 7 round the top, both the same way. Strains and stresses in the order
-/// 11 22 33 12 13 23, shear strains doubled. Points: xi fastest, then eta, then zeta, each from minus to plus.
+/// 11 22 33 12 13 23, shear strains doubled. Points: xi fastest, then eta, then zeta, each from minus to
+/// plus.
 class Hex8
 {
 public:

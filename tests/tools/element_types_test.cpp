@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-namespace
-{
+namespace {
 
 std::string labelOf(const char* name, int numNodes, int dimension)
 {
@@ -50,7 +49,8 @@ TEST(element_types, unknownNamesAndCountsHaveNoType)
 
 TEST(element_types, everyOrderIsAPermutation)
 {
-    for (const auto& [name, count] : {std::pair("HEX", 20), std::pair("HEX", 27), std::pair("WEDGE", 15), std::pair("WEDGE", 18)}) {
+    for (const auto& [name, count] :
+         {std::pair("HEX", 20), std::pair("HEX", 27), std::pair("WEDGE", 15), std::pair("WEDGE", 18)}) {
         const tool_ElementType* const type = tool_elementType(name, count, 3);
         ASSERT_NE(nullptr, type);
         ASSERT_NE(nullptr, type->order);

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace
-{
+namespace {
 
 using Names = std::vector<std::string>;
 
@@ -86,14 +85,16 @@ TEST(field_plan, tensorWithHolesIsScalars)
     const Names names{"s_xx", "s_yy", "s_zz", "s_xy", "s_yz", "s_zx"};
     const Plan plan(3, {}, names, false);
     EXPECT_EQ(names, plan.names());
-    EXPECT_EQ(Names{"the components of tensor \"s\" stay scalars, not all blocks have all of them"}, plan.notes);
+    EXPECT_EQ(Names{"the components of tensor \"s\" stay scalars, not all blocks have all of them"},
+              plan.notes);
 }
 
 TEST(field_plan, stemThatIsTakenStaysFree)
 {
     const Plan plan(3, {"u_x", "u_y", "u_z"}, {"u"});
     EXPECT_EQ((Names{"u_x", "u_y", "u_z", "u"}), plan.names());
-    EXPECT_EQ(Names{"the components of vector \"u\" stay scalars, the name is that of another field"}, plan.notes);
+    EXPECT_EQ(Names{"the components of vector \"u\" stay scalars, the name is that of another field"},
+              plan.notes);
 }
 
 TEST(field_plan, vectorAndTensorOfOneStemStayApart)

@@ -46,7 +46,8 @@ TEST(json_text, documentIsWellFormed)
     json.member("e", std::numeric_limits<float>::infinity()).endObject();
     output.finish();
     std::fflush(stdout);
-    EXPECT_EQ("{\"a\":1,\"b\":[0.5,\"x\"],\"c\":{},\"d\":[],\"e\":null}", testing::internal::GetCapturedStdout());
+    EXPECT_EQ("{\"a\":1,\"b\":[0.5,\"x\"],\"c\":{},\"d\":[],\"e\":null}",
+              testing::internal::GetCapturedStdout());
 }
 
 TEST(json_text, textIsEscapedAndAlwaysUtf8)
@@ -54,9 +55,15 @@ TEST(json_text, textIsEscapedAndAlwaysUtf8)
     testing::internal::CaptureStdout();
     tool_Output output;
     tool_JsonWriter json(output);
-    json.beginArray().value("\"\\\n\x7f").value("gr\xc3\xbc\xc3\x9f").value("\xff\xc3(\xe2\x82").value("\xed\xa0\x80").endArray();
+    json.beginArray()
+        .value("\"\\\n\x7f")
+        .value("gr\xc3\xbc\xc3\x9f")
+        .value("\xff\xc3(\xe2\x82")
+        .value("\xed\xa0\x80")
+        .endArray();
     output.finish();
     std::fflush(stdout);
-    EXPECT_EQ("[\"\\\"\\\\\\u000a\\u007f\",\"gr\xc3\xbc\xc3\x9f\",\"\\ufffd\\ufffd(\\ufffd\\ufffd\",\"\\ufffd\\ufffd\\ufffd\"]",
+    EXPECT_EQ("[\"\\\"\\\\\\u000a\\u007f\",\"gr\xc3\xbc\xc3\x9f\",\"\\ufffd\\ufffd(\\ufffd\\ufffd\","
+              "\"\\ufffd\\ufffd\\ufffd\"]",
               testing::internal::GetCapturedStdout());
 }

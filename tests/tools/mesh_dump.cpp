@@ -6,8 +6,7 @@
 #include <cstdio>
 #include <exception>
 
-namespace
-{
+namespace {
 
 const char* comma(int i)
 {
