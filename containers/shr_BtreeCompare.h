@@ -5,8 +5,8 @@
 
 #include <type_traits>
 
-class YLD_API msg_StringBase;
-class YLD_API yld_String;
+class msg_StringBase;
+class yld_String;
 
 // The order of the keys of a shr_Btree: negative if the searched key sorts before the node's key, zero if they are
 // equal, positive if it sorts after. A further type of key needs an overload beside its class.

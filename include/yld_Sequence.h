@@ -3,12 +3,10 @@
 
 #include "containers/shr_1DArrayList.h"
 #include "yld_Export.h"
+#include "yld_String.h"
 
 #include <type_traits>
 
-// Visible from their first mention on, or the sequences of them would be taken for hidden.
-class YLD_API shr_String;
-class YLD_API yld_String;
 template<class T, class List>
 class yld_Sequence;
 

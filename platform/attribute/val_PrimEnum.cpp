@@ -1,3 +1,6 @@
+// Ahead of the strings: the map declares their classes, and a declaration must not follow the definition.
+#include "containers/shr_Map.h"
+
 #include "platform/attribute/val_PrimEnum.h"
 
 #include "platform/store/pcl_ClassMetadata.h"
@@ -44,6 +47,14 @@ void val_PrimEnumBase::DeclareMetadata(pcl_MetadataRegistrar& registrar)
 bool val_PrimEnumBase::SetValue(const char* text)
 {
     return text && setRow(rowOfText(rows(), text));
+}
+
+shr_Map<shr_String, unsigned> val_PrimEnumBase::PermissibleValues() const
+{
+    shr_Map<shr_String, unsigned> values;
+    for (const val_PrimEnumRow* row = rows(); row->text; ++row)
+        values.Insert(row->text, static_cast<unsigned>(row->value));
+    return values;
 }
 
 shr_String val_PrimEnumBase::PermissibleValuesAsString() const

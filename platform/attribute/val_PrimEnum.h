@@ -8,6 +8,8 @@
 class pcl_MetadataRegistrar;
 class pcl_ReadVisitor;
 class pcl_WriteVisitor;
+template<class K, class V>
+class shr_Map;
 
 /// A persistent value that stands inside another object.
 class val_Primitive
@@ -55,6 +57,9 @@ public:
     /// has no such text or the pointer is null.
     bool SetValue(const char* text);
 
+    /// The enumerators from text to number, built anew from the rows; walking the map gives the texts in its
+    /// own order. Include containers/shr_Map.h to use it.
+    shr_Map<shr_String, unsigned> PermissibleValues() const;
     /// The texts of the enumerators in the order of the table, parted by ", ".
     shr_String PermissibleValuesAsString() const;
 

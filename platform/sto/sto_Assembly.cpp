@@ -22,7 +22,7 @@ sto_Mesh sto_Assembly::Mesh(const sto_NodeArg& arg)
     if (hasMesh()) return mesh();
     const std::shared_ptr<mshK_Assembly> assembly = m_reference.fetchWritable();
     const sto_Mesh made = sto_Mesh::create(m_reference.file(), sto_newMeshIndex(m_model), arg.dimension);
-    assembly->m_mesh = made.reference();
+    assembly->m_mesh = made.shortCut();
     m_reference.replace(assembly);
     return made;
 }
@@ -61,6 +61,12 @@ sto_SetList sto_Assembly::set() const
 }
 
 namespace {
+
+lnk_ShortCut<setC_Set> present(const sto_Set& set, const std::string& name)
+{
+    if (!set.isValid()) throw exc_TextException(msg_Format("Set \"%s\" does not exist.", name.c_str()));
+    return set.shortCut();
+}
 
 setC_Set newSet(const sto_SetList& list, int type, const std::string& name, bool isInternal, bool isUnsorted)
 {
@@ -107,7 +113,7 @@ sto_Set sto_Assembly::Surface(const std::string& name, const std::vector<mshK_Su
 void sto_Assembly::modifyNodeSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups,
                                        bool /*isInternal*/, bool isUnsorted)
 {
-    const lnk_ShortCut<setC_Set> reference = set().find(setC_Set::nodeSet, name).reference();
+    const lnk_ShortCut<setC_Set> reference = present(set().find(setC_Set::nodeSet, name), name);
     const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
     changed->clear();
     changed->m_unsorted = isUnsorted;
@@ -120,7 +126,7 @@ void sto_Assembly::modifyNodeSetLabels(const std::string& name, const std::vecto
 void sto_Assembly::modifyElementSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups,
                                           bool /*isInternal*/)
 {
-    const lnk_ShortCut<setC_Set> reference = set().find(setC_Set::elementSet, name).reference();
+    const lnk_ShortCut<setC_Set> reference = present(set().find(setC_Set::elementSet, name), name);
     const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
     changed->clear();
     for (const sto_SetStruct& group : groups) {
@@ -132,7 +138,7 @@ void sto_Assembly::modifyElementSetLabels(const std::string& name, const std::ve
 void sto_Assembly::modifySurfaceLabels(const std::string& name, const std::vector<mshK_SurfStruct>& groups,
                                        bool /*isInternal*/)
 {
-    const lnk_ShortCut<setC_Set> reference = set().find(setC_Set::surface, name).reference();
+    const lnk_ShortCut<setC_Set> reference = present(set().find(setC_Set::surface, name), name);
     const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
     changed->clear();
     for (const mshK_SurfStruct& group : groups) meshOf(group.instanceName).appendFacets(*changed, group.subsets);

@@ -65,7 +65,10 @@ public:
     void modifyElementSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal);
     void modifySurfaceLabels(const std::string& name, const std::vector<mshK_SurfStruct>& groups, bool isInternal);
 
+    const lnk_ShortCut<mshK_Assembly>& shortCut() const { return m_reference; }
     const lnk_ShortCut<mshK_Assembly>& reference() const { return m_reference; }
+    /// The file that the model is in.
+    const std::shared_ptr<fio_FileBody>& modelFile() const { return m_reference.file(); }
     const lnk_ShortCut<mshK_Model>& model() const { return m_model; }
 
 private:

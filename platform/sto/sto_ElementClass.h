@@ -73,7 +73,7 @@ public:
     /// Whether these are generated elements, which users do not see.
     bool isInternal() const { return m_data && m_data->isInternal(); }
 
-    const lnk_ShortCut<grd_ElementClass>& reference() const { return m_reference; }
+    const lnk_ShortCut<grd_ElementClass>& shortCut() const { return m_reference; }
     const std::shared_ptr<const grd_ElementClass>& data() const { return m_data; }
 
 private:

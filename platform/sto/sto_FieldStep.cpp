@@ -3,7 +3,7 @@
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 #include "platform/sto/sto_Model.h"
-#include "platform/sto/sto_Sto.h"
+#include "platform/sto/sto_ModelOf.h"
 
 #include <functional>
 
@@ -89,10 +89,7 @@ int sto_FieldStep::numDescriptions() const { return m_step.fetch()->m_descriptio
 
 int sto_FieldStep::modelDimension() const
 {
-    const auto& file = m_step.file();
     constexpr int inSpace = 3;
-    if (file->rootObject() == 0) return inSpace;
-    const auto models = lnk_ShortCut<sto_StoData>(file, file->rootObject()).fetch()->m_models;
-    const lnk_ShortCut<mshK_Model> model = models.get("Default Model");
+    const lnk_ShortCut<mshK_Model> model = sto_modelOf(m_step.file());
     return model.isNull() ? inSpace : sto_Model(model).dimension();
 }

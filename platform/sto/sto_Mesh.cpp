@@ -58,6 +58,12 @@ setC_Set newSet(const sto_SetList& list, int type, const std::string& name, bool
     return set;
 }
 
+lnk_ShortCut<setC_Set> present(const sto_Set& set, const std::string& name)
+{
+    if (!set.isValid()) throw exc_TextException(msg_Format("Set \"%s\" does not exist.", name.c_str()));
+    return set.shortCut();
+}
+
 } // namespace
 
 const std::string& sto_ScopedNodeData::getPartInstance(int index) const
@@ -94,7 +100,7 @@ sto_Mesh sto_Mesh::createFrom(const sto_Mesh& source, int meshIndex)
     const std::shared_ptr<const mshK_Mesh> shared = source.mesh();
     mshK_Mesh mesh;
     mesh.m_meshIndex = meshIndex;
-    mesh.m_source = source.reference();
+    mesh.m_source = source.shortCut();
     mesh.m_nodeData = shared->m_nodeData;
     mesh.m_classes = shared->m_classes;
     mesh.m_sets = mrp_Container<setC_Set>::create(file);
@@ -156,14 +162,14 @@ void sto_Mesh::addNodes(const int* labels, const float* coordinates, int count, 
     reference.replace(nodes);
 
     if (setName.empty()) return;
-    const sto_Set present_set = nset(setName);
-    if (!present_set.isValid()) {
+    const sto_Set joined = nset(setName);
+    if (!joined.isValid()) {
         Nset(setName, labels, count, false, false);
         return;
     }
-    const std::shared_ptr<setC_Set> set = present_set.reference().fetchWritable();
+    const std::shared_ptr<setC_Set> set = joined.shortCut().fetchWritable();
     appendNodes(*set, labels, count);
-    present_set.reference().replace(set);
+    joined.shortCut().replace(set);
 }
 
 void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params,
@@ -233,14 +239,14 @@ void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName
     }
 
     if (setName.empty()) return;
-    const sto_Set present = elset(setName);
-    if (!present.isValid()) {
+    const sto_Set joined = elset(setName);
+    if (!joined.isValid()) {
         Elset(setName, arg.labels, arg.numElements, false);
         return;
     }
-    const std::shared_ptr<setC_Set> set = present.reference().fetchWritable();
+    const std::shared_ptr<setC_Set> set = joined.shortCut().fetchWritable();
     appendElements(*set, arg.labels, arg.numElements);
-    present.reference().replace(set);
+    joined.shortCut().replace(set);
 }
 
 sto_SetList sto_Mesh::set() const
@@ -337,7 +343,7 @@ sto_Set sto_Mesh::Surface(const std::string& name, const std::vector<sto_Surface
 void sto_Mesh::modifyNodeSetLabels(const std::string& name, const int* labels, int count, bool /*isInternal*/,
                                    bool isUnsorted)
 {
-    const lnk_ShortCut<setC_Set> reference = nset(name).reference();
+    const lnk_ShortCut<setC_Set> reference = present(nset(name), name);
     const std::shared_ptr<setC_Set> set = reference.fetchWritable();
     set->clear();
     set->m_unsorted = isUnsorted;
@@ -347,7 +353,7 @@ void sto_Mesh::modifyNodeSetLabels(const std::string& name, const int* labels, i
 
 void sto_Mesh::modifyElementSetLabels(const std::string& name, const int* labels, int count, bool /*isInternal*/)
 {
-    const lnk_ShortCut<setC_Set> reference = elset(name).reference();
+    const lnk_ShortCut<setC_Set> reference = present(elset(name), name);
     const std::shared_ptr<setC_Set> set = reference.fetchWritable();
     set->clear();
     appendElements(*set, labels, count);
@@ -357,7 +363,7 @@ void sto_Mesh::modifyElementSetLabels(const std::string& name, const int* labels
 void sto_Mesh::modifySurfaceSetLabels(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets,
                                       bool /*isInternal*/)
 {
-    const lnk_ShortCut<setC_Set> reference = surface(name).reference();
+    const lnk_ShortCut<setC_Set> reference = present(surface(name), name);
     const std::shared_ptr<setC_Set> set = reference.fetchWritable();
     set->clear();
     appendFacets(*set, subsets);

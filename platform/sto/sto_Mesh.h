@@ -104,7 +104,7 @@ public:
     void appendElements(setC_Set& set, const int* labels, int count) const;
     void appendFacets(setC_Set& set, const std::vector<sto_SurfaceSubset>& subsets) const;
 
-    const lnk_ShortCut<mshK_Mesh>& reference() const { return m_reference; }
+    const lnk_ShortCut<mshK_Mesh>& shortCut() const { return m_reference; }
 
 private:
     lnk_ShortCut<mshK_Mesh> m_reference;

@@ -61,7 +61,7 @@ sto_Part sto_Model::Part(const std::string& name, int space, int type)
     part.m_name = name;
     part.m_space = space;
     part.m_type = type;
-    part.m_mesh = sto_Mesh::create(modelFile(), sto_newMeshIndex(m_reference), plane ? 2 : 3).reference();
+    part.m_mesh = sto_Mesh::create(modelFile(), sto_newMeshIndex(m_reference), plane ? 2 : 3).shortCut();
     const lnk_ShortCut<mshK_Part> made = lnk_ShortCut<mshK_Part>::create(modelFile(), std::move(part));
     parts.append(name, made);
     return sto_Part(made);
@@ -81,11 +81,11 @@ sto_PartInstance sto_Model::PartInstanceFromPart(const std::string& partName, co
     }
 
     const lnk_ShortCut<mshK_Mesh> mesh =
-        sto_Mesh::createFrom(source.mesh(), sto_newMeshIndex(m_reference)).reference();
+        sto_Mesh::createFrom(source.mesh(), sto_newMeshIndex(m_reference)).shortCut();
     mshK_PartInstance instance;
     instance.m_name = instanceName;
     instance.m_partName = partName;
-    instance.m_part = source.reference();
+    instance.m_part = source.shortCut();
     instance.m_mesh = mesh;
     instance.m_placement.assign(placement, placement + 6);
     const lnk_ShortCut<mshK_PartInstance> made =
@@ -93,7 +93,7 @@ sto_PartInstance sto_Model::PartInstanceFromPart(const std::string& partName, co
     const std::shared_ptr<mshK_Mesh> placed = mesh.fetchWritable();
     placed->m_instance = made;
     mesh.replace(placed);
-    mrp_Container<mshK_PartInstance> instances = assembly.reference().fetch()->m_instances;
+    mrp_Container<mshK_PartInstance> instances = assembly.shortCut().fetch()->m_instances;
     instances.append(instanceName, made);
     return sto_PartInstance(made);
 }

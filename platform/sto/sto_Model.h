@@ -42,7 +42,7 @@ public:
     sto_PartInstance PartInstanceFromPart(const std::string& partName, const std::string& instanceName, int meshIndex,
                                           const float* placement);
 
-    const lnk_ShortCut<mshK_Model>& reference() const { return m_reference; }
+    const lnk_ShortCut<mshK_Model>& shortCut() const { return m_reference; }
     const std::shared_ptr<fio_FileBody>& modelFile() const { return m_reference.file(); }
 
 private:

@@ -32,7 +32,7 @@ public:
         mesh().addElements(arg, setName, params);
     }
 
-    const lnk_ShortCut<mshK_Part>& reference() const { return m_reference; }
+    const lnk_ShortCut<mshK_Part>& shortCut() const { return m_reference; }
 
 private:
     lnk_ShortCut<mshK_Part> m_reference;

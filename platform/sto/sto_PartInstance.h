@@ -40,7 +40,7 @@ public:
 
     /// The file that the model is in.
     const std::shared_ptr<fio_FileBody>& modelFile() const { return m_reference.file(); }
-    const lnk_ShortCut<mshK_PartInstance>& reference() const { return m_reference; }
+    const lnk_ShortCut<mshK_PartInstance>& shortCut() const { return m_reference; }
 
 private:
     lnk_ShortCut<mshK_PartInstance> m_reference;

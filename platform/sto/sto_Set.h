@@ -58,7 +58,7 @@ public:
 
     std::shared_ptr<const setC_Set> set() const;
     /// Stands for the set for good, whatever its members become.
-    const lnk_ShortCut<setC_Set>& reference() const { return m_reference; }
+    const lnk_ShortCut<setC_Set>& shortCut() const { return m_reference; }
 
 private:
     lnk_ShortCut<setC_Set> m_reference;

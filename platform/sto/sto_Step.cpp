@@ -8,14 +8,8 @@
 #include "platform/store/fio_File.h"
 #include "platform/sto/sto_FieldStep.h"
 #include "platform/sto/sto_Frame.h"
-#include "platform/sto/sto_Sto.h"
+#include "platform/sto/sto_ModelOf.h"
 #include "platform/sto/sto_StoStep.h"
-
-namespace {
-
-constexpr const char* modelName = "Default Model";
-
-} // namespace
 
 sto_Step::sto_Step(const lnk_ShortCut<fld_Step>& step) : m_step(step), m_index(std::make_shared<sto_FieldStepIndex>()) {}
 
@@ -34,9 +28,7 @@ void sto_Step::setTotalTime(double time)
 
 lnk_ShortCut<mshK_Step> sto_Step::findModelStep(const std::shared_ptr<fio_FileBody>& file, const std::string& name)
 {
-    const long long root = file->rootObject();
-    if (root == 0) return {};
-    const lnk_ShortCut<mshK_Model> model = lnk_ShortCut<sto_StoData>(file, root).fetch()->m_models.get(modelName);
+    const lnk_ShortCut<mshK_Model> model = sto_modelOf(file);
     return model.isNull() ? lnk_ShortCut<mshK_Step>() : model.fetch()->m_steps.get(name);
 }
 

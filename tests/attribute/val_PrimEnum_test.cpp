@@ -1,3 +1,6 @@
+// Ahead of the strings: the map declares their classes, and a declaration must not follow the definition.
+#include "containers/shr_Map.h"
+
 #include "platform/attribute/val_PrimEnum.h"
 
 #include "platform/store/pcl_ClassMetadata.h"
@@ -325,6 +328,20 @@ TEST(val_PrimEnum, permissibleValuesAsStringInTheOrderOfTheTable)
 {
     EXPECT_STREQ("RED, GREEN, CYAN, BLUE", ColourValue(RED).PermissibleValuesAsString().cStr());
     EXPECT_STREQ("RED", val_PrimEnum<Signal>(STOP_RED).PermissibleValuesAsString().cStr());
+}
+
+TEST(val_PrimEnum, permissibleValuesFromTextToNumber)
+{
+    const shr_Map<shr_String, unsigned> values = ColourValue(RED).PermissibleValues();
+    EXPECT_EQ(4, values.Size());
+    const std::map<std::string, unsigned> expected = {
+        {"RED", 4u}, {"GREEN", 1u}, {"CYAN", 1u}, {"BLUE", 4294967294u}};
+    for (const auto& [text, number] : expected) {
+        const unsigned* found = values.Lookup(shr_String(text.c_str()));
+        ASSERT_NE(nullptr, found) << text;
+        EXPECT_EQ(number, *found) << text;
+    }
+    EXPECT_EQ(nullptr, values.Lookup(shr_String("UNLISTED")));
 }
 
 TEST(val_PrimEnum, theClassIsDeclaredToTheStore)

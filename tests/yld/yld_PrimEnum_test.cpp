@@ -1,3 +1,6 @@
+// Ahead of the strings: the map declares their classes, and a declaration must not follow the definition.
+#include "containers/shr_Map.h"
+
 #include "yld/impl/yld_PrimEnum.h"
 
 #include "platform/text/val_ValueErrorException.h"
@@ -41,6 +44,15 @@ void expectTable(const Rows& rows)
         EXPECT_STREQ(first, val_PrimEnum<E>(static_cast<E>(row.second)).GetText());
     }
     EXPECT_EQ(nullptr, stored->text);
+
+    const shr_Map<shr_String, unsigned> permissible =
+        val_PrimEnum<E>(static_cast<E>(rows.front().second)).PermissibleValues();
+    EXPECT_EQ(static_cast<int>(rows.size()), permissible.Size());
+    for (const auto& row : rows) {
+        const unsigned* number = permissible.Lookup(shr_String(row.first));
+        ASSERT_NE(nullptr, number) << row.first;
+        EXPECT_EQ(static_cast<unsigned>(row.second), *number) << row.first;
+    }
 
     for (int number = -2; number <= 1100; ++number) {
         bool known = false;

@@ -47,9 +47,10 @@ bool yld_FieldLocation::operator==(const yld_FieldLocation& other) const
 
 const yld_FieldLocation& yld_SequenceFieldLocation::constGet(int index) const
 {
-    // An index equal to the count passes: callers rely on the array answering for it.
+    // An index equal to the count passes: callers rely on it, and get an empty location.
     if (index > m_locations.size()) yld_raise("Index out of range.");
-    return m_locations.constGet(index);
+    static const yld_FieldLocation nowhere;
+    return index >= 0 && index < m_locations.size() ? m_locations[index] : nowhere;
 }
 
 yld_FieldLocation& yld_SequenceFieldLocation::get(int index)

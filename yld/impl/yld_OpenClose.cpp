@@ -98,7 +98,7 @@ yld_Yld& openYld(const yld_String& name, const yld_String& givenPath, bool readO
                                path));
             }
         }
-        const yld_String title(store.model(defaultModel).modelTitle());
+        const yld_String title(store.model(defaultModel).modelTitle().c_str());
         const yld_String description(store.description());
         registry.insert(name, yld_Yld(name, title, description, path, store, readOnly, true));
         if (readOnly && locked) registry.RemoveLock(path);
@@ -131,7 +131,7 @@ yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_
         yld_String version("ZANTRA/Scripting Interface ");
         version += osu_Version::VersionNumber();
         store.setAnalysisVersion(version);
-        model.setModelTitle(analysisTitle);
+        model.setModelTitle(analysisTitle.cStr());
         store.Save();
         container.CloseSto(store);
         store = sto_StoToolset::Instance().OpenYld(fio_File::Open(path.cStr(), true, true), true);

@@ -3,9 +3,12 @@
 #include "platform/sto/sto_Assembly.h"
 #include "platform/sto/sto_ElementClass.h"
 #include "platform/sto/sto_Mesh.h"
+#include "platform/result/fld_Enum.h"
+#include "platform/attribute/prtC_Enum.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Part.h"
 #include "platform/sto/sto_PartInstance.h"
+#include "platform/sto/sto_Procedure.h"
 #include "platform/sto/sto_Result.h"
 #include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StepContainer.h"
@@ -22,8 +25,36 @@
 #include <limits>
 
 namespace {
+
 constexpr const char* defaultModel = "Default Model";
+
+// The model side of a step that a writer of results makes: what is known of the analysis is the domain, and for a few
+// procedures the keyword.
+sto_StoStep makeModelStep(const sto_Model& model, int position, const yld_String& name, const yld_String& description,
+                          yld_Enum::yld_DomainEnum domain, double timePeriod, const yld_String& previous,
+                          const yld_String& procedure)
+{
+    const auto perturbation = [&](int number) {
+        return sto_StoStep::PerturbationStep(model.reference(), position, name, description, number, timePeriod, previous);
+    };
+    const auto general = [&](int number) {
+        return sto_StoStep::GeneralStep(model.reference(), position, name, description, number, timePeriod, previous, 1);
+    };
+    sto_StoStep step;
+    if (domain == yld_Enum::MODAL) {
+        step = perturbation(procedure.compare("*BUCKLE") == 0 ? sto_Procedure::BUCKLE : sto_Procedure::FREQUENCY);
+    } else if (domain == yld_Enum::FREQUENCY) {
+        step = perturbation(sto_Procedure::RANDOM_RESPONSE);
+    } else if (timePeriod > 0.0) {
+        step = general(procedure.compare("*STATIC, RIKS") == 0 ? sto_Procedure::STATIC_RIKS : sto_Procedure::STATIC);
+    } else {
+        step = perturbation(sto_Procedure::STATIC_PERTURBATION);
+    }
+    step.setDomain(domain);
+    return step;
 }
+
+} // namespace
 
 yld_Yld::yld_Yld()
     : m_sto(sto_Sto()), m_steps(yld_StepRepository()), m_parts(yld_PartRepository()),
@@ -36,7 +67,7 @@ yld_Yld::yld_Yld(yld_String name, yld_String analysisTitle, yld_String descripti
     : m_sto(store), m_name(name), m_description(description), m_analysisTitle(analysisTitle), m_path(path),
       m_steps(yld_StepRepository(store)), m_parts(yld_PartRepository(store.model(defaultModel))),
       m_sectionCategories(yld_SectionCategoryRepository()),
-      m_rootAssembly(yld_Assembly(yld_String(store.model(defaultModel).rootAssembly().name()),
+      m_rootAssembly(yld_Assembly(yld_String(store.model(defaultModel).rootAssembly().name().c_str()),
                                   store.model(defaultModel).rootAssembly(), store.model(defaultModel))),
       m_readOnly(readOnly)
 {
@@ -50,7 +81,7 @@ yld_Yld::~yld_Yld() = default;
 void yld_Yld::setAnalysisTitle(const yld_String& title)
 {
     m_analysisTitle = title;
-    m_sto.ConstGet().model(defaultModel).setModelTitle(title);
+    m_sto.ConstGet().model(defaultModel).setModelTitle(title.cStr());
 }
 
 void yld_Yld::setDescription(const yld_String& description)
@@ -77,9 +108,10 @@ void yld_Yld::readModel() const
     yld_PartRepository& parts = m_parts.Get();
     for (int i = 0; i < model.numParts(); ++i) {
         const sto_Part part = model.part(i);
-        const yld_String name(part.name());
+        const yld_String name(part.name().c_str());
         yld_MeshHandle mesh(part.hasMesh() ? new yld_Mesh(part.mesh(), name, false) : new yld_Mesh(name));
-        parts.insert(name, yld_Part(name, mapDimension(part.space()), mapPartType(part.type()), part, mesh));
+        parts.insert(name, yld_Part(name, mapDimension(static_cast<fld_DimensionEnm>(part.space())),
+                                    mapPartType(static_cast<prtC_PartTypeEnm>(part.type())), part, mesh));
     }
 
     const sto_Assembly assembly = model.rootAssembly();
@@ -88,14 +120,15 @@ void yld_Yld::readModel() const
         const sto_PartInstance instance = assembly.instance(i);
         try {
             const sto_Mesh mesh = instance.mesh();
-            for (int c = 0; c < mesh.numClasses(); ++c) {
-                const sto_ElementClass elementClass = mesh.elementClass(c);
+            const sto_ElementData elements = mesh.elementData();
+            for (int c = 0; c < elements.numClasses(); ++c) {
+                const sto_ElementClass elementClass = elements.elementClass(c);
                 if (elementClass.numElements() == 0 || elementClass.userElementLabels()[0] < 0) continue;
                 yld_String description("SectionCategory for element type ");
-                description += elementClass.typeLabel();
+                description += elementClass.typeLabel().c_str();
                 description += " in part ";
-                description += instance.name();
-                categories.insert(yld_String(elementClass.categoryLabel()),
+                description += instance.name().c_str();
+                categories.insert(yld_String(elementClass.categoryLabel().c_str()),
                                   yld_SectionCategory(elementClass, description));
             }
         } catch (const exc_Exception&) {
@@ -111,7 +144,7 @@ void yld_Yld::readModel() const
 
 void yld_Yld::readSteps() const
 {
-    const sto_StepContainer steps = m_sto.ConstGet().result().step();
+    const sto_StepContainer steps = m_sto.ConstGet().result().steps();
     yld_String previous;
     for (int i = 0; i < steps.size(); ++i) {
         const yld_String key(steps.key(i));
@@ -122,14 +155,14 @@ void yld_Yld::readSteps() const
 
 bool yld_Yld::readStep(const yld_String& name, const yld_String& previous) const
 {
-    const sto_Step step = m_sto.ConstGet().result().step().get(name);
+    const sto_Step step = m_sto.ConstGet().result().step(name);
     const sto_StoStep modelStep = step.modelStep();
     const int domain = modelStep.getDomain();
     const auto publicDomain =
         domain >= 1 && domain <= 3 ? static_cast<yld_Enum::yld_DomainEnum>(domain) : yld_Enum::TIME;
     const shr_ArrayCOW<sto_Assembly> assembly(m_sto.ConstGet().model(defaultModel).rootAssembly());
     m_steps.Get().file(yld_Step(name, step, yld_String(modelStep.description()), assembly, publicDomain, previous,
-                                yld_String(modelStep.procedureKeyword())),
+                                yld_String(sto_Procedure::keyword(modelStep.getProcedureType()))),
                        yld_String());
     return true;
 }
@@ -203,8 +236,10 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
     }
     const int position = all.size();
     const sto_Sto store = m_sto.ConstGet();
-    const sto_StoStep modelStep = sto_StoStep::create(store.model(defaultModel), position, name, description, domain,
-                                                      timePeriod, previousStepName, procedure);
+    const sto_StoStep modelStep =
+        makeModelStep(store.model(defaultModel), position, name, description, domain, timePeriod,
+                      previousStepName.compare("Initial") == 0 ? yld_String(stpC_InitialStepName()) : previousStepName,
+                      procedure);
     double begin = totalTime;
     if (begin < 0.0) {
         begin = 0.0;
@@ -214,12 +249,12 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
             if (last.timePeriod() > 0.0) begin += last.timePeriod();
         }
     }
-    sto_Step step = store.result().Step(name, modelStep, previousStepName);
+    sto_Step step = store.result().Step(name);
     step.setTotalTime(begin);
     step.FieldStep();
     const shr_ArrayCOW<sto_Assembly> assembly(store.model(defaultModel).rootAssembly());
     all.file(yld_Step(name, step, description, assembly, domain, previousStepName,
-                      yld_String(modelStep.procedureKeyword())),
+                      yld_String(sto_Procedure::keyword(modelStep.getProcedureType()))),
              previousStepName);
     return all.get(name);
 }
@@ -265,7 +300,7 @@ bool yld_Yld::update()
     if (!m_dataRead) return false;
     sto_Sto store = m_sto.ConstGet();
     if (!store.file()->isWritable()) store.file()->refresh();
-    const sto_StepContainer stored = store.result().step();
+    const sto_StepContainer stored = store.result().steps();
     bool result = false;
     yld_String previous;
     for (int i = 0; i < stored.size(); ++i) {
@@ -287,7 +322,7 @@ void yld_Yld::save(yld_String path)
         throw yld_Exception(yld_GENERAL, msg_Format("YLD not saved. Changing the path is not allowed."));
     }
     try {
-        m_sto.ConstGet().result().step().flush();
+        m_sto.ConstGet().result().steps().flush();
         sto_Sto& store = m_sto.Get();
         store.Save();
         store.FlushDatabase();

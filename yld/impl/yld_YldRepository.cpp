@@ -42,9 +42,9 @@ yld_YldRepository::~yld_YldRepository()
 
 void yld_YldRepository::insert(const yld_String& name, const yld_Yld& yld) { m_map.InsertUnlessMember(name, yld); }
 
-yld_Yld& yld_YldRepository::get(const yld_String& name) { return m_map.Get(name); }
+yld_Yld& yld_YldRepository::get(const yld_String& name) { return m_map.get(name); }
 
-const yld_Yld& yld_YldRepository::constGet(const yld_String& name) const { return m_map.ConstGet(name); }
+const yld_Yld& yld_YldRepository::constGet(const yld_String& name) const { return m_map.constGet(name); }
 
 bool yld_YldRepository::isMember(const yld_String& name) const { return m_map.IsMember(name); }
 
@@ -66,9 +66,9 @@ void yld_YldRepository::remove(const yld_String& name)
 
 bool yld_YldRepository::IsFileOpen(const yld_String& path) const
 {
-    shr_BtreeIterator<yld_String, yld_Yld> walk(m_map);
-    for (walk.First(); !walk.IsDone(); walk.Next()) {
-        if (walk.CurrentValue().path().compare(path) == 0) return true;
+    yld_YldRepositoryIT walk(*this);
+    for (walk.first(); !walk.isDone(); walk.next()) {
+        if (walk.currentValue().path().compare(path) == 0) return true;
     }
     return false;
 }

@@ -29,7 +29,7 @@ public:
     /// Takes out every name on a path whose store was closed.
     void RespondToCloseYld(const yld_String& path);
     sto_StoContainer& StoContainer() { return m_stoContainer.Get(); }
-    shr_Btree<yld_String, yld_Yld>& yldMap() { return m_map; }
+    const shr_Btree<yld_String, yld_Yld>& yldMap() const { return m_map; }
 
     /// Whether another program's lock file stands beside the database; warns if so.
     bool IsYldLocked(const yld_String& path) const;
@@ -47,15 +47,30 @@ private:
     yld_YldRepository();
     ~yld_YldRepository();
 
+    // An unknown name gives the tree's default value, and no error.
+    struct Map : shr_Btree<yld_String, yld_Yld>
+    {
+        yld_Yld& get(const yld_String& name)
+        {
+            auto* const node = Find(name);
+            return node ? node->Value() : Default();
+        }
+        const yld_Yld& constGet(const yld_String& name) const
+        {
+            const auto* const node = ConstFind(name);
+            return node ? node->Value() : DefaultValue();
+        }
+    };
+
     shr_COW<sto_StoContainer> m_stoContainer;
-    shr_Btree<yld_String, yld_Yld> m_map;
+    Map m_map;
 };
 
 /// Walks the registry by name, ascending.
 class yld_YldRepositoryIT
 {
 public:
-    explicit yld_YldRepositoryIT(yld_YldRepository& repository) : m_iterator(repository.yldMap()) {}
+    explicit yld_YldRepositoryIT(const yld_YldRepository& repository) : m_iterator(repository.yldMap()) {}
 
     void first() { m_iterator.First(); }
     void next() { m_iterator.Next(); }
