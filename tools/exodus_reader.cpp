@@ -4,9 +4,11 @@
 #include "netcdf_size.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstdio>
 #include <exodusII.h>
+#include <fcntl.h>
 #include <limits>
+#include <unistd.h>
 
 namespace {
 
@@ -20,6 +22,34 @@ std::string trimmed(const char* text)
     result.erase(0, result.find_first_not_of(" \t"));
     return result;
 }
+
+// While the C library opens a file: it tells some failures in several lines of its own, whatever its options
+// say.
+class QuietErrors
+{
+public:
+    QuietErrors() : m_kept(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
+    {
+        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (m_kept >= 0 && nowhere >= 0) {
+            std::fflush(stderr);
+            ::dup2(nowhere, STDERR_FILENO);
+        }
+        if (nowhere >= 0) ::close(nowhere);
+    }
+    ~QuietErrors()
+    {
+        if (m_kept < 0) return;
+        std::fflush(stderr);
+        ::dup2(m_kept, STDERR_FILENO);
+        ::close(m_kept);
+    }
+    QuietErrors(const QuietErrors&) = delete;
+    QuietErrors& operator=(const QuietErrors&) = delete;
+
+private:
+    int m_kept;
+};
 
 // A table of fixed-width texts, as the C library wants it.
 class TextTable
@@ -46,7 +76,10 @@ exo_Reader::exo_Reader(const std::string& path) : m_path(path)
     int computing = static_cast<int>(sizeof(double));
     int stored = 0;
     float version = 0.0f;
-    m_id = ex_open(path.c_str(), EX_READ, &computing, &stored, &version);
+    {
+        const QuietErrors quiet;
+        m_id = ex_open(path.c_str(), EX_READ, &computing, &stored, &version);
+    }
     if (m_id < 0) throw tool_Failure("not an Exodus II file: " + path);
     try {
         readDescription();
