@@ -43,7 +43,7 @@ public:
     /// The same as a sequence, copied.
     yld_Sequence<int> connectivity() const;
     int numNodes() const { return m_numNodes; }
-    /// The instance that each node belongs to, one name a node; empty for an element of a part.
+    /// The instance that each node belongs to, one name a node; the names are empty for an element of a part.
     /// Raises "Element is not associated with a mesh." for an element of no mesh.
     yld_Sequence<yld_String> instanceNames() const;
     const yld_SectionCategory& sectionCategory() const { return m_sectionCategory; }
@@ -60,6 +60,14 @@ public:
     bool operator!=(const yld_Element& other) const { return !(*this == other); }
 
 private:
+    friend class yld_Mesh;
+
+    /// What the public constructors come to. The mesh is shared instead of copied, and the labels are borrowed.
+    yld_Element(int index, int label, const int* connectivityIndices, int meshIndex, int numNodes, const yld_String& type,
+                const yld_SectionCategory& category, yld_Enum::yld_ElementGeometryClass geometryClass, int shapeAttribute,
+                int classIndex, const int* nodeLabels, const sto_ScopedNodeData* scopedNodes,
+                const shr_CountedHld<sto_Mesh>& mesh);
+
     int m_index = -1;
     int m_label = -1;
     int m_connectivity[maxNodes] = {};

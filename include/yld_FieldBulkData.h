@@ -118,6 +118,7 @@ public:
 
 private:
     yld_SequenceFieldValue m_values;
+    yld_Sequence<yld_FieldValueList> m_gathered;
     int m_count = 0;
     mutable shr_1DArray<shr_COW<yld_FieldBulkData>> m_bulk;
 };

@@ -131,6 +131,7 @@ public:
     float invariant(yld_Enum::yld_InvariantEnum which) const;
 
 private:
+    friend class yld_FieldBulkData;
     friend class yld_FieldValueList;
 
     yld_Enum::yld_ResultPositionEnum m_position = yld_Enum::UNDEFINED_POSITION;

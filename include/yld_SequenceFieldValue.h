@@ -59,14 +59,11 @@ public:
     const yld_FieldValueList& list(int block) const;
 
 private:
-    void readBlock(int block) const;
-
     bool m_firstFlag = false;
     bool m_isListOnly = false;
     yld_Sequence<yld_SubField> m_blocks;
     int m_listCount = 0;
     mutable shr_1DArray<yld_FieldValueList> m_lists;
-    mutable const yld_FieldValueList* m_currentList = nullptr;
     mutable int m_firstIndex = -1;
     mutable int m_currentBlock = 0;
     mutable int m_currentLength = 0;

@@ -28,7 +28,7 @@ public:
     int Dim() const { return m_dimension; }
     /// The position of the first label of a list that does not exist, or the list's length when all exist.
     int CheckUserNodeLabels(const int* labels, int count) const { return m_labels.findAll(labels, count, nullptr); }
-    int numForeignNodes() const { return static_cast<int>(m_foreignNodes.size() / 2); }
+    int numForeignNodes() const { return static_cast<int>(m_foreignNodes.size() / 3); }
     /// Raises when the parts of the row do not fit each other.
     void verify(const std::string& path) const;
 
@@ -36,7 +36,7 @@ public:
     grd_LabelList m_labels;
     pcl_Array<float> m_coordinates; ///< m_dimension numbers a node
     std::vector<std::string> m_foreignInstances;
-    pcl_Array<int> m_foreignNodes;  ///< pairs: place in m_foreignInstances, index of the node there
+    pcl_Array<int> m_foreignNodes;  ///< triples: place in m_foreignInstances, index of the node there, its label
 };
 
 #endif

@@ -69,7 +69,7 @@ lnk_ShortCut<setC_Set> present(const sto_Set& set, const std::string& name)
 const std::string& sto_ScopedNodeData::getPartInstance(int index) const
 {
     const grd_NodeData& data = *m_nodes.data();
-    const int name = data.m_foreignNodes.data()[2 * (index - grd_NodeData::firstForeignNode)];
+    const int name = data.m_foreignNodes.data()[3 * (index - grd_NodeData::firstForeignNode)];
     if (name < 0 || static_cast<std::size_t>(name) >= data.m_foreignInstances.size()) {
         throw exc_TextException("A node of a part instance names no instance; the file is damaged");
     }
@@ -78,7 +78,12 @@ const std::string& sto_ScopedNodeData::getPartInstance(int index) const
 
 int sto_ScopedNodeData::getInstanceNode(int index) const
 {
-    return m_nodes.data()->m_foreignNodes.data()[2 * (index - grd_NodeData::firstForeignNode) + 1];
+    return m_nodes.data()->m_foreignNodes.data()[3 * (index - grd_NodeData::firstForeignNode) + 1];
+}
+
+int sto_ScopedNodeData::GetUserNodeLabel(int index) const
+{
+    return m_nodes.data()->m_foreignNodes.data()[3 * (index - grd_NodeData::firstForeignNode) + 2];
 }
 
 sto_Mesh sto_Mesh::create(const std::shared_ptr<fio_FileBody>& file, int meshIndex, int dimension)

@@ -32,6 +32,8 @@ public:
     /// The instance that a foreign node lives in, and its index there.
     const std::string& getPartInstance(int index) const;
     int getInstanceNode(int index) const;
+    /// Its label there.
+    int GetUserNodeLabel(int index) const;
     const sto_NodeData& nodes() const { return m_nodes; }
 
 private:

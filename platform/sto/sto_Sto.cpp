@@ -20,7 +20,7 @@ sto_Model sto_Sto::Model(const char* name)
     const lnk_ShortCut<mshK_Model> present = models.get(name);
     if (present.isValid()) return sto_Model(present);
     const sto_Model made = sto_Model::create(m_file, name);
-    models.append(name, made.reference());
+    models.append(name, made.shortCut());
     return made;
 }
 

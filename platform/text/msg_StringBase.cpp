@@ -100,28 +100,9 @@ msg_StringBase::msg_StringBase(double number)
     set(buffer, end - buffer);
 }
 
-msg_StringBase::msg_StringBase(const msg_StringBase& other) noexcept
-    : m_text(other.m_text), m_body(other.m_body)
-{
-    if (m_body) {
-        ++m_body->holders;
-    }
-}
-
-msg_StringBase::msg_StringBase(msg_StringBase&& other) noexcept : m_text(other.m_text), m_body(other.m_body)
-{
-    other.m_text = nullptr;
-    other.m_body = nullptr;
-}
-
-msg_StringBase::~msg_StringBase()
-{
-    release();
-}
-
 msg_StringBase& msg_StringBase::operator=(const msg_StringBase& other) noexcept
 {
-    if (m_body != other.m_body) {
+    if (this != &other) {
         if (other.m_body) {
             ++other.m_body->holders;
         }
@@ -374,11 +355,14 @@ void msg_StringBase::adopt(Body* body) noexcept
 
 void msg_StringBase::release() noexcept
 {
-    if (m_body && --m_body->holders == 0) {
-        ::operator delete(m_body);
-    }
+    letGo();
     m_body = nullptr;
     m_text = nullptr;
+}
+
+void msg_StringBase::deleteBody(Body* body) noexcept
+{
+    ::operator delete(body);
 }
 
 void msg_StringBase::set(const char* text, std::int64_t length)

@@ -32,9 +32,18 @@ public:
     /// The shortest text that reads back as the same double, with a point whatever the locale: 0.1, 1e+300,
     /// inf, nan; a whole number has no point.
     explicit msg_StringBase(double number);
-    msg_StringBase(const msg_StringBase& other) noexcept;
-    msg_StringBase(msg_StringBase&& other) noexcept;
-    ~msg_StringBase();
+    msg_StringBase(const msg_StringBase& other) noexcept : m_text(other.m_text), m_body(other.m_body)
+    {
+        if (m_body) {
+            ++m_body->holders;
+        }
+    }
+    msg_StringBase(msg_StringBase&& other) noexcept : m_text(other.m_text), m_body(other.m_body)
+    {
+        other.m_text = nullptr;
+        other.m_body = nullptr;
+    }
+    ~msg_StringBase() { letGo(); }
 
     msg_StringBase& operator=(const msg_StringBase& other) noexcept;
     msg_StringBase& operator=(msg_StringBase&& other) noexcept;
@@ -131,7 +140,14 @@ private:
     static Body* newBody(std::int64_t length, std::int64_t capacity);
     static char* charactersOf(Body* body) noexcept { return reinterpret_cast<char*>(body + 1); }
     void adopt(Body* body) noexcept;
+    void letGo() noexcept
+    {
+        if (m_body && --m_body->holders == 0) {
+            deleteBody(m_body);
+        }
+    }
     void release() noexcept;
+    static void deleteBody(Body* body) noexcept;
     void set(const char* text, std::int64_t length);
     void unshare();
     msg_StringBase& splice(int position, int count, const char* text, int length);

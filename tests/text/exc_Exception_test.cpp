@@ -70,7 +70,8 @@ TEST(exc_Exception, throw_and_propagate_keep_the_dynamic_type)
     for (const exc_Exception* one : all) {
         expectThrow<exc_Exception>([&] { one->Propagate(); }, one->what(), typeid(*one));
         const std::unique_ptr<exc_Exception> copy(one->Copy());
-        EXPECT_EQ(typeid(*copy), typeid(*one));
+        const exc_Exception& same = *copy;
+        EXPECT_EQ(typeid(same), typeid(*one));
         EXPECT_STREQ(copy->what(), one->what());
         EXPECT_EQ(copy->DynTypeId(), one->DynTypeId());
         expectThrow<exc_Exception>([&] { copy->Throw("f", 1); }, one->what(), typeid(*one));

@@ -88,6 +88,11 @@ TEST(msg_translate, ignores_positions_that_do_not_exist)
 TEST(msg_translate, more_placeholders_than_values_can_be)
 {
     EXPECT_EQ(msg_Format("%s%s%s%s%s%s%s%s%s%s%s", 1, 2, 3, 4, 5, 6, 7, 8, 9), "123456789%s%s");
+    shr_String many;
+    for (int i = 0; i < 70; ++i) {
+        many.append("%s");
+    }
+    EXPECT_EQ(msg_Format(many.cStr(), "x"), shr_String("x").append(many, 2, shr_String::toEnd));
 }
 
 TEST(msg_Format, has_a_form_for_every_need)

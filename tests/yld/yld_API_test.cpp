@@ -1,12 +1,14 @@
 #include "yld_API.h"
 
 #include "platform/base/bas_Library.h"
+#include "platform/model/mshK_Model.h"
 #include "platform/store/pcl_ClassMetadata.h"
 #include "platform/store/pcl_MetadataRegistrar.h"
 #include "platform/text/arc_ArchCompTable.h"
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/yld_Libraries.h"
 #include "yld/impl/yld_LibraryState.h"
+#include "yld/impl/yld_YldRepository.h"
 #include "yld_Exception.h"
 #include "yld_WipReporter.h"
 
@@ -36,6 +38,17 @@ void note(const char* prefix, bool start)
 void print(const char* prefix, bool start)
 {
     std::fprintf(stderr, "%s%c ", prefix, start ? '+' : '-');
+}
+
+bool registryAtFirstStop;
+bool clientAtFirstStop;
+
+void noteWhatIsLeft(const char* prefix, bool start)
+{
+    if (!start && std::string(prefix) == startOrder.back()) {
+        registryAtFirstStop = yld_YldRepository::Exists();
+        clientAtFirstStop = yld_libraryState().toolsetClient != nullptr;
+    }
 }
 
 std::vector<std::string> reversed(std::vector<std::string> list)
@@ -244,6 +257,41 @@ TEST_F(yld_APITest, the_stop_leaves_the_reporter_and_a_restart_makes_another)
     testing::internal::CaptureStderr();
     first->Warning(shr_String("still here"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Warning: still here\n");
+    yld_finalizeAPI();
+}
+
+TEST_F(yld_APITest, the_toolset_client_lives_between_first_start_and_last_stop)
+{
+    EXPECT_EQ(yld_libraryState().toolsetClient, nullptr);
+    yld_initializeAPI();
+    const yld_StoToolsetClient* const client = yld_libraryState().toolsetClient;
+    EXPECT_NE(client, nullptr);
+    yld_initializeAPI();
+    EXPECT_EQ(yld_libraryState().toolsetClient, client);
+    yld_finalizeAPI();
+    EXPECT_EQ(yld_libraryState().toolsetClient, client);
+    yld_finalizeAPI();
+    EXPECT_EQ(yld_libraryState().toolsetClient, nullptr);
+}
+
+TEST_F(yld_APITest, the_registry_and_the_client_go_before_the_libraries_stop)
+{
+    yld_initializeAPI();
+    EXPECT_FALSE(yld_YldRepository::Exists()) << "the start alone does not make the registry";
+    yld_YldRepository::Instance();
+    bas_Library::SetTrace(noteWhatIsLeft);
+    registryAtFirstStop = clientAtFirstStop = true;
+    yld_finalizeAPI();
+    EXPECT_FALSE(registryAtFirstStop);
+    EXPECT_FALSE(clientAtFirstStop);
+    EXPECT_FALSE(yld_YldRepository::Exists());
+}
+
+TEST_F(yld_APITest, the_start_silences_the_models_progress_messages)
+{
+    mshK_Model::GenerateWipMessages(true);
+    yld_initializeAPI();
+    EXPECT_FALSE(mshK_Model::generatesWipMessages());
     yld_finalizeAPI();
 }
 

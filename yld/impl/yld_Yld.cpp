@@ -35,10 +35,10 @@ sto_StoStep makeModelStep(const sto_Model& model, int position, const yld_String
                           const yld_String& procedure)
 {
     const auto perturbation = [&](int number) {
-        return sto_StoStep::PerturbationStep(model.reference(), position, name, description, number, timePeriod, previous);
+        return sto_StoStep::PerturbationStep(model.shortCut(), position, name, description, number, timePeriod, previous);
     };
     const auto general = [&](int number) {
-        return sto_StoStep::GeneralStep(model.reference(), position, name, description, number, timePeriod, previous, 1);
+        return sto_StoStep::GeneralStep(model.shortCut(), position, name, description, number, timePeriod, previous, 1);
     };
     sto_StoStep step;
     if (domain == yld_Enum::MODAL) {

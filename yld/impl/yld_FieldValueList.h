@@ -1,0 +1,95 @@
+#ifndef YLD_FIELDVALUELIST_H
+#define YLD_FIELDVALUELIST_H
+
+#include "yld_FieldValue.h"
+#include "yld_SubField.h"
+
+#include "platform/sto/sto_Field.h"
+#include "platform/store/fio_Buffer.h"
+#include "platform/store/pcl_Array.h"
+
+/// One block of a field once it has been read: where its numbers are, which labels they belong to, and what each value
+/// needs to be produced. Numbers and labels are borrowed from the store where they stand there as they are wanted;
+/// what is made here is shared between copies, for a read block does not change.
+class yld_FieldValueList
+{
+public:
+    /// Not read.
+    yld_FieldValueList() = default;
+
+    /// Whether read() has found values.
+    bool isRead() const { return m_numValues != 0; }
+    /// Reads a block. Warns where its position or type has no values to show; raises where the file makes no sense.
+    void read(const yld_SubField& block);
+    void clear() { *this = yld_FieldValueList(); }
+
+    /// How many values the block shows.
+    int length() const { return m_indexCount != 0 ? m_indexCount : m_numValues; }
+    /// One value of those that the block shows; the index must be below length().
+    yld_FieldValue value(int index) const;
+    /// The same values side by side, for a block that shows only some; such a list has one label a value.
+    yld_FieldValueList gathered() const;
+
+    /// An empty instance, shared by all who have none.
+    static shr_COW<yld_Instance> noInstance();
+
+private:
+    friend class yld_FieldBulkData;
+
+    void readInstance(const sto_FieldDescription& description);
+    template<class T> void readData(const fld_FieldDescription& description);
+    template<class T> void readOrientation();
+    void readLabels(const sto_FieldDescription& description);
+    void readNodeLabels(const sto_Mesh& mesh, const sto_Set& set);
+    void readElementLabels(const sto_Mesh& mesh, const sto_Set& set, const sto_ElementClass& onClass);
+    void readFaceLabels(const sto_Mesh& mesh, const sto_Set& set, const sto_ElementClass& onClass);
+    int takeElementLabels(const sto_Subset& members, const sto_ElementClass& onClass);
+    [[noreturn]] void refuse(const char* what) const;
+
+    // The field is held so that what is borrowed from it stays.
+    sto_Field m_field;
+    const float* m_floatData = nullptr;
+    const float* m_floatConjugate = nullptr;
+    const float* m_floatOrientation = nullptr;
+    const double* m_doubleData = nullptr;
+    const double* m_doubleConjugate = nullptr;
+    const double* m_doubleOrientation = nullptr;
+    fio_Buffer m_ownData;
+    fio_Buffer m_ownConjugate;
+    fio_Buffer m_ownOrientation;
+
+    const int* m_nodeLabels = nullptr;
+    const int* m_elementLabels = nullptr;
+    const yld_Enum::yld_ElementFaceEnum* m_faces = nullptr;
+    pcl_Array<int> m_heldNodeLabels; // the store's own, where the block shows a stretch of them
+    pcl_Array<int> m_heldElementLabels;
+    fio_Buffer m_ownNodeLabels;
+    fio_Buffer m_ownElementLabels;
+    fio_Buffer m_ownFaces;
+
+    int m_numValues = 0;
+    int m_width = 0;
+    int m_numEntities = 0;
+    int m_orientationWidth = 0;
+    int m_elementClass = -1;
+    int m_meshIndex = -1;
+    yld_Enum::yld_ResultPositionEnum m_position = yld_Enum::UNDEFINED_POSITION;
+    yld_Enum::yld_PrecisionEnum m_precision = yld_Enum::SINGLE_PRECISION;
+    int m_valuesPerEntity = 1;
+    int m_numNodes = 0;
+    int m_setType = 7;
+    bool m_isPair = false;
+    yld_Sequence<int> m_indices;
+    int m_indexCount = 0;
+    shr_COW<yld_Instance> m_instance = noInstance();
+    yld_Enum::yld_DataTypeEnum m_dataType = yld_Enum::UNDEFINED_DATATYPE;
+    bool m_engineeringTensor = false;
+    yld_String m_baseElementType;
+    yld_SectionPoint m_sectionPoint;
+    yld_Sequence<yld_String> m_componentLabels;
+    // Of faces that differ in their number of points: for each value its place in the element list, and its point.
+    yld_Sequence<int> m_elementIndices;
+    yld_Sequence<int> m_integrationPointIndices;
+};
+
+#endif

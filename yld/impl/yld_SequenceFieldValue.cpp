@@ -1,0 +1,129 @@
+#include "yld_SequenceFieldValue.h"
+
+#include "platform/sto/sto_Assembly.h"
+#include "platform/sto/sto_Field.h"
+#include "platform/sto/sto_FieldContainer.h"
+#include "platform/text/exc_Exception.h"
+#include "yld/impl/yld_FieldValueList.h"
+#include "yld/impl/yld_Raise.h"
+#include "yld_EnumMap.h"
+#include "yld_Instance.h"
+
+yld_SequenceFieldValue::yld_SequenceFieldValue() = default;
+
+yld_SequenceFieldValue::yld_SequenceFieldValue(const yld_Sequence<yld_SubField>& blocks)
+{
+    for (const yld_SubField& block : blocks) append(block);
+}
+
+yld_SequenceFieldValue::yld_SequenceFieldValue(const yld_SequenceFieldValue&) = default;
+yld_SequenceFieldValue& yld_SequenceFieldValue::operator=(const yld_SequenceFieldValue&) = default;
+yld_SequenceFieldValue::~yld_SequenceFieldValue() = default;
+
+void yld_SequenceFieldValue::clearAll() { *this = yld_SequenceFieldValue(); }
+
+const yld_FieldValueList& yld_SequenceFieldValue::list(int block) const
+{
+    // Read into the storage that copies of this sequence share: what one of them has read, all have.
+    auto& list = const_cast<yld_FieldValueList&>(m_lists.PartialArrayConstGet(block));
+    if (!m_isListOnly && !list.isRead()) list.read(m_blocks[block]);
+    return list;
+}
+
+yld_FieldValue yld_SequenceFieldValue::get(unsigned index) const
+{
+    if (index > static_cast<unsigned>(m_numValues) - 1U) yld_raise("FieldValue index out of range.");
+    const auto wanted = static_cast<long long>(index);
+    const auto lengthOf = [this](int block) { return m_blocks[block].length(); };
+
+    if (m_firstIndex < 0) {
+        m_firstIndex = 0;
+        m_currentBlock = 0;
+        m_currentLength = 0;
+    }
+    if (wanted < m_firstIndex) {
+        while (wanted < m_firstIndex) {
+            if (m_currentBlock == 0) yld_raise("FieldValue index out of range.");
+            --m_currentBlock;
+            m_currentLength = lengthOf(m_currentBlock);
+            m_firstIndex -= m_currentLength;
+        }
+    } else if (wanted >= static_cast<long long>(m_firstIndex) + m_currentLength) {
+        int block = m_currentBlock;
+        int first = m_firstIndex;
+        if (m_currentLength > 0) {
+            first += m_currentLength;
+            ++block;
+        }
+        for (;; ++block) {
+            if (block >= m_blocks.size()) yld_raise("FieldValue index out of range.");
+            const int length = lengthOf(block);
+            if (wanted - first < length) {
+                m_currentLength = length;
+                break;
+            }
+            first += length;
+        }
+        m_currentBlock = block;
+        m_firstIndex = first;
+    }
+    return list(m_currentBlock).value(static_cast<int>(wanted - m_firstIndex));
+}
+
+void yld_SequenceFieldValue::append(const yld_SubField& block)
+{
+    m_isListOnly = false;
+    m_blocks.append(block);
+    m_lists.Get(m_listCount++) = yld_FieldValueList();
+    m_numValues += block.length();
+    ++m_numBlocks;
+}
+
+void yld_SequenceFieldValue::appendSubField(const yld_Sequence<int>& keys, const sto_FieldContainer& fields,
+                                            const shr_ArrayCOW<sto_Assembly>& assembly)
+{
+    for (const int key : keys) {
+        try {
+            const sto_Field field = fields.get(key);
+            append(yld_SubField(key, field, assembly, mapDataType(field.fieldDescription().dataType())));
+        } catch (const exc_Exception& error) {
+            yld_raise("Could not read field '%1$d':\n  %2$s", key, error.UserReport());
+        }
+    }
+}
+
+void yld_SequenceFieldValue::append(const yld_FieldValueList& list)
+{
+    m_isListOnly = true;
+    m_lists.Get(m_listCount++) = list;
+}
+
+void yld_SequenceFieldValue::append(const yld_FieldValue&) { yld_raise("Appending field values not allowed."); }
+
+void yld_SequenceFieldValue::append(yld_SequenceFieldValue&)
+{
+    yld_raise("Appending an yld_SequenceFieldValue not allowed.");
+}
+
+yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(yld_Enum::yld_ResultPositionEnum position) const
+{
+    yld_SequenceFieldValue subset;
+    for (const yld_SubField& block : m_blocks) {
+        if (block.position() == position) subset.append(block);
+    }
+    return subset;
+}
+
+yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(const yld_Instance& instance) const
+{
+    if (instance.name() == "rootAssembly") return *this;
+    yld_SequenceFieldValue subset;
+    const sto_PartInstance stored = instance.instance();
+    if (!stored.isValid()) return subset;
+    const std::string name = stored.name();
+    for (const yld_SubField& block : m_blocks) {
+        const sto_FieldDescription& description = block.description();
+        if (description.hasPartInstance() && description.partInstance().name() == name) subset.append(block);
+    }
+    return subset;
+}
