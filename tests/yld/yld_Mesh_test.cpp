@@ -230,7 +230,7 @@ TEST_F(yld_MeshTest, entityWithoutAMesh)
 
 TEST_F(yld_MeshTest, lostCoordinatesLeaveTheLabels)
 {
-    model.reopen();
+    const long long id = part.part().mesh().shortCut().id();
     model.file->save();
     model.file->close();
     sqlite3* raw = nullptr;
@@ -240,7 +240,7 @@ TEST_F(yld_MeshTest, lostCoordinatesLeaveTheLabels)
     sqlite3_close(raw);
     model.opened = fio_File::Open(model.path().c_str(), false, true);
     model.file = model.opened.body();
-    yld_Mesh blind(sto_Mesh(lnk_ShortCut<mshK_Mesh>(model.file, part.part().mesh().shortCut().id())), "P", false);
+    yld_Mesh blind(sto_Mesh(lnk_ShortCut<mshK_Mesh>(model.file, id)), "P", false);
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(blind.nodeAt(i).label(), 10 * (i + 1));
         EXPECT_EQ(blind.nodeAt(i).coordinate(0), 0.0f);
