@@ -56,6 +56,9 @@ public:
     void ReadSets(bool includeInternal);
 
 private:
+    yld_Set setOf(const yld_String& name, const sto_Set& set) const;
+    void joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type);
+
     shr_CountedHld<sto_Assembly> m_assembly;
     shr_CountedHld<sto_Model> m_model;
     shr_CountedHld<yld_InstanceRepository> m_instances;

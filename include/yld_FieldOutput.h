@@ -130,6 +130,8 @@ public:
                                      const yld_Sequence<yld_Enum::yld_InvariantEnum>& invariants);
 
 private:
+    friend class yld_FieldAddDataUtils;
+
     void adoptDescription(const sto_Field& field);
     void widenTensorType(const sto_FieldDescription& description);
     void narrowTensorType();

@@ -59,6 +59,7 @@ public:
     /// Looks for fields that came in since the last full read; tells whether there were any.
     bool update();
 
+    bool isFullyRead() const { return m_fullyRead; }
     bool hasStore() const;
     const shr_COW<sto_FieldFrame>& fieldFrame() const { return m_fieldFrame; }
     const shr_COW<sto_FieldStep>& fieldStep() const { return m_fieldStep; }

@@ -73,6 +73,9 @@ public:
     sto_Part part() const;
 
 private:
+    void bindMesh();
+    void joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type);
+
     shr_CountedHld<sto_Part> m_part;
 };
 

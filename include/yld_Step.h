@@ -32,7 +32,10 @@ public:
     const yld_Frame& operator[](int index) const { return constGet(index); }
 
 private:
+    friend class yld_Step;
+
     yld_Frame& hold(int index) const;
+    bool updateCurrent();
     void leave() const;
 
     shr_CountedHld<sto_Step> m_step;
@@ -93,7 +96,8 @@ public:
     yld_LoadCase& LoadCase(const yld_String& name);
     const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
 
-    /// Looks for frames and fields that came in since the step was read; tells whether there were any.
+    /// Looks for frames and load cases that came in since the last look, and for fields of the frame at hand if all
+    /// of its fields have been read; tells whether there were any.
     bool update();
     /// Gives back the memory of the frame at hand and its fields.
     void ClearFrameContainer();
@@ -118,6 +122,7 @@ private:
     shr_CountedHld<sto_Step> m_step;
     shr_ArrayCOW<sto_Assembly> m_assembly;
     yld_SequenceFrame m_frames;
+    int m_knownFrames = 0;
     yld_Repository<yld_String, yld_LoadCase> m_loadCases;
     shr_CountedHld<sto_StoStep> m_modelStep;
 };

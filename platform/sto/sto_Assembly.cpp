@@ -27,11 +27,6 @@ sto_Mesh sto_Assembly::Mesh(const sto_NodeArg& arg)
     return made;
 }
 
-void sto_Assembly::addNodes(const int* labels, const float* coordinates, int count, const std::string& setName)
-{
-    Mesh().addNodes(labels, coordinates, count, setName);
-}
-
 sto_PartInstance sto_Assembly::instance(int index) const
 {
     return sto_PartInstance(m_reference.fetch()->m_instances.at(index));
@@ -80,6 +75,35 @@ setC_Set newSet(const sto_SetList& list, int type, const std::string& name, bool
 }
 
 } // namespace
+
+void sto_Assembly::addNodes(const int* labels, const float* coordinates, int count, const std::string& setName)
+{
+    Mesh().addNodes(labels, coordinates, count, std::string());
+    if (setName.empty()) return;
+    const sto_Set joined = set().find(setC_Set::nodeSet, setName);
+    if (!joined.isValid()) {
+        Nset(setName, {{std::string(), std::vector<int>(labels, labels + count)}}, false, false);
+        return;
+    }
+    const std::shared_ptr<setC_Set> changed = joined.shortCut().fetchWritable();
+    mesh().appendNodes(*changed, labels, count);
+    joined.shortCut().replace(changed);
+}
+
+void sto_Assembly::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params,
+                               bool indices)
+{
+    mesh().addElements(arg, std::string(), params, indices);
+    if (setName.empty()) return;
+    const sto_Set joined = set().find(setC_Set::elementSet, setName);
+    if (!joined.isValid()) {
+        Elset(setName, {{std::string(), std::vector<int>(arg.labels, arg.labels + arg.numElements)}}, false);
+        return;
+    }
+    const std::shared_ptr<setC_Set> changed = joined.shortCut().fetchWritable();
+    mesh().appendElements(*changed, arg.labels, arg.numElements);
+    joined.shortCut().replace(changed);
+}
 
 sto_Set sto_Assembly::Nset(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal,
                            bool isUnsorted)

@@ -42,8 +42,11 @@ public:
     sto_Mesh mesh() const { return sto_Mesh(m_reference.fetch()->m_mesh); }
     /// Makes the assembly's own mesh, or gives it.
     sto_Mesh Mesh(const sto_NodeArg& arg = sto_NodeArg());
-    /// Makes the mesh if need be, and appends nodes to it, see sto_Mesh.
+    /// Makes the mesh if need be, and appends nodes to it, see sto_Mesh. The set is one of the assembly.
     void addNodes(const int* labels, const float* coordinates, int count, const std::string& setName);
+    /// The same for elements; the mesh must be there.
+    void addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params,
+                     bool indices);
 
     int numInstances() const { return m_reference.fetch()->m_instances.size(); }
     std::string instanceName(int index) const { return m_reference.fetch()->m_instances.key(index); }

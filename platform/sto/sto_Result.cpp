@@ -6,6 +6,7 @@
 #include "platform/store/fio_File.h"
 #include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StepContainer.h"
+#include "platform/sto/sto_StoStep.h"
 
 sto_Result sto_Result::create(const std::shared_ptr<fio_FileBody>& file)
 {
@@ -14,7 +15,7 @@ sto_Result sto_Result::create(const std::shared_ptr<fio_FileBody>& file)
     return sto_Result(lnk_ShortCut<fld_Result>::create(file, std::move(result)));
 }
 
-sto_Step sto_Result::Step(const shr_String& name)
+sto_Step sto_Result::Step(const shr_String& name, const sto_StoStep& modelStep, const shr_String& previous)
 {
     const auto& file = m_result.file();
     mrp_Container<fld_Step> steps = m_result.fetch()->m_steps;
@@ -23,16 +24,20 @@ sto_Step sto_Result::Step(const shr_String& name)
     fld_Step step;
     step.m_name = name.cStr();
     step.m_frames = mrp_Container<fld_Frame>::create(file);
-    step.m_modelStep = sto_Step::findModelStep(file, step.m_name);
-    int place = steps.size();
-    if (step.m_modelStep.isValid()) {
-        const std::shared_ptr<const mshK_Step> model = step.m_modelStep.fetch();
-        step.m_period = model->m_period;
-        place = sto_StepContainer::placeBehind(steps, model->m_previousName.c_str());
-    }
+    step.m_modelStep = modelStep.shortCut();
+    step.m_period = modelStep.period();
     const lnk_ShortCut<fld_Step> created = lnk_ShortCut<fld_Step>::create(file, std::move(step));
-    steps.insert(place, name.cStr(), created);
+    steps.insert(sto_StepContainer::placeBehind(steps, previous.cStr()), name.cStr(), created);
     return sto_Step(created);
+}
+
+sto_Step sto_Result::Step(const shr_String& name)
+{
+    const sto_StoStep modelStep(sto_Step::findModelStep(m_result.file(), name.cStr()));
+    if (!modelStep.isValid()) {
+        fio_raise(m_result.file()->path(), "the model has no step named \"" + std::string(name.cStr()) + "\"");
+    }
+    return Step(name, modelStep, modelStep.previousName());
 }
 
 sto_Step sto_Result::step(const shr_String& name) const { return steps().get(name); }

@@ -7,6 +7,7 @@
 
 class sto_Step;
 class sto_StepContainer;
+class sto_StoStep;
 
 /// A handle on the results of a database.
 class sto_Result
@@ -20,8 +21,11 @@ public:
     bool isValid() const { return m_result.isValid(); }
     const lnk_ShortCut<fld_Result>& shortCut() const { return m_result; }
 
-    /// The result side of a new step. The model side of that name, which comes first, gives its period and its place:
-    /// behind the step that it follows.
+    /// The result side of a new step.
+    /// @param modelStep  the other side, which gives the period
+    /// @param previous   as for sto_StoStep::create, so that both sides stand in one order
+    sto_Step Step(const shr_String& name, const sto_StoStep& modelStep, const shr_String& previous);
+    /// The same for a model side that is found by its name.
     sto_Step Step(const shr_String& name);
     /// Raises when there is no step of that name.
     sto_Step step(const shr_String& name) const;

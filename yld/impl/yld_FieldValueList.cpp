@@ -2,6 +2,8 @@
 
 #include "platform/shape/shc_Topology.h"
 #include "platform/sto/sto_Assembly.h"
+#include "platform/sto/sto_Model.h"
+#include "platform/sto/sto_ModelOf.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 #include "platform/text/prg_WIP.h"
@@ -264,7 +266,6 @@ void yld_FieldValueList::readNodeLabels(const sto_Mesh& mesh, const sto_Set& set
         const int* list = members.isRun() ? run.data() : members.memberList();
         for (int k = 0; k < members.numMembers(); ++k) {
             if (list[k] >= 0 && list[k] < nodes.NumNodes()) to[filled++] = labels[list[k]];
-            else if (list[k] >= grd_NodeData::firstForeignNode) to[filled++] = nodes.GetUserNodeLabel(list[k], mesh);
             else refuse("a node that the mesh has not");
         }
     }
@@ -329,6 +330,16 @@ void yld_FieldValueList::readElementLabels(const sto_Mesh& mesh, const sto_Set& 
     m_ownNodeLabels = bufferFor(m_numValues, sizeof(int));
     int* to = valuesIn<int>(m_ownNodeLabels);
     const sto_NodeData nodes = mesh.nodeData();
+    const auto foreignLabel = [this](const sto_NodeData& own, int node) {
+        const sto_ScopedNodeData scoped(own);
+        const lnk_ShortCut<mshK_Model> model = sto_modelOf(m_field.shortCut().file());
+        if (model.isNull()) refuse("a node of an instance that the model has not");
+        const sto_PartInstance instance = sto_Model(model).rootAssembly().instance(scoped.getPartInstance(node));
+        const sto_NodeData there = instance.mesh().nodeData();
+        const int index = scoped.getInstanceNode(node);
+        if (index < 0 || index >= there.NumNodes()) refuse("a node that its instance has not");
+        return there.GetUserNodeLabels()[index];
+    };
     const int* labels = nodes.GetUserNodeLabels();
     const int* connectivity = onClass.elementConnectivity();
     const int* list = members->isRun() ? nullptr : members->memberList();
@@ -336,7 +347,8 @@ void yld_FieldValueList::readElementLabels(const sto_Mesh& mesh, const sto_Set& 
         const int element = list ? list[k] : members->firstMember() + k;
         const int* row = connectivity + static_cast<std::ptrdiff_t>(element) * m_valuesPerEntity;
         for (int n = 0; n < m_valuesPerEntity; ++n) {
-            *to++ = row[n] < grd_NodeData::firstForeignNode ? labels[row[n]] : nodes.GetUserNodeLabel(row[n], mesh);
+            // An element of the assembly may stand on a node of an instance, which has its label there.
+            *to++ = row[n] < grd_NodeData::firstForeignNode ? labels[row[n]] : foreignLabel(nodes, row[n]);
         }
     }
     m_nodeLabels = valuesIn<int>(m_ownNodeLabels);

@@ -264,7 +264,7 @@ yld_FieldOutput& yld_Frame::FieldOutput(const yld_String& name, const yld_String
     if (invariants.isMember(yld_Enum::MISES) && !invariants.isMember(yld_Enum::PRESS)) {
         invariants.append(yld_Enum::PRESS);
     }
-    yld_FieldOutput field(name, description, type, yld_Sequence<yld_String>(), invariants, m_assembly,
+    yld_FieldOutput field(name, description, type, componentLabels, invariants, m_assembly,
                           m_fieldOutputs.fieldFrame(), m_fieldOutputs.fieldStep(), m_frameIndex, 0, 1,
                           yld_Enum::UNDEFINED_DATASUBTYPE);
     field.setDefaultComponents(componentLabels);

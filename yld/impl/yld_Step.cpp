@@ -54,6 +54,11 @@ void yld_SequenceFrame::leave() const
     if (m_current->fieldOutputs().hasStore()) m_current->fieldOutputs().fieldFrame().ConstGet().release();
 }
 
+bool yld_SequenceFrame::updateCurrent()
+{
+    return m_current.IsValid() && m_current->fieldOutputs().isFullyRead() && m_current->update();
+}
+
 yld_Frame& yld_SequenceFrame::get(int index)
 {
     yld_Frame& frame = hold(index);
@@ -82,6 +87,7 @@ yld_Step::yld_Step(const yld_String& name, const sto_Step& step, const yld_Strin
         m_loadCases.insert(loadCase.c_str(), yld_LoadCase(loadCase.c_str()));
     }
     m_frames = yld_SequenceFrame(*this);
+    m_knownFrames = m_frames.size();
 }
 
 yld_Step::yld_Step(const yld_Step&) = default;
@@ -128,6 +134,7 @@ yld_Frame yld_Step::newFrame(const yld_String& description, double frameValue, i
     }
     yld_Frame created(index, shr_COW<sto_Frame>(frame), m_assembly, m_domain, *this, loadCase);
     m_frames = yld_SequenceFrame(*this);
+    m_knownFrames = m_frames.size();
     return created;
 }
 
@@ -283,6 +290,21 @@ yld_LoadCase& yld_Step::LoadCase(const yld_String& name)
     if (m_step.IsValid()) m_step->addLoadCaseName(name);
     m_loadCases.insert(name, yld_LoadCase(name));
     return m_loadCases.get(name);
+}
+
+bool yld_Step::update()
+{
+    if (m_step.IsNull()) return false;
+    bool isNew = false;
+    for (const std::string& loadCase : m_step->loadCaseNames()) {
+        if (m_loadCases.insert(loadCase.c_str(), yld_LoadCase(loadCase.c_str()))) isNew = true;
+    }
+    const int frames = m_step->numFrames();
+    if (frames != m_knownFrames) isNew = true;
+    if (isNew) m_frames = yld_SequenceFrame(*this);
+    else isNew = m_frames.updateCurrent();
+    m_knownFrames = frames;
+    return isNew;
 }
 
 void yld_Step::ClearFrameContainer()

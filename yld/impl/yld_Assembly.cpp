@@ -1,0 +1,288 @@
+#include "yld_Assembly.h"
+
+#include "platform/attribute/prtC_Enum.h"
+#include "platform/shape/shc_Topology.h"
+#include "platform/sto/sto_Model.h"
+#include "yld/impl/yld_Mesh.h"
+#include "yld/impl/yld_MeshInput.h"
+#include "yld/impl/yld_Raise.h"
+#include "yld_EnumMap.h"
+
+yld_Assembly::yld_Assembly()
+    : m_assembly(new sto_Assembly), m_model(new sto_Model), m_instances(new yld_InstanceRepository)
+{
+}
+
+yld_Assembly::yld_Assembly(const yld_String& name, const sto_Assembly& assembly, const sto_Model& model)
+    : yld_DiscreteEntity(name, yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY, yld_MeshHandle(new yld_Mesh)),
+      m_assembly(new sto_Assembly(assembly)), m_model(new sto_Model(model)),
+      m_instances(new yld_InstanceRepository(model))
+{
+}
+
+yld_Assembly::yld_Assembly(const yld_Assembly&) = default;
+yld_Assembly& yld_Assembly::operator=(const yld_Assembly&) = default;
+yld_Assembly::~yld_Assembly() = default;
+
+sto_Assembly yld_Assembly::assembly() const { return *m_assembly; }
+
+void yld_Assembly::setName(const shr_String& name)
+{
+    yld_MeshInput::guarded([&] { m_assembly->setName(name.cStr()); });
+    m_name = yld_String(name);
+}
+
+yld_InstanceRepository& yld_Assembly::instance() { return *m_instances; }
+
+yld_InstanceRepository& yld_Assembly::instances()
+{
+    if (m_instances->isEmpty()) ReadInstances();
+    return *m_instances;
+}
+
+const yld_InstanceRepository& yld_Assembly::instances() const
+{
+    if (m_instances->isEmpty()) ReadInstances();
+    return *m_instances;
+}
+
+yld_Instance& yld_Assembly::Instance(const yld_String& name, const yld_Part& part,
+                                     const yld_Sequence<yld_Sequence<float>>& localCoordSystem)
+{
+    if (instances().isMember(name)) yld_raise("A part instance named \"%s\" already exists.", name);
+    return m_instances->Instance(name, part, localCoordSystem);
+}
+
+void yld_Assembly::ReadMesh()
+{
+    yld_MeshInput::guarded([this] {
+        if (!m_assembly->isValid() || !m_assembly->hasMesh()) return;
+        // In the shared handle, so that whoever holds the mesh sees it.
+        *m_mesh = yld_Mesh(m_assembly->mesh(), yld_String("rootAssembly"), true);
+        m_elements = yld_SequenceElement(m_mesh);
+        m_nodes = yld_SequenceNode(m_mesh);
+        m_instances->meshes().merge(m_mesh);
+    });
+}
+
+void yld_Assembly::ReadInstances() const
+{
+    if (!m_assembly->isValid()) return;
+    yld_MeshInput::guarded([this] {
+        const int count = m_assembly->numInstances();
+        for (int i = 0; i < count; ++i) {
+            const sto_PartInstance stored = m_assembly->instance(i);
+            if (!stored.IsPartInstance()) continue;
+            const yld_String key(m_assembly->instanceName(i).c_str());
+            const sto_Mesh storedMesh = stored.mesh();
+            const yld_MeshHandle mesh(new yld_Mesh(storedMesh, key, stored.isAssemblyInstance()));
+            yld_Enum::yld_DimensionEnum space = yld_Enum::THREE_D;
+            if (storedMesh.nodeData().Dim() == 2) {
+                const sto_ElementData elements = storedMesh.elementData();
+                const shc_Topology* shape = elements.numClasses() > 0 ? elements.elementClass(0, 0).shape() : nullptr;
+                space = shape && shape->IsAxisymmetric() ? yld_Enum::AXISYMMETRIC : yld_Enum::TWO_D_PLANAR;
+            }
+            const yld_Enum::yld_PartTypeEnum type = mapPartType(static_cast<prtC_PartTypeEnm>(stored.partType()));
+            m_instances->meshes().merge(mesh);
+            m_instances->insert(key, yld_Instance(key, space, type, stored, mesh));
+        }
+    });
+}
+
+void yld_Assembly::ReadSets(bool includeInternal)
+{
+    if (!m_assembly->isValid()) return;
+    yld_MeshInput::guarded([&] {
+        const sto_SetList list = m_assembly->set();
+        const int length = list.length(includeInternal);
+        for (int i = 0; i < length; ++i) {
+            const yld_String label(list.setLabel(i).c_str());
+            const yld_Set set(label, list.get(i), m_instances->meshes());
+            switch (list.setType(i)) {
+            case setC_Set::nodeSet: m_nodeSets.insert(label, set); break;
+            case setC_Set::elementSet: m_elementSets.insert(label, set); break;
+            case setC_Set::surface: m_surfaces.insert(label, set); break;
+            default: yld_raise("Unknown Set type.");
+            }
+        }
+    });
+}
+
+// A set over all meshes; the assembly's own mesh stands in it without a name.
+yld_Set yld_Assembly::setOf(const yld_String& name, const sto_Set& set) const
+{
+    yld_MeshList meshes(m_instances->meshes());
+    if (m_assembly->hasMesh()) {
+        meshes.append(yld_MeshHandle(new yld_Mesh(m_assembly->mesh(), yld_String(), true)));
+    }
+    return yld_Set(name, set, meshes);
+}
+
+namespace {
+
+struct GroupMessages
+{
+    const char* badInstance;
+    const char* noMesh;
+    const char* badInAssembly;
+    const char* badInInstance;
+};
+
+constexpr GroupMessages nodeMessages = {
+    "The nodes associated with entity named '%s' cannot be used to construct a set.",
+    "No part instance name was specified for a group of nodes, but the assembly does not have a mesh.",
+    "Invalid node label %d for the assembly.", "Invalid node label %d for instance %s"};
+
+constexpr GroupMessages elementMessages = {
+    "The elements associated with entity named '%s' cannot be used to construct a set.",
+    "No part instance name was specified for a group of elements, but the assembly does not have a mesh.",
+    "Invalid element label %d for the assembly.", "Invalid element label %d for instance %s"};
+
+void requireGroups(int names, int groups)
+{
+    if (names != groups) yld_raise("Number of instance names and groups of labels does not match.");
+}
+
+// The groups of a new set, each tested before any is used.
+std::vector<sto_SetStruct> groupsOf(const yld_Sequence<yld_String>& instanceNames,
+                                    const yld_Sequence<yld_Sequence<int>>& labels,
+                                    const yld_InstanceRepository& instances, const sto_Assembly& assembly, bool isNodes)
+{
+    requireGroups(instanceNames.size(), labels.size());
+    const GroupMessages& messages = isNodes ? nodeMessages : elementMessages;
+    std::vector<sto_SetStruct> groups;
+    for (int i = 0; i < instanceNames.size(); ++i) {
+        const yld_String& name = instanceNames[i];
+        const bool own = name.empty();
+        if (!own && !instances.isMember(name)) yld_raise(messages.badInstance, name);
+        if (own && !assembly.hasMesh()) yld_raise(messages.noMesh);
+        const sto_Mesh mesh = own ? assembly.mesh() : instances.constGet(name).instance().mesh();
+        groups.push_back({yld_MeshInput::text(name), yld_MeshInput::values(labels[i])});
+        const std::vector<int>& given = groups.back().labels;
+        const int count = static_cast<int>(given.size());
+        const int bad = isNodes ? mesh.nodeData().CheckUserNodeLabels(given.data(), count)
+                                : mesh.elementData().CheckUserElementLabels(given.data(), count);
+        if (bad == count) continue;
+        if (own) yld_raise(messages.badInAssembly, given[static_cast<std::size_t>(bad)]);
+        yld_raise(messages.badInInstance, given[static_cast<std::size_t>(bad)], name);
+    }
+    return groups;
+}
+
+} // namespace
+
+yld_Set& yld_Assembly::NodeSet(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
+                               const yld_Sequence<yld_Sequence<int>>& labels, bool isInternal, bool isUnsorted,
+                               bool skipRefresh)
+{
+    yld_SetRepository& sets = nodeSets(isInternal, skipRefresh);
+    if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
+    yld_MeshInput::guarded([&] {
+        const std::vector<sto_SetStruct> groups = groupsOf(instanceNames, labels, *m_instances, *m_assembly, true);
+        const sto_Set made = m_assembly->Nset(yld_MeshInput::text(name), groups, isInternal, isUnsorted);
+        sets.insert(name, setOf(name, made));
+    });
+    return sets.get(name);
+}
+
+yld_Set& yld_Assembly::ElementSet(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
+                                  const yld_Sequence<yld_Sequence<int>>& labels, bool isInternal, bool skipRefresh)
+{
+    yld_SetRepository& sets = elementSets(isInternal, skipRefresh);
+    if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
+    yld_MeshInput::guarded([&] {
+        const std::vector<sto_SetStruct> groups = groupsOf(instanceNames, labels, *m_instances, *m_assembly, false);
+        const sto_Set made = m_assembly->Elset(yld_MeshInput::text(name), groups, isInternal);
+        sets.insert(name, setOf(name, made));
+    });
+    return sets.get(name);
+}
+
+yld_Set& yld_Assembly::Surface(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
+                               const yld_Sequence<yld_Sequence<int>>& labels,
+                               const yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>>& faces, bool isInternal)
+{
+    yld_SetRepository& sets = surfaces(false);
+    if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
+    requireGroups(instanceNames.size(), labels.size());
+    requireGroups(instanceNames.size(), faces.size());
+    std::vector<mshK_SurfStruct> groups;
+    for (int i = 0; i < instanceNames.size(); ++i) {
+        m_instances->CheckKey(instanceNames[i]);
+        const yld_Instance& owner = static_cast<const yld_InstanceRepository&>(*m_instances).constGet(instanceNames[i]);
+        const sto_Mesh mesh = yld_MeshInput::guarded([&owner] { return owner.instance().mesh(); });
+        groups.push_back({yld_MeshInput::text(instanceNames[i]), yld_MeshInput::classify(labels[i], faces[i], mesh)});
+    }
+    yld_MeshInput::guarded([&] {
+        const sto_Set made = m_assembly->Surface(yld_MeshInput::text(name), groups, isInternal);
+        sets.insert(name, setOf(name, made));
+    });
+    return sets.get(name);
+}
+
+void yld_Assembly::joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type)
+{
+    yld_MeshInput::guarded([&] {
+        const bool isNodes = type == yld_Enum::NODE_SET;
+        const sto_Set set =
+            m_assembly->set().find(isNodes ? setC_Set::nodeSet : setC_Set::elementSet, yld_MeshInput::text(name));
+        yld_SetRepository& sets = isNodes ? m_nodeSets : m_elementSets;
+        // A set that was there may have been made before the assembly had a mesh.
+        if (!sets.insert(name, setOf(name, set))) sets.get(name) = setOf(name, set);
+    });
+}
+
+void yld_Assembly::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& coordinates,
+                            const yld_String& setName)
+{
+    constexpr int width = 3;
+    if (labels.isEmpty()) yld_raise("No node labels provided.");
+    const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, width);
+    const std::vector<int> given = yld_MeshInput::values(labels);
+    yld_MeshInput::guarded([&] {
+        if (m_assembly->hasMesh() && m_assembly->mesh().nodeData().Dim() != width) {
+            yld_raise("The space of part \"%s\" is not that of its mesh.", m_name);
+        }
+        m_assembly->addNodes(given.data(), points.data(), static_cast<int>(given.size()), yld_MeshInput::text(setName));
+    });
+    ReadMesh();
+    if (!setName.empty()) joinSet(setName, yld_Enum::NODE_SET);
+    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+}
+
+namespace {
+
+void requireAllowed(const yld_String& type)
+{
+    if (!sto_AssemblyAllowedElementType(yld_MeshInput::text(type))) {
+        yld_raise("Addition of elements of type \"%s\" is not permitted at the assembly level.", type);
+    }
+}
+
+} // namespace
+
+void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
+                               const yld_String& type, const yld_String& setName, const yld_SectionCategory&,
+                               const yld_ElemCtrlParams& params)
+{
+    requireAllowed(type);
+    int width = 0;
+    const std::vector<int> nodes = yld_MeshInput::elements(labels, connectivity, type, width);
+    if (!yld_MeshInput::guarded([this] { return m_assembly->hasMesh(); })) {
+        throw exc_TextException("Element nodes do not exist at the assembly level.");
+    }
+    const std::vector<int> given = yld_MeshInput::values(labels);
+    yld_MeshInput::guarded([&] {
+        sto_Mesh mesh = m_assembly->mesh();
+        const int count = static_cast<int>(nodes.size());
+        const int bad = mesh.nodeData().CheckUserNodeLabels(nodes.data(), count);
+        if (bad < count) {
+            yld_raise("Node number \"%d\" does not exist in the rootAssembly.\n", nodes[static_cast<std::size_t>(bad)]);
+        }
+        const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, yld_SectionCategory());
+        m_assembly->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr, false);
+    });
+    if (!m_mesh->isBound()) ReadMesh();
+    if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);
+    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+}
