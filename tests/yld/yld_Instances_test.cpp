@@ -19,6 +19,7 @@
 // element would otherwise be found by the first client who calls it. (The sequences of numbers, of texts and of
 // those are compiled in the library itself.)
 template class yld_Sequence<yld_ElementClass>;
+template class yld_Sequence<yld_FieldOutput>;
 template class yld_Sequence<yld_SectionPoint>;
 template class yld_Sequence<yld_SubField>;
 template class yld_Sequence<yld_SequenceElement>;
@@ -48,7 +49,7 @@ class yld_SequenceOf : public testing::Test
 using Elements =
     testing::Types<int, float, double, yld_String, yld_Sequence<int>, yld_Sequence<float>, yld_Sequence<double>,
                    yld_Sequence<yld_Sequence<float>>, yld_Sequence<yld_Sequence<double>>, yld_ElementClass,
-                   yld_SectionPoint, yld_SubField, yld_SequenceElement, yld_SequenceNode, yld_Enum::yld_ElementFaceEnum,
+                   yld_FieldOutput, yld_SectionPoint, yld_SubField, yld_SequenceElement, yld_SequenceNode, yld_Enum::yld_ElementFaceEnum,
                    yld_Enum::yld_InvariantEnum, yld_Enum::yld_ProductAddOnEnum,
                    yld_Sequence<yld_Enum::yld_ElementFaceEnum>>;
 TYPED_TEST_SUITE(yld_SequenceOf, Elements);
