@@ -6,3 +6,25 @@ cd "$(dirname "$0")"
 yld_install_packages
 cmake --preset release >/dev/null
 cmake --build --preset release
+
+bin=build/release/bin
+results=build/release/cantilever.yld
+echo
+echo "== a cantilever of hexahedra, its end load in ten increments"
+"$bin/cantilever_analysis" "$results"
+echo
+echo "== what is in its results, read by another program"
+"$bin/cantilever_report" "$results"
+cat <<END
+
+The results are in $results. To look into them:
+
+    $bin/yld info $results
+    $bin/yld values $results --field U
+    $bin/yld values $results --step load --frame -1 --field S --csv
+    $bin/yld info $results --json
+
+Result files in Exodus II format become databases with
+
+    $bin/yld import IN.e OUT.yld
+END

@@ -9,31 +9,33 @@
 #include <cstdint>
 #include <cstring>
 
-/// A paged array: a table of blocks of 2^power elements. The table is shared by all copies of an array, and each
-/// block by all tables that hold it, until somebody writes: then the writer gets a table of its own, and of the
-/// blocks just the one that it writes. Elements never move while an array grows at its end.
+/// A paged array: a table of blocks of 2^power elements. The table is shared by all copies of an array, and
+/// each block by all tables that hold it, until somebody writes: then the writer gets a table of its own, and
+/// of the blocks just the one that it writes. Elements never move while an array grows at its end.
 ///
-/// Copying costs six words and one increment; the first write after a copy costs one table and one block. Indices
-/// are not checked. Counts are plain integers: an array and its copies stay within one thread.
+/// Copying costs six words and one increment; the first write after a copy costs one table and one block.
+/// Indices are not checked. Counts are plain integers: an array and its copies stay within one thread.
 ///
-/// Every entry of a table owns one count of its block, also those behind the end, which a shrunken array keeps and
-/// finds again when it grows back; so the last holder of a table leaves nothing behind.
+/// Every entry of a table owns one count of its block, also those behind the end, which a shrunken array
+/// keeps and finds again when it grows back; so the last holder of a table leaves nothing behind.
 template<class T>
 class YLD_API shr_1DArray
 {
 public:
     using Block = shr_1DArrayBlock<T>;
 
-    shr_1DArray() : m_tableLength(0), m_power(0), m_end(0), m_head(0), m_tableCounter(new shr_Counter), m_table(nullptr)
+    shr_1DArray()
+        : m_tableLength(0), m_power(0), m_end(0), m_head(0), m_tableCounter(new shr_Counter), m_table(nullptr)
     {
     }
 
     /// An array of `size` elements, without any block yet: a block is made by the first Get or
-    /// PartialArrayConstGet that falls into it. The size of the blocks follows from that of the array: 16 elements
-    /// up to size 255, from there on so that 8 to 16 blocks serve.
+    /// PartialArrayConstGet that falls into it. The size of the blocks follows from that of the array: 16
+    /// elements up to size 255, from there on so that 8 to 16 blocks serve.
     explicit shr_1DArray(int size) : shr_1DArray()
     {
-        // Read from the size as a float: its exponent is the logarithm, the upper bits of its mantissa the eighths.
+        // Read from the size as a float: its exponent is the logarithm, the upper bits of its mantissa the
+        // eighths.
         const std::uint32_t bits = std::bit_cast<std::uint32_t>(static_cast<float>(size));
         const int exponent = static_cast<int>((bits >> 23) & 0xffu) - 130;
         const std::uint32_t mantissa = bits & 0x7fffffu;
@@ -51,8 +53,8 @@ public:
     }
 
     shr_1DArray(const shr_1DArray& other) noexcept
-        : m_tableLength(other.m_tableLength), m_power(other.m_power), m_end(other.m_end), m_head(other.m_head),
-          m_tableCounter(other.m_tableCounter), m_table(other.m_table)
+        : m_tableLength(other.m_tableLength), m_power(other.m_power), m_end(other.m_end),
+          m_head(other.m_head), m_tableCounter(other.m_tableCounter), m_table(other.m_table)
     {
         ++m_tableCounter->count;
     }
@@ -97,8 +99,8 @@ public:
         }
     }
 
-    /// Element i for writing: unshares the table and the block, makes a missing block, and extends the array if i
-    /// lies beyond it. The reference is good until this array is next copied and written.
+    /// Element i for writing: unshares the table and the block, makes a missing block, and extends the array
+    /// if i lies beyond it. The reference is good until this array is next copied and written.
     T& Get(int i)
     {
         if (i >= m_end - m_head) {
@@ -109,8 +111,8 @@ public:
         return fullAccess(i);
     }
 
-    /// Element i for reading; any index within the table will do, since a missing block is made. It is made in the
-    /// shared table, so all arrays on that table see it.
+    /// Element i for reading; any index within the table will do, since a missing block is made. It is made
+    /// in the shared table, so all arrays on that table see it.
     const T& PartialArrayConstGet(int i) const
     {
         const int position = m_head + i;
@@ -128,8 +130,8 @@ public:
         return m_table[position >> m_power]->elements[position & (blockSize() - 1)];
     }
 
-    /// The elements from i on that lie side by side: sets `length` to their number, at most `most`, and returns the
-    /// first. Element i must exist. For bulk reading without arithmetic for each element.
+    /// The elements from i on that lie side by side: sets `length` to their number, at most `most`, and
+    /// returns the first. Element i must exist. For bulk reading without arithmetic for each element.
     const T* ConstRun(int i, int most, int& length) const noexcept
     {
         const int offset = (m_head + i) & (blockSize() - 1);
@@ -137,8 +139,8 @@ public:
         return &FullArrayConstGet(i);
     }
 
-    /// Changes the number of elements to n. Growing makes no block and moves no element. Shrinking, except to 0,
-    /// only moves the end: what lies behind it is found again by growing back. 0 gives everything back.
+    /// Changes the number of elements to n. Growing makes no block and moves no element. Shrinking, except to
+    /// 0, only moves the end: what lies behind it is found again by growing back. 0 gives everything back.
     bool Grow(int n)
     {
         CopyArray();
@@ -163,9 +165,9 @@ public:
         return true;
     }
 
-    /// Opens one new element in front of the first and returns it for writing. If there is no room in front, the
-    /// blocks in use move to the top of the table, so room for many more is made at once. An array whose table is
-    /// full up to its last entry then also has the rest of its last block as elements.
+    /// Opens one new element in front of the first and returns it for writing. If there is no room in front,
+    /// the blocks in use move to the top of the table, so room for many more is made at once. An array whose
+    /// table is full up to its last entry then also has the rest of its last block as elements.
     T& GetHead()
     {
         if (m_head > 0) {
@@ -183,7 +185,8 @@ public:
         // The entries behind the end are about to be overwritten.
         releaseBlocks(used, m_tableLength);
         const int shift = m_tableLength - used;
-        std::memmove(static_cast<void*>(m_table + shift), m_table, sizeof(Block*) * static_cast<std::size_t>(used));
+        std::memmove(static_cast<void*>(m_table + shift), m_table,
+                     sizeof(Block*) * static_cast<std::size_t>(used));
         std::memset(static_cast<void*>(m_table), 0, sizeof(Block*) * static_cast<std::size_t>(shift));
         m_head = (shift << m_power) - 1;
         m_end += m_head;
@@ -239,7 +242,10 @@ public:
     int Head() const noexcept { return m_head; }
     int TableCount() const noexcept { return m_tableCounter->count; }
     bool HasTable() const noexcept { return m_table != nullptr; }
-    bool SharesTableWith(const shr_1DArray& other) const noexcept { return m_tableCounter == other.m_tableCounter; }
+    bool SharesTableWith(const shr_1DArray& other) const noexcept
+    {
+        return m_tableCounter == other.m_tableCounter;
+    }
     /// Blocks up to the end, present or not.
     int UsedBlocks() const noexcept { return blocksFor(m_end, m_power); }
     /// The block in an entry of the table, null if absent.
@@ -269,8 +275,9 @@ private:
         return static_cast<int>((std::int64_t{end} + (std::int64_t{1} << power) - 1) >> power);
     }
 
-    // The allocation behind a table depends on the table's length alone. That of a long table is rounded up by up
-    // to a quarter, so that appending, which lengthens the table by few entries at a time, seldom moves it.
+    // The allocation behind a table depends on the table's length alone. That of a long table is rounded up
+    // by up to a quarter, so that appending, which lengthens the table by few entries at a time, seldom moves
+    // it.
     static std::size_t bytesFor(int length) noexcept
     {
         std::size_t entries = static_cast<std::size_t>(length);

@@ -3,16 +3,16 @@
 
 #include "containers/shr_1DArray.h"
 
-/// Walks the elements of a paged array from first to last. It holds a copy of the array, so it walks the elements
-/// as they were when it was made, and keeps them alive. An array whose first block is absent counts as empty;
-/// where a later block is absent there is no element to ask for (HasCurrent).
+/// Walks the elements of a paged array from first to last. It holds a copy of the array, so it walks the
+/// elements as they were when it was made, and keeps them alive. An array whose first block is absent counts
+/// as empty; where a later block is absent there is no element to ask for (HasCurrent).
 template<class T>
 class YLD_API shr_1DArrayIter
 {
 public:
     explicit shr_1DArrayIter(const shr_1DArray<T>& array)
-        : m_array(array), m_end(array.End()), m_blockSize(1 << array.BlockPower()), m_position(0), m_offset(0),
-          m_elements(nullptr)
+        : m_array(array), m_end(array.End()), m_blockSize(1 << array.BlockPower()), m_position(0),
+          m_offset(0), m_elements(nullptr)
     {
         if (m_end != 0 && !elementsAt(m_array.Head())) {
             m_end = 0;

@@ -47,9 +47,9 @@ private:
     int m_count = 0;
 };
 
-/// A list: a count and a paged array that holds at least so many elements. Copies share their storage until one
-/// of them writes. Indices are not checked. Unless told otherwise an operation may be given an element of the very
-/// list that it changes.
+/// A list: a count and a paged array that holds at least so many elements. Copies share their storage until
+/// one of them writes. Indices are not checked. Unless told otherwise an operation may be given an element of
+/// the very list that it changes.
 template<class T>
 class YLD_API shr_1DArrayList
 {
@@ -117,8 +117,8 @@ public:
         ++m_count;
         return true;
     }
-    /// Takes the element at i out; the slot that falls vacant at the end gets a default element, so nothing that
-    /// the last element held is held any longer.
+    /// Takes the element at i out; the slot that falls vacant at the end gets a default element, so nothing
+    /// that the last element held is held any longer.
     bool Remove(int i)
     {
         --m_count;
@@ -170,8 +170,8 @@ public:
     int FindLast(const T&) const noexcept { return m_count; }
     bool IsMember(const T& element) const { return FindFirst(element) < m_count; }
 
-    /// Whether both hold equal elements in the same order. An element that both share is equal to itself without
-    /// being asked, even if it is not a number.
+    /// Whether both hold equal elements in the same order. An element that both share is equal to itself
+    /// without being asked, even if it is not a number.
     bool IsEqual(const shr_1DArrayList& other) const
     {
         if (m_count != other.m_count) {

@@ -3,9 +3,9 @@
 
 #include "containers/shr_Btree.h"
 
-/// Walks the entries of a tree in the order of their keys, either way. It borrows the tree, which must neither
-/// change nor die meanwhile; it unshares nothing. It is finished until First or Last is called, and again when it
-/// is moved beyond either end.
+/// Walks the entries of a tree in the order of their keys, either way. It borrows the tree, which must
+/// neither change nor die meanwhile; it unshares nothing. It is finished until First or Last is called, and
+/// again when it is moved beyond either end.
 template<class K, class V>
 class shr_BtreeIterator
 {

@@ -8,8 +8,9 @@ class shr_Btree;
 template<class K, class V>
 class shr_BtreeIterator;
 
-/// One entry of a tree. It owns the handles on its children; the children themselves may be shared with the nodes
-/// of other trees. References to key and value stay good until the node is unshared, removed or destroyed.
+/// One entry of a tree. It owns the handles on its children; the children themselves may be shared with the
+/// nodes of other trees. References to key and value stay good until the node is unshared, removed or
+/// destroyed.
 template<class K, class V>
 class shr_BtreeNode
 {
@@ -22,7 +23,8 @@ public:
     }
     /// Copies key and value and shares the children.
     shr_BtreeNode(const shr_BtreeNode& other)
-        : m_value(other.m_value), m_key(other.m_key), m_left(nullptr), m_right(nullptr), m_maxDepth(other.m_maxDepth)
+        : m_value(other.m_value), m_key(other.m_key), m_left(nullptr), m_right(nullptr),
+          m_maxDepth(other.m_maxDepth)
     {
         Children children;
         children.left = other.m_left ? new Handle(*other.m_left) : nullptr;
@@ -43,8 +45,9 @@ public:
     const V& Value() const noexcept { return m_value; }
     V& Value() noexcept { return m_value; }
 
-    /// 0 without children, otherwise one more than the greatest of the children's, as far as it was refreshed: a
-    /// removal leaves it too great along the way to the entry that takes the removed one's place.
+    /// 0 without children, otherwise one more than the greatest of the children's, as far as it was
+    /// refreshed: a removal leaves it too great along the way to the entry that takes the removed one's
+    /// place.
     int MaxDepth() const noexcept { return m_maxDepth; }
     const Handle* Left() const noexcept { return m_left; }
     const Handle* Right() const noexcept { return m_right; }
@@ -64,9 +67,9 @@ private:
         }
     };
 
-    // Deletes a handle, and if it is the last one, the tree below it. A loosely balanced tree may be deep, so this
-    // must not recurse: left children are rotated up until there is none, then the node goes and its right child
-    // is next. All that is rotated is owned by this handle alone.
+    // Deletes a handle, and if it is the last one, the tree below it. A loosely balanced tree may be deep, so
+    // this must not recurse: left children are rotated up until there is none, then the node goes and its
+    // right child is next. All that is rotated is owned by this handle alone.
     static void Discard(Handle* handle) noexcept
     {
         while (handle && handle->Count() == 1) {

@@ -23,8 +23,8 @@ struct shr_Virtual
     }
 };
 
-/// A handle that shares its T until somebody writes. Reading goes through ConstGet, `->` or `*` and never copies;
-/// writing goes through Get, which first gives this handle a T of its own if others hold it too.
+/// A handle that shares its T until somebody writes. Reading goes through ConstGet, `->` or `*` and never
+/// copies; writing goes through Get, which first gives this handle a T of its own if others hold it too.
 ///
 /// As with shr_CountedHld, T need not be complete where a class has a handle as a member.
 template<class T, class Policy = shr_Direct>

@@ -3,11 +3,11 @@
 
 #include "containers/shr_Counter.h"
 
-/// A handle on a T that is shared by count: two words, the counter and the T. Copying is constant time and shares
-/// the T; the last holder deletes it. The T may be null.
+/// A handle on a T that is shared by count: two words, the counter and the T. Copying is constant time and
+/// shares the T; the last holder deletes it. The T may be null.
 ///
-/// A class may hold a handle on a T that is only declared so far; T must be complete where a handle is destroyed
-/// or assigned to, so such a class defines its destructor and assignment in its source.
+/// A class may hold a handle on a T that is only declared so far; T must be complete where a handle is
+/// destroyed or assigned to, so such a class defines its destructor and assignment in its source.
 template<class T>
 class shr_CountedHld
 {
@@ -39,8 +39,8 @@ public:
         return *this;
     }
 
-    /// Takes ownership of another T. A sole holder deletes its old T; otherwise the other holders keep it. Giving
-    /// a handle the T that it holds changes nothing.
+    /// Takes ownership of another T. A sole holder deletes its old T; otherwise the other holders keep it.
+    /// Giving a handle the T that it holds changes nothing.
     shr_CountedHld& operator=(T* held)
     {
         if (held && held == m_held) {
@@ -61,7 +61,8 @@ public:
         return *this;
     }
 
-    /// The T, borrowed; null if the handle holds nothing. Reading or writing through it is seen by all holders.
+    /// The T, borrowed; null if the handle holds nothing. Reading or writing through it is seen by all
+    /// holders.
     T* Ptr() const noexcept { return m_held; }
     T* operator->() const noexcept { return m_held; }
     T& operator*() const noexcept { return *m_held; }

@@ -5,8 +5,8 @@
 
 #include <cstddef>
 
-/// A reference count of 32 bits, and the allocator from which counters and the blocks of paged arrays come. Counts
-/// are plain integers: what is counted together stays within one thread.
+/// A reference count of 32 bits, and the allocator from which counters and the blocks of paged arrays come.
+/// Counts are plain integers: what is counted together stays within one thread.
 class YLD_API shr_Counter
 {
 public:

@@ -3,8 +3,8 @@
 
 #include "containers/shr_BtreeIterator.h"
 
-/// An ordered table from keys to values for use within the library: the copy-on-write tree with its look-ups open.
-/// Walk it with a shr_BtreeIterator.
+/// An ordered table from keys to values for use within the library: the copy-on-write tree with its look-ups
+/// open. Walk it with a shr_BtreeIterator.
 template<class K, class V>
 class shr_Map : public shr_Btree<K, V>
 {

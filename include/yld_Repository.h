@@ -10,14 +10,14 @@
 /// The same with the number as text.
 [[noreturn]] YLD_API void yld_raiseUnknownKey(int key);
 
-/// A collection by key, walked in the order of the keys: texts byte by byte (or with the digits in them by value, as
-/// the process has chosen), numbers by value. Copies share their entries until one of them is written; copying is
-/// constant time, looking up logarithmic.
+/// A collection by key, walked in the order of the keys: texts byte by byte (or with the digits in them by
+/// value, as the process has chosen), numbers by value. Copies share their entries until one of them is
+/// written; copying is constant time, looking up logarithmic.
 ///
-/// The operations that hand out a value for writing (get, the operator[] of an object that is not const) unshare the
-/// entries on the way to it, even if the key is unknown. References are good until the repository is next copied and
-/// written, or the entry removed. The counts behind the sharing are not atomic: a repository and its copies belong to
-/// one thread.
+/// The operations that hand out a value for writing (get, the operator[] of an object that is not const)
+/// unshare the entries on the way to it, even if the key is unknown. References are good until the repository
+/// is next copied and written, or the entry removed. The counts behind the sharing are not atomic: a
+/// repository and its copies belong to one thread.
 template<class K, class V>
 class yld_Repository : public shr_Btree<K, V>
 {
@@ -54,8 +54,10 @@ public:
     /// The value of a key for reading. Raises what CheckKey raises. Touches no count.
     const V& constGet(const K& key) const
     {
-        CheckKey(key);
         const auto* const node = this->ConstFind(key);
+        if (!node) {
+            CheckKey(key);
+        }
         return node ? node->Value() : this->DefaultValue();
     }
     V& operator[](const K& key) { return get(key); }

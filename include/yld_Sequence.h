@@ -10,8 +10,8 @@
 template<class T, class List>
 class yld_Sequence;
 
-/// The type under which a sequence stores its elements. Texts and sequences are stored as the plain class that they
-/// derive from, so that a list can go between this interface and the inner libraries by sharing.
+/// The type under which a sequence stores its elements. Texts and sequences are stored as the plain class
+/// that they derive from, so that a list can go between this interface and the inner libraries by sharing.
 template<class T>
 struct yld_Stored
 {
@@ -28,15 +28,17 @@ struct yld_Stored<yld_Sequence<T, List>>
     using Type = List;
 };
 
-/// An ordered collection with value semantics: copying is constant time, and the first write to a copy clones the
-/// table of blocks and the one block that it writes. Elements do not move while the sequence grows at its end.
+/// An ordered collection with value semantics: copying is constant time, and the first write to a copy clones
+/// the table of blocks and the one block that it writes. Elements do not move while the sequence grows at its
+/// end.
 ///
-/// Indices count from 0 and are not checked anywhere: one that an operation does not allow is undefined behaviour.
-/// Nothing is raised but std::bad_alloc and what copying an element raises. References are good until this sequence
-/// is next copied and written. The counts behind the sharing are not atomic: a sequence and its copies belong to one
-/// thread.
+/// Indices count from 0 and are not checked anywhere: one that an operation does not allow is undefined
+/// behaviour. Nothing is raised but std::bad_alloc and what copying an element raises. References are good
+/// until this sequence is next copied and written. The counts behind the sharing are not atomic: a sequence
+/// and its copies belong to one thread.
 ///
-/// @tparam T     any type that can be default-constructed and assigned; it may still be incomplete where a class
+/// @tparam T     any type that can be default-constructed and assigned; it may still be incomplete where a
+/// class
 ///               has a sequence as a member
 /// @tparam List  the list that stores the elements, from which the sequence derives without adding data
 template<class T, class List = shr_1DArrayList<typename yld_Stored<T>::Type>>
@@ -87,14 +89,14 @@ public:
 
     /// Element i for writing. Unshares, and extends the storage if i lies beyond it; the size stays the same.
     T& get(int i) { return access(this->m_array.Get(i)); }
-    /// Element i for reading. Safe for any index below allocatedSize(): storage that was never touched is made, and
-    /// seen by all copies.
+    /// Element i for reading. Safe for any index below allocatedSize(): storage that was never touched is
+    /// made, and seen by all copies.
     const T& constGet(int i) const { return access(this->m_array.PartialArrayConstGet(i)); }
     /// Element i for reading, the fastest way; i must be below the size.
     const T& operator[](int i) const noexcept { return access(this->m_array.FullArrayConstGet(i)); }
 
-    /// The elements from i on that lie side by side in memory: sets `length` to their number and returns the first.
-    /// The next run begins at i + length. For bulk reading; i must be below the size.
+    /// The elements from i on that lie side by side in memory: sets `length` to their number and returns the
+    /// first. The next run begins at i + length. For bulk reading; i must be below the size.
     const T* run(int i, int& length) const noexcept
     {
         return &access(*this->m_array.ConstRun(i, this->m_count - i, length));
@@ -111,11 +113,12 @@ public:
     bool isMember(const T& element) const { return List::IsMember(element); }
     /// Index of the first element that equals the given one; size(), not -1, if there is none.
     int findFirst(const T& element) const { return List::FindFirst(element); }
-    /// Whether both hold equal elements in the same order. Elements in storage that both share are equal without
-    /// being compared, so a copy equals its original in constant time for each element, even one that is not a number.
+    /// Whether both hold equal elements in the same order. Elements in storage that both share are equal
+    /// without being compared, so a copy equals its original in constant time for each element, even one that
+    /// is not a number.
     bool isEqual(const yld_Sequence& other) const { return List::IsEqual(other); }
-    /// The elements from `from` up to `to`, exclusive, or up to the end if that comes first; `from` must not be
-    /// negative.
+    /// The elements from `from` up to `to`, exclusive, or up to the end if that comes first; `from` must not
+    /// be negative.
     yld_Sequence slice(int from, int to) const { return yld_Sequence(List::Slice(from, to)); }
 
     /// Read the elements in a range-for, which the sequence must survive unchanged.
@@ -123,8 +126,9 @@ public:
     shr_1DArrayWalk<Stored, T> end() const noexcept { return {}; }
 
 private:
-    // The one place where a stored element is taken for one of the public class. That class derives from the stored
-    // one and adds nothing to it, neither data nor a virtual operation, so both look the same in memory.
+    // The one place where a stored element is taken for one of the public class. That class derives from the
+    // stored one and adds nothing to it, neither data nor a virtual operation, so both look the same in
+    // memory.
     static T& access(Stored& element) noexcept
     {
         checkAccess();
@@ -140,7 +144,8 @@ private:
         if constexpr (!std::is_same_v<T, Stored>) {
             static_assert(std::is_base_of_v<Stored, T>, "the public element must derive from the stored one");
             static_assert(sizeof(T) == sizeof(Stored), "the public element must add no data");
-            static_assert(alignof(T) == alignof(Stored), "the public element must be aligned as the stored one");
+            static_assert(alignof(T) == alignof(Stored),
+                          "the public element must be aligned as the stored one");
             static_assert(!std::is_polymorphic_v<T>, "the public element must have no virtual operation");
         }
         static_assert(sizeof(yld_Sequence) == sizeof(List), "a sequence must add no data to its list");
@@ -148,22 +153,22 @@ private:
 };
 
 // The sequences of the interface that many sources use are compiled once, in the library.
-#define YLD_SEQUENCE_INSTANCE(prefix, ...)                                                                         \
-    prefix template class shr_1DArrayBlock<yld_Stored<__VA_ARGS__>::Type>;                                         \
-    prefix template class shr_1DArray<yld_Stored<__VA_ARGS__>::Type>;                                              \
-    prefix template class shr_1DArrayIter<yld_Stored<__VA_ARGS__>::Type>;                                          \
-    prefix template class shr_1DArrayList<yld_Stored<__VA_ARGS__>::Type>;                                          \
+#define YLD_SEQUENCE_INSTANCE(prefix, ...)                                                                   \
+    prefix template class shr_1DArrayBlock<yld_Stored<__VA_ARGS__>::Type>;                                   \
+    prefix template class shr_1DArray<yld_Stored<__VA_ARGS__>::Type>;                                        \
+    prefix template class shr_1DArrayIter<yld_Stored<__VA_ARGS__>::Type>;                                    \
+    prefix template class shr_1DArrayList<yld_Stored<__VA_ARGS__>::Type>;                                    \
     prefix template class yld_Sequence<__VA_ARGS__>;
 
-#define YLD_SEQUENCE_INSTANCES(prefix)                                                                             \
-    YLD_SEQUENCE_INSTANCE(prefix, int)                                                                             \
-    YLD_SEQUENCE_INSTANCE(prefix, float)                                                                           \
-    YLD_SEQUENCE_INSTANCE(prefix, double)                                                                          \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_String)                                                                      \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<int>)                                                               \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<float>)                                                             \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<double>)                                                            \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<yld_Sequence<float>>)                                               \
+#define YLD_SEQUENCE_INSTANCES(prefix)                                                                       \
+    YLD_SEQUENCE_INSTANCE(prefix, int)                                                                       \
+    YLD_SEQUENCE_INSTANCE(prefix, float)                                                                     \
+    YLD_SEQUENCE_INSTANCE(prefix, double)                                                                    \
+    YLD_SEQUENCE_INSTANCE(prefix, yld_String)                                                                \
+    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<int>)                                                         \
+    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<float>)                                                       \
+    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<double>)                                                      \
+    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<yld_Sequence<float>>)                                         \
     YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<yld_Sequence<double>>)
 
 YLD_SEQUENCE_INSTANCES(extern)

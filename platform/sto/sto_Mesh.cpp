@@ -83,7 +83,7 @@ int sto_ScopedNodeData::getInstanceNode(int index) const
 
 int sto_ScopedNodeData::GetUserNodeLabel(int index) const
 {
-    return m_nodes.data()->m_foreignNodes.data()[3 * (index - grd_NodeData::firstForeignNode) + 2];
+    return m_nodes.GetUserNodeLabel(index);
 }
 
 sto_Mesh sto_Mesh::create(const std::shared_ptr<fio_FileBody>& file, int meshIndex, int dimension)

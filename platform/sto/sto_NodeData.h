@@ -5,6 +5,8 @@
 
 #include <string>
 
+class sto_Mesh;
+
 /// What a program needs to make the nodes of a mesh: numbers a node, and the precision of each in bits.
 struct sto_NodeArg
 {
@@ -28,6 +30,10 @@ public:
     const int* GetUserNodeLabels() const { return m_data ? m_data->m_labels.data() : nullptr; }
     /// The same array, to be held on to.
     const pcl_Array<int>& labels() const { return m_data->m_labels.array(); }
+    /// The label of one node, also of a foreign one. Raises for an index that no node has.
+    int GetUserNodeLabel(int index) const;
+    /// The same; the label is kept with this mesh, so the mesh is not looked at.
+    int GetUserNodeLabel(int index, const sto_Mesh&) const { return GetUserNodeLabel(index); }
     /// The index of a label, or -1. @param hint  where to look first
     int GetNodeIndexFromLabel(int label, int hint = 0) const { return m_data ? m_data->m_labels.find(label, hint) : -1; }
     /// The position of the first label of a list that does not exist, or the list's length when all exist.

@@ -24,9 +24,10 @@ long long fio_Extents::append(const fio_Buffer& bytes)
     m_gathered.push_back({first, bytes});
     m_gatheredBytes += bytes.size();
     m_next += extentCount(bytes.size());
-    if (m_gatheredBytes >= gatherBytes) flush();
     return first;
 }
+
+bool fio_Extents::isFull() const { return m_gatheredBytes >= gatherBytes; }
 
 const fio_Extents::Gathered* fio_Extents::findGathered(long long first) const
 {
@@ -74,38 +75,26 @@ void fio_Extents::release(long long first, std::size_t bytes)
     if (first > 0 && bytes > 0) m_released.push_back({first, extentCount(bytes)});
 }
 
-void fio_Extents::flush()
+void fio_Extents::writeGathered()
 {
-    if (m_gathered.empty()) return;
-    m_database.begin();
-    try {
-        fio_Statement insert = m_database.prepare("INSERT OR REPLACE INTO extent(id, bytes) VALUES(?1, ?2)");
-        for (const Gathered& gathered : m_gathered) {
-            long long id = gathered.first;
-            for (std::size_t at = 0; at < gathered.bytes.size(); at += fio_Database::extentBytes) {
-                insert.bind(1, id++);
-                insert.bindBlob(2, gathered.bytes.data() + at,
-                                std::min(fio_Database::extentBytes, gathered.bytes.size() - at));
-                insert.run();
-            }
+    fio_Statement insert = m_database.prepare("INSERT INTO extent(id, bytes) VALUES(?1, ?2)");
+    for (const Gathered& gathered : m_gathered) {
+        long long id = gathered.first;
+        for (std::size_t at = 0; at < gathered.bytes.size(); at += fio_Database::extentBytes) {
+            insert.bind(1, id++);
+            insert.bindBlob(2, gathered.bytes.data() + at,
+                            std::min(fio_Database::extentBytes, gathered.bytes.size() - at));
+            insert.run();
         }
-        m_database.commit();
-    } catch (...) {
-        m_database.rollback();
-        throw;
     }
-    m_gathered.clear();
-    m_gatheredBytes = 0;
 }
 
-void fio_Extents::deleteReleased()
+void fio_Extents::erase(long long first, long long count)
 {
     fio_Statement erase = m_database.prepare("DELETE FROM extent WHERE id >= ?1 AND id < ?2");
-    for (const Run& run : m_released) {
-        erase.bind(1, run.first);
-        erase.bind(2, run.first + run.count);
-        erase.run();
-    }
+    erase.bind(1, first);
+    erase.bind(2, first + count);
+    erase.run();
 }
 
 void fio_Extents::dropFrom(long long limit)

@@ -2,12 +2,11 @@
 #define FIO_EXTENTS_H
 
 #include "platform/store/fio_Buffer.h"
+#include "platform/store/fio_Database.h"
 
 #include <cstddef>
 #include <deque>
 #include <vector>
-
-class fio_Database;
 
 /// The bulk arrays of one file. An array is a run of extents with consecutive numbers, all full but the last; it
 /// goes to disk as it comes, in small transactions of its own, and is referred to by the number of its first extent.
@@ -29,18 +28,28 @@ public:
     /// called before memory is taken for the array.
     void verify(long long first, std::size_t bytes);
 
-    /// Remembers extents that no object refers to any more, to be deleted with the next save.
-    void release(long long first, std::size_t bytes);
+    struct Run
+    {
+        long long first;
+        long long count;
+    };
 
-    /// Writes what is gathered. In a transaction of its own unless the caller has one open.
-    void flush();
-    /// Inside the save's transaction: deletes what release() remembered.
-    void deleteReleased();
+    /// Remembers extents that no object refers to any more, for the next save to deal with.
+    void release(long long first, std::size_t bytes);
+    const std::vector<Run>& released() const { return m_released; }
     void releaseDone() { m_released.clear(); }
+
+    /// Writes what is gathered, in a transaction of its own.
+    /// @param claim  called first inside the transaction: makes sure that the file is still this program's to write
+    template<class Claim> void flush(Claim&& claim);
+    bool hasGathered() const { return !m_gathered.empty(); }
+    /// Whether so much is gathered that it should go to disk.
+    bool isFull() const;
 
     /// The first number that no array has yet.
     long long limit() const { return m_next; }
     void setLimit(long long limit) { m_next = limit; }
+    void erase(long long first, long long count);
     /// Deletes extents that no saved state refers to: what a crash or a close without save left behind.
     void dropFrom(long long limit);
 
@@ -52,13 +61,8 @@ private:
         long long first;
         fio_Buffer bytes;
     };
-    struct Run
-    {
-        long long first;
-        long long count;
-    };
-
     const Gathered* findGathered(long long first) const;
+    void writeGathered();
 
     fio_Database& m_database;
     std::deque<Gathered> m_gathered;
@@ -66,5 +70,21 @@ private:
     std::vector<Run> m_released;
     long long m_next = 1;
 };
+
+template<class Claim> void fio_Extents::flush(Claim&& claim)
+{
+    if (m_gathered.empty()) return;
+    m_database.begin();
+    try {
+        claim();
+        writeGathered();
+        m_database.commit();
+    } catch (...) {
+        m_database.rollback();
+        throw;
+    }
+    m_gathered.clear();
+    m_gatheredBytes = 0;
+}
 
 #endif

@@ -64,7 +64,6 @@ fio_FileBody::fio_FileBody(const std::string& path, fio_Database::Access access)
         createTables();
     } else {
         readHeader();
-        if (m_writable) m_extents->dropFrom(m_extents->limit());
     }
 }
 
@@ -97,8 +96,10 @@ void fio_FileBody::createTables()
         db.execute("CREATE TABLE catalogue(\"Class Name\" TEXT PRIMARY KEY, \"Class Id\" INTEGER NOT NULL, "
                    "\"Class Version\" INTEGER NOT NULL, \"Class Table\" TEXT NOT NULL) WITHOUT ROWID");
         db.execute("CREATE TABLE extent(id INTEGER PRIMARY KEY, bytes BLOB NOT NULL)");
-        db.execute("CREATE TABLE entry(container INTEGER NOT NULL, position INTEGER NOT NULL, key TEXT NOT NULL, "
-                   "object INTEGER NOT NULL, PRIMARY KEY(container, position)) WITHOUT ROWID");
+        db.execute("CREATE TABLE entry(container INTEGER NOT NULL, position REAL NOT NULL, key TEXT NOT NULL, "
+                   "object INTEGER NOT NULL, since INTEGER NOT NULL, PRIMARY KEY(container, position)) WITHOUT ROWID");
+        db.execute("CREATE TABLE superseded(save INTEGER NOT NULL, at INTEGER NOT NULL, class INTEGER NOT NULL, "
+                   "id INTEGER NOT NULL, which INTEGER NOT NULL)");
         writeHeader();
         db.commit();
     } catch (...) {
@@ -122,6 +123,7 @@ void fio_FileBody::readHeader()
         else if (name == "next extent") m_extents->setLimit(read.integer(1));
         else if (name == "root object") m_rootObject = read.integer(1);
     }
+    m_savedExtents = m_extents->limit();
     if (m_nextId < 1 || m_extents->limit() < 1 || m_uid.empty()) m_database->raise("the header makes no sense; the file is damaged");
 }
 
@@ -144,6 +146,54 @@ void fio_FileBody::writeHeader()
     write.run();
 }
 
+// Inside a transaction: makes sure that nobody else writes this file. The first time the saved state must be the one
+// that was opened, and what an earlier writer has left behind unsaved goes; later this writer's token must still stand.
+void fio_FileBody::claim()
+{
+    fio_Database& db = database();
+    const std::string name = "writer";
+    if (!m_writerToken.empty()) {
+        fio_Statement read = db.prepare("SELECT value FROM header WHERE name = ?1");
+        read.bind(1, name);
+        if (!read.step() || read.text(0) != m_writerToken) {
+            db.raise("another program has begun to write the database; nothing was saved here");
+        }
+        return;
+    }
+    {
+        fio_Statement read = db.prepare("SELECT value FROM header WHERE name = 'save count'");
+        if (!read.step() || read.integer(0) != m_saveCount) {
+            db.raise("another program has saved the database since it was opened here; nothing was saved here");
+        }
+    }
+    m_extents->dropFrom(m_savedExtents);
+    const std::string token = freshUid();
+    fio_Statement write = db.prepare("INSERT OR REPLACE INTO header(name, value) VALUES(?1, ?2)");
+    write.bind(1, name);
+    write.bind(2, token);
+    write.run();
+    m_writerToken = token;
+}
+
+void fio_FileBody::flushBulk()
+{
+    const std::string before = m_writerToken;
+    try {
+        extents().flush([this] { claim(); });
+    } catch (...) {
+        m_writerToken = before;
+        throw;
+    }
+}
+
+long long fio_FileBody::appendBulk(const fio_Buffer& bytes)
+{
+    if (!m_writable) fio_raise(m_path, "the database is open for reading only");
+    const long long first = extents().append(bytes);
+    if (extents().isFull()) flushBulk();
+    return first;
+}
+
 fio_FileBody::Table& fio_FileBody::tableOf(const pcl_ClassMetadata& metadata)
 {
     const auto [found, isNew] = m_tables.try_emplace(metadata.id());
@@ -160,7 +210,8 @@ fio_FileBody::Table& fio_FileBody::tableOf(const pcl_ClassMetadata& metadata)
     }
     table.exists = !present.empty();
     table.columns.clear();
-    table.select = "SELECT oid";
+    table.select = "SELECT since";
+    std::size_t known = 3; // oid, since, base
     int next = 1;
     for (const auto& attribute : metadata.attributes()) {
         const std::vector<Column> columns = columnsOf(attribute);
@@ -171,33 +222,40 @@ fio_FileBody::Table& fio_FileBody::tableOf(const pcl_ClassMetadata& metadata)
         if (!all) continue;
         for (const Column& column : columns) table.select += ", " + quoted(column.name);
         next += static_cast<int>(columns.size());
+        known += columns.size();
     }
-    table.select += " FROM " + quoted(metadata.name()) + " WHERE oid = ?1";
+    table.select += " FROM " + quoted(metadata.name()) + " WHERE oid = ?1 AND since <= ?2 ORDER BY since DESC LIMIT 1";
+    table.erase = "DELETE FROM " + quoted(metadata.name()) + " WHERE oid = ?1 AND since = ?2";
+    table.hasUnknownColumns = present.size() > known;
     return table;
 }
 
 void fio_FileBody::makeTable(const pcl_ClassMetadata& metadata, Table& table)
 {
-    if (!table.upsert.empty()) return;
+    if (!table.insert.empty()) return;
     fio_Database& db = database();
-    std::string names = "oid, base";
-    std::string places = "?1, ?2";
-    std::string updates = "base = excluded.base";
-    std::string declarations = "oid INTEGER PRIMARY KEY, base INTEGER NOT NULL";
-    int parameter = 3;
+    std::string names = "oid, since, base";
+    std::string places = "?1, ?2, ?3";
+    std::string updates = "since = ?2, base = ?3";
+    std::string declarations = "oid INTEGER NOT NULL, since INTEGER NOT NULL, base INTEGER NOT NULL";
+    int parameter = 4;
     for (std::size_t i = 0; i < metadata.attributes().size(); ++i) {
         for (const Column& column : columnsOf(metadata.attributes()[i])) {
             const std::string name = quoted(column.name);
+            const std::string place = "?" + std::to_string(parameter++);
             names += ", " + name;
-            places += ", ?" + std::to_string(parameter++);
-            updates += ", " + name + " = excluded." + name;
+            places += ", " + place;
+            updates += ", " + name + " = " + place;
             declarations += ", " + name + " " + column.type;
             if (table.exists && table.columns[i] < 0) {
                 db.execute(("ALTER TABLE " + quoted(metadata.name()) + " ADD COLUMN " + name + " " + column.type).c_str());
             }
         }
     }
-    if (!table.exists) db.execute(("CREATE TABLE " + quoted(metadata.name()) + "(" + declarations + ")").c_str());
+    if (!table.exists) {
+        db.execute(("CREATE TABLE " + quoted(metadata.name()) + "(" + declarations +
+                    ", PRIMARY KEY(oid, since)) WITHOUT ROWID").c_str());
+    }
     {
         fio_Statement enter = db.prepare("INSERT OR REPLACE INTO catalogue VALUES(?1, ?2, ?3, ?1)");
         enter.bind(1, metadata.name());
@@ -205,11 +263,11 @@ void fio_FileBody::makeTable(const pcl_ClassMetadata& metadata, Table& table)
         enter.bind(3, static_cast<long long>(metadata.version()));
         enter.run();
     }
-    const std::string upsert = "INSERT INTO " + quoted(metadata.name()) + "(" + names + ") VALUES(" + places +
-                               ") ON CONFLICT(oid) DO UPDATE SET " + updates;
     table.exists = false; // looked up afresh: the columns have changed
     Table& fresh = tableOf(metadata);
-    fresh.upsert = upsert;
+    fresh.insert = "INSERT INTO " + quoted(metadata.name()) + "(" + names + ") VALUES(" + places + ")";
+    fresh.update = "UPDATE " + quoted(metadata.name()) + " SET " + updates + " WHERE oid = ?1 AND since = ?" +
+                   std::to_string(parameter);
 }
 
 std::shared_ptr<const pcl_Persistent> fio_FileBody::fetch(long long id, const pcl_ClassMetadata& metadata,
@@ -227,16 +285,19 @@ std::shared_ptr<const pcl_Persistent> fio_FileBody::fetch(long long id, const pc
     const Table& table = tableOf(metadata);
     if (!table.exists) db.raise("has no object of class " + metadata.name() + "; the file is damaged");
     std::shared_ptr<pcl_Persistent> object = make();
+    long long since = 0;
     {
         fio_Statement row = db.prepare(table.select);
         row.bind(1, id);
-        if (!row.step()) {
-            db.raise("object " + std::to_string(id) + " of class " + metadata.name() + " is missing; the file is damaged");
+        row.bind(2, m_saveCount);
+        if (row.step()) {
+            since = row.integer(0);
+            pcl_RowReader reader(metadata, table.columns, row, shared_from_this());
+            object->DBRead(reader);
         }
-        pcl_RowReader reader(metadata, table.columns, row, shared_from_this());
-        object->DBRead(reader);
     }
-    m_objects[id].object = object;
+    if (since == 0) raiseMissing("object " + std::to_string(id) + " of class " + metadata.name() + " is missing");
+    m_objects[id] = {object, false, since};
     return object;
 }
 
@@ -244,7 +305,9 @@ void fio_FileBody::replace(long long id, const std::shared_ptr<pcl_Persistent>& 
 {
     if (!m_writable) fio_raise(m_path, "the database is open for reading only");
     database();
-    m_objects[id] = {object, true};
+    Object& entry = m_objects[id];
+    entry.object = object;
+    entry.changed = true;
 }
 
 mrp_Entries& fio_FileBody::entries(long long container)
@@ -255,14 +318,15 @@ mrp_Entries& fio_FileBody::entries(long long container)
         auto entries = std::make_unique<mrp_Entries>();
         try {
             fio_Statement read =
-                db.prepare("SELECT key, object FROM entry WHERE container = ?1 ORDER BY position");
+                db.prepare("SELECT key, object, position FROM entry WHERE container = ?1 AND since <= ?2 "
+                           "ORDER BY position");
             read.bind(1, container);
-            while (read.step()) entries->m_entries.push_back({read.text(0), read.integer(1)});
+            read.bind(2, m_saveCount);
+            while (read.step()) entries->m_entries.push_back({read.text(0), read.integer(1), read.real(2)});
         } catch (...) {
             m_containers.erase(found);
             throw;
         }
-        entries->m_saved = entries->size();
         found->second = std::move(entries);
     }
     return *found->second;
@@ -289,34 +353,88 @@ bool fio_FileBody::hasChanges() const
                        [](const auto& entry) { return entry.second->isChanged(); });
 }
 
-void fio_FileBody::writeObject(long long id, const pcl_Persistent& object)
+void fio_FileBody::writeObject(long long id, const Object& entry, long long save, long long now)
 {
-    const pcl_ClassMetadata& metadata = object.Metadata();
-    Table& table = tableOf(metadata);
-    makeTable(metadata, table);
-    fio_Statement row = database().prepare(table.upsert);
+    const pcl_ClassMetadata& metadata = entry.object->Metadata();
+    makeTable(metadata, tableOf(metadata));
+    const Table& table = tableOf(metadata);
+    // Columns of another program stay only with the row that has them, so such a row is changed in its place.
+    const bool inPlace = entry.since != 0 && table.hasUnknownColumns;
+    fio_Statement row = database().prepare(inPlace ? table.update : table.insert);
     row.bind(1, id);
-    row.bind(2, 0LL);
+    row.bind(2, save);
+    row.bind(3, 0LL);
     pcl_RowWriter writer(metadata, row);
-    object.DBWrite(writer);
+    entry.object->DBWrite(writer);
+    if (inPlace) row.bind(writer.parameterCount() + 1, entry.since);
     row.run();
+    if (entry.since != 0 && !inPlace) supersede(save, now, metadata.id(), id, entry.since);
 }
 
-void fio_FileBody::writeEntries(long long container, mrp_Entries& entries)
+void fio_FileBody::writeEntries(long long container, mrp_Entries& entries, long long save)
 {
     fio_Database& db = database();
-    if (entries.m_rewrite) {
+    if (entries.m_spread) {
         fio_Statement erase = db.prepare("DELETE FROM entry WHERE container = ?1");
         erase.bind(1, container);
         erase.run();
     }
-    fio_Statement insert = db.prepare("INSERT INTO entry(container, position, key, object) VALUES(?1, ?2, ?3, ?4)");
-    for (int i = entries.m_rewrite ? 0 : entries.m_saved; i < entries.size(); ++i) {
+    fio_Statement insert =
+        db.prepare("INSERT INTO entry(container, position, key, object, since) VALUES(?1, ?2, ?3, ?4, ?5)");
+    for (const mrp_Entries::Entry& entry : entries.m_entries) {
+        if (!entry.isNew) continue;
         insert.bind(1, container);
-        insert.bind(2, static_cast<long long>(i));
-        insert.bind(3, entries[i].key);
-        insert.bind(4, entries[i].object);
+        insert.bind(2, entry.position);
+        insert.bind(3, entry.key);
+        insert.bind(4, entry.object);
+        insert.bind(5, save);
         insert.run();
+    }
+}
+
+// Extents are entered with class 0, their first number and how many they are; rows with their class, object id and
+// the save that wrote them.
+void fio_FileBody::supersede(long long save, long long now, long long classId, long long id, long long which)
+{
+    fio_Statement enter = database().prepare("INSERT INTO superseded VALUES(?1, ?2, ?3, ?4, ?5)");
+    enter.bind(1, save);
+    enter.bind(2, now);
+    enter.bind(3, classId);
+    enter.bind(4, id);
+    enter.bind(5, which);
+    enter.run();
+}
+
+void fio_FileBody::purge(long long now)
+{
+    struct Old
+    {
+        long long rowId;
+        long long classId;
+        long long id;
+        long long which;
+    };
+    std::vector<Old> old;
+    {
+        fio_Statement read = database().prepare("SELECT rowid, class, id, which FROM superseded WHERE at <= ?1");
+        read.bind(1, now - m_keepSeconds);
+        while (read.step()) old.push_back({read.integer(0), read.integer(1), read.integer(2), read.integer(3)});
+    }
+    fio_Statement done = database().prepare("DELETE FROM superseded WHERE rowid = ?1");
+    for (const Old& entry : old) {
+        if (entry.classId == 0) {
+            extents().erase(entry.id, entry.which);
+        } else {
+            // A class that this program has not met here stays for one that does.
+            const auto table = m_tables.find(static_cast<unsigned>(entry.classId));
+            if (table == m_tables.end() || !table->second.exists) continue;
+            fio_Statement erase = database().prepare(table->second.erase);
+            erase.bind(1, entry.id);
+            erase.bind(2, entry.which);
+            erase.run();
+        }
+        done.bind(1, entry.rowId);
+        done.run();
     }
 }
 
@@ -332,30 +450,46 @@ void fio_FileBody::save()
     // Ascending ids put new rows at the end of their tables.
     std::sort(changed.begin(), changed.end());
     for (long long id : changed) m_objects[id].object->StoreArrays(shared_from_this());
-    extents().flush();
+    flushBulk();
 
+    const long long save = m_saveCount + 1;
+    const long long now = std::chrono::duration_cast<std::chrono::seconds>(
+                              std::chrono::system_clock::now().time_since_epoch()).count();
+    const std::string tokenBefore = m_writerToken;
     db.begin();
-    ++m_saveCount;
     try {
-        for (long long id : changed) writeObject(id, *m_objects[id].object);
+        claim();
+        for (long long id : changed) writeObject(id, m_objects[id], save, now);
         for (auto& [id, entries] : m_containers) {
-            if (entries->isChanged()) writeEntries(id, *entries);
+            if (entries->isChanged()) writeEntries(id, *entries, save);
         }
-        extents().deleteReleased();
+        for (const fio_Extents::Run& run : extents().released()) {
+            if (run.first >= m_savedExtents) extents().erase(run.first, run.count);
+            else supersede(save, now, 0, run.first, run.count);
+        }
+        purge(now);
+        m_saveCount = save;
         writeHeader();
         db.commit();
     } catch (...) {
         db.rollback();
-        --m_saveCount;
+        m_saveCount = save - 1;
+        m_writerToken = tokenBefore;
         // A table made in the transaction is gone again.
         m_tables.clear();
         throw;
     }
-    for (long long id : changed) m_objects[id].changed = false;
-    for (auto& [id, entries] : m_containers) {
-        entries->m_saved = entries->size();
-        entries->m_rewrite = false;
+    for (long long id : changed) {
+        m_objects[id].changed = false;
+        m_objects[id].since = save;
     }
+    for (auto& [id, entries] : m_containers) {
+        if (!entries->isChanged()) continue;
+        for (mrp_Entries::Entry& entry : entries->m_entries) entry.isNew = false;
+        entries->m_unsaved = 0;
+        entries->m_spread = false;
+    }
+    m_savedExtents = extents().limit();
     extents().releaseDone();
 }
 
@@ -368,8 +502,24 @@ void fio_FileBody::close()
     m_database.reset();
 }
 
+void fio_FileBody::raiseIfChanged()
+{
+    if (m_writable) return;
+    fio_Statement read = database().prepare("SELECT value FROM header WHERE name = 'save count'");
+    if (read.step() && read.integer(0) != m_saveCount) {
+        database().raise("another program has changed the database since it was read here; read it anew");
+    }
+}
+
+void fio_FileBody::raiseMissing(const std::string& what)
+{
+    raiseIfChanged();
+    database().raise(what + "; the file is damaged");
+}
+
 bool fio_FileBody::refresh()
 {
+    if (m_writable) return false;
     const long long before = m_saveCount;
     readHeader();
     if (m_saveCount == before) return false;

@@ -32,7 +32,8 @@ public:
     /// The moment of creation, in microseconds since 1970, and the identity that goes with it.
     long long creationDate() const { return m_creationDate; }
     const std::string& uid() const { return m_uid; }
-    /// How many saves the file has seen, as of the last look.
+    /// The number of the saved state that this handle sees: a reader stays with the one that it found when it opened
+    /// the file, whatever a writer saves since.
     long long saveCount() const { return m_saveCount; }
     int version();
 
@@ -44,6 +45,11 @@ public:
     std::shared_ptr<const pcl_Persistent> fetch(long long id, const pcl_ClassMetadata& metadata, lnk_MakeObject make);
     void replace(long long id, const std::shared_ptr<pcl_Persistent>& object);
     mrp_Entries& entries(long long container);
+    /// Takes a bulk array over and sends it to disk when enough has gathered.
+    /// @return the number of its first extent
+    long long appendBulk(const fio_Buffer& bytes);
+    /// Sends the bulk arrays that have gathered to disk.
+    void flushBulk();
     /// Forgets an object or the objects of a container as far as they hold no unsaved change.
     void release(long long id);
     void releaseContainer(long long container);
@@ -53,8 +59,16 @@ public:
     void save();
     /// Drops what is not saved and lets go of the file.
     void close();
-    /// For a reader: looks whether another process has saved since; if so forgets everything read.
+    /// For a reader: looks whether another process has saved since; if so forgets everything read and sees the new state.
     bool refresh();
+    /// Raises: what a reader of an older state asks for is gone, or the file is damaged.
+    [[noreturn]] void raiseMissing(const std::string& what);
+    /// Raises when a reader's state is no longer the latest.
+    void raiseIfChanged();
+
+    /// How long rows and extents that a save has superseded stay for readers of the state before.
+    void keepSuperseded(int seconds) { m_keepSeconds = seconds; }
+    static constexpr int defaultKeepSeconds = 60;
 
     std::size_t loadedObjects() const { return m_objects.size(); }
 
@@ -63,13 +77,17 @@ private:
     {
         std::shared_ptr<pcl_Persistent> object;
         bool changed = false;
+        long long since = 0; // the save that wrote the row; 0 for an object that the file has not
     };
     struct Table
     {
         bool exists = false;
         std::vector<int> columns;      // of each attribute: its place in the select list, or -1
+        bool hasUnknownColumns = false;
         std::string select;
-        std::string upsert;
+        std::string insert;
+        std::string update;
+        std::string erase;
     };
 
     void createTables();
@@ -77,8 +95,11 @@ private:
     void writeHeader();
     Table& tableOf(const pcl_ClassMetadata& metadata);
     void makeTable(const pcl_ClassMetadata& metadata, Table& table);
-    void writeObject(long long id, const pcl_Persistent& object);
-    void writeEntries(long long container, mrp_Entries& entries);
+    void claim();
+    void writeObject(long long id, const Object& entry, long long save, long long now);
+    void writeEntries(long long container, mrp_Entries& entries, long long save);
+    void supersede(long long save, long long now, long long classId, long long id, long long which);
+    void purge(long long now);
 
     std::string m_path;
     bool m_writable;
@@ -91,7 +112,11 @@ private:
     long long m_rootObject = 0;
     long long m_creationDate = 0;
     long long m_saveCount = 0;
+    long long m_savedExtents = 1; // the first extent that no saved state has
+    int m_keepSeconds = defaultKeepSeconds;
     std::string m_uid;
+    std::string m_writerToken; // what this writer has put in the header, once it has written
+
 };
 
 /// While it lives, reading many small arrays of the file is fast; see fio_Database::beginReads().

@@ -27,7 +27,9 @@ int mrp_Entries::find(const std::string& key) const
 
 void mrp_Entries::append(const std::string& key, long long object)
 {
-    m_entries.push_back({key, object});
+    const double position = m_entries.empty() ? 0.0 : m_entries.back().position + 1.0;
+    m_entries.push_back({key, object, position, true});
+    ++m_unsaved;
     if (m_indexed) m_index.emplace(key, size() - 1);
 }
 
@@ -37,9 +39,21 @@ void mrp_Entries::insert(int position, const std::string& key, long long object)
         append(key, object);
         return;
     }
-    m_entries.insert(m_entries.begin() + position, {key, object});
+    const auto place = m_entries.begin() + position;
+    const double after = place->position;
+    const double before = position == 0 ? after - 2.0 : (place - 1)->position;
+    const double between = before + (after - before) / 2.0;
+    m_entries.insert(place, {key, object, between, true});
+    ++m_unsaved;
     m_indexed = false;
-    m_rewrite = true;
+    if (between > before && between < after) return;
+    // Halving has come to its end: deal the positions out again, and write all.
+    m_spread = true;
+    m_unsaved = size();
+    for (int i = 0; i < size(); ++i) {
+        m_entries[static_cast<std::size_t>(i)].position = i;
+        m_entries[static_cast<std::size_t>(i)].isNew = true;
+    }
 }
 
 const mrp_Entries& mrp_entries(const std::shared_ptr<fio_FileBody>& file, long long container)

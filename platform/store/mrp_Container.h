@@ -16,6 +16,8 @@ public:
     {
         std::string key;
         long long object;
+        double position; ///< grows along the list; a new entry takes a place between its neighbours
+        bool isNew = false;
     };
 
     int size() const { return static_cast<int>(m_entries.size()); }
@@ -24,7 +26,7 @@ public:
     int find(const std::string& key) const;
     void append(const std::string& key, long long object);
     void insert(int position, const std::string& key, long long object);
-    bool isChanged() const { return m_rewrite || m_saved != size(); }
+    bool isChanged() const { return m_unsaved != 0; }
 
 private:
     friend class fio_FileBody;
@@ -32,8 +34,8 @@ private:
     std::vector<Entry> m_entries;
     mutable std::unordered_multimap<std::string, int> m_index;
     mutable bool m_indexed = false;
-    int m_saved = 0;        // how many entries the file has
-    bool m_rewrite = false; // places moved: all entries are written again
+    int m_unsaved = 0;     // how many entries the file has not
+    bool m_spread = false; // positions had no room between them: all were dealt out again
 };
 
 long long mrp_createContainer(const std::shared_ptr<fio_FileBody>& file);

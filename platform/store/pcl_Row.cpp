@@ -56,11 +56,12 @@ int parametersOf(pcl_Kind kind)
 pcl_RowWriter::pcl_RowWriter(const pcl_ClassMetadata& metadata, fio_Statement& statement)
     : m_metadata(metadata), m_statement(statement)
 {
-    int next = 3;
+    int next = 4;
     for (const auto& attribute : metadata.attributes()) {
         m_parameters.push_back(next);
         next += parametersOf(attribute.kind);
     }
+    m_parameterCount = next - 1;
 }
 
 bool pcl_RowWriter::StartWrite(unsigned typeId) { return typeId == m_metadata.id(); }

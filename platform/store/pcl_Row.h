@@ -10,11 +10,14 @@ class fio_FileBody;
 class fio_Statement;
 
 /// Writes an object's attributes into the parameters of its class's statement. Parameters stand in the order of
-/// declaration behind object id and base object id; a bulk array takes two, its first extent and its count.
+/// declaration behind object id, save number and base object id; a bulk array takes two, its first extent and its count.
 class pcl_RowWriter : public pcl_WriteVisitor
 {
 public:
     pcl_RowWriter(const pcl_ClassMetadata& metadata, fio_Statement& statement);
+
+    /// How many parameters the row takes.
+    int parameterCount() const { return m_parameterCount; }
 
     bool StartWrite(unsigned typeId) override;
     void Write(const char* attribute, int value) override;
@@ -40,6 +43,7 @@ private:
     const pcl_ClassMetadata& m_metadata;
     fio_Statement& m_statement;
     std::vector<int> m_parameters;
+    int m_parameterCount = 0;
     std::vector<std::unique_ptr<std::string>> m_kept; // texts stay until the statement has run
 };
 

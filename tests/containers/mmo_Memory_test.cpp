@@ -40,7 +40,8 @@ TEST(mmo_Memory, noBytesIsNoFailure)
     mmo_Free(still);
 }
 
-// An address sanitizer's allocator is told by its options whether it may return null; by default it ends the program.
+// An address sanitizer's allocator is told by its options whether it may return null; by default it ends the
+// program.
 #if !defined(__SANITIZE_ADDRESS__)
 TEST(mmo_Memory, raisesBadAllocAndKeepsTheOldBlock)
 {

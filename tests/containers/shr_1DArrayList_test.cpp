@@ -11,8 +11,7 @@
 #include <random>
 #include <vector>
 
-namespace
-{
+namespace {
 
 shr_1DArrayList<int> numbers(int n)
 {

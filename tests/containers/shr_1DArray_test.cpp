@@ -9,8 +9,7 @@
 #include <set>
 #include <vector>
 
-namespace
-{
+namespace {
 
 template<class T>
 shr_1DArray<T> filled(int n)
@@ -53,7 +52,8 @@ template<class T>
     }
     for (const auto* block : blocks) {
         if (block->count != static_cast<int>(blocks.count(block))) {
-            return ::testing::AssertionFailure() << "block count " << block->count << " of " << blocks.count(block);
+            return ::testing::AssertionFailure()
+                   << "block count " << block->count << " of " << blocks.count(block);
         }
     }
     return ::testing::AssertionSuccess();
@@ -92,9 +92,18 @@ TEST(shr_1DArray, sizeDecidesPowerAndTable)
     {
         int size, power, table;
     } cases[] = {
-        {1, 4, 16},         {255, 4, 16},       {256, 5, 24},      {257, 5, 25},        {288, 5, 25},
-        {289, 5, 26},       {511, 5, 32},       {512, 6, 24},      {1000, 6, 32},       {1 << 20, 17, 24},
-        {(1 << 20) + 1, 17, 25}, {2097151, 17, 32},
+        {1, 4, 16},
+        {255, 4, 16},
+        {256, 5, 24},
+        {257, 5, 25},
+        {288, 5, 25},
+        {289, 5, 26},
+        {511, 5, 32},
+        {512, 6, 24},
+        {1000, 6, 32},
+        {1 << 20, 17, 24},
+        {(1 << 20) + 1, 17, 25},
+        {2097151, 17, 32},
     };
     for (const auto& c : cases) {
         const shr_1DArray<int> array(c.size);
@@ -499,8 +508,8 @@ TEST(shr_1DArrayIter, passesAnAbsentBlockWithoutElements)
     EXPECT_EQ(present, 20);
 }
 
-// Arrays that copy from one another are kept beside plain vectors that do what each call promises. What lies behind
-// the end is part of the model, since growing back finds it again.
+// Arrays that copy from one another are kept beside plain vectors that do what each call promises. What lies
+// behind the end is part of the model, since growing back finds it again.
 TEST(shr_1DArray, randomEditsAgreeWithVectors)
 {
     struct Model
@@ -581,7 +590,8 @@ TEST(shr_1DArray, randomEditsAgreeWithVectors)
             ASSERT_TRUE(countsAreRight(arrays)) << step;
             for (std::size_t k = 0; k < 5; ++k) {
                 for (int i = 0; i < models[k].size; ++i) {
-                    ASSERT_EQ(arrays[k].PartialArrayConstGet(i).value, models[k].values[static_cast<std::size_t>(i)])
+                    ASSERT_EQ(arrays[k].PartialArrayConstGet(i).value,
+                              models[k].values[static_cast<std::size_t>(i)])
                         << step << ' ' << k << ' ' << i;
                 }
             }

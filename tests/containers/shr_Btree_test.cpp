@@ -18,8 +18,7 @@
 #include <string>
 #include <vector>
 
-namespace
-{
+namespace {
 struct DeepKey
 {
 };
@@ -46,8 +45,7 @@ public:
     }
 };
 
-namespace
-{
+namespace {
 
 // The tree with its look-ups open.
 template<class K, class V>
@@ -255,8 +253,8 @@ TEST(shr_Btree, leansUntilADepthOfTwo)
 
 TEST(shr_Btree, singleRotationsOnly)
 {
-    // 1(. 9(4(. 6) .)) leans to the right by two. One turn to the left only moves the bend to the other side; a
-    // double rotation would have put 4 on top.
+    // 1(. 9(4(. 6) .)) leans to the right by two. One turn to the left only moves the bend to the other side;
+    // a double rotation would have put 4 on top.
     EXPECT_EQ(shapeOf(treeOf({1, 9, 4, 6})), "9(1(. 4(. 6)) .)");
 }
 

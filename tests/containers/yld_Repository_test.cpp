@@ -8,8 +8,7 @@
 
 #include <string>
 
-namespace
-{
+namespace {
 
 enum Kind
 {

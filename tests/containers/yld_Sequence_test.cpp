@@ -9,8 +9,7 @@
 #include <type_traits>
 #include <vector>
 
-namespace
-{
+namespace {
 
 // A class with a sequence of a class that is only declared so far, as the public headers have it.
 class Block;
@@ -64,7 +63,8 @@ TEST(yld_Sequence, storesTextsAndSequencesAsTheirPlainClass)
 {
     static_assert(std::is_base_of_v<shr_1DArrayList<int>, yld_Sequence<int>>);
     static_assert(std::is_base_of_v<shr_1DArrayList<shr_String>, yld_Sequence<yld_String>>);
-    static_assert(std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<float>>, yld_Sequence<yld_Sequence<float>>>);
+    static_assert(
+        std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<float>>, yld_Sequence<yld_Sequence<float>>>);
     static_assert(std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<shr_1DArrayList<double>>>,
                                     yld_Sequence<yld_Sequence<yld_Sequence<double>>>>);
     static_assert(std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<shr_String>>,

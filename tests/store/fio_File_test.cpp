@@ -256,7 +256,7 @@ TEST(fio_File, appendingGoesOnInPlaceWhileAnOlderCopyIsRead)
     root.file()->close();
 }
 
-TEST(fio_File, extentsOfAReplacedArrayAreDeletedByTheNextSave)
+TEST(fio_File, extentsAndRowsThatASaveSupersedesGoWhenTheirTimeIsOver)
 {
     const ScratchFolder folder;
     const std::string path = folder.file("a.yld");
@@ -264,16 +264,25 @@ TEST(fio_File, extentsOfAReplacedArrayAreDeletedByTheNextSave)
     const int first[] = {1, 2, 3};
     thing.m_labels.assign(first, 3);
     const Made root = makeFile(path, thing);
-    const auto changed = root.fetchWritable();
-    const int second[] = {4};
-    changed->m_labels.assign(second, 1);
-    root.replace(changed);
-    root.file()->save();
-    {
-        fio_Statement count = root.file()->database().prepare("SELECT count(*) FROM extent");
-        ASSERT_TRUE(count.step());
-        EXPECT_EQ(count.integer(0), 1);
-    }
+    const auto rows = [&root](const char* sql) {
+        fio_Statement count = root.file()->database().prepare(sql);
+        return count.step() ? count.integer(0) : -1;
+    };
+    const auto change = [&root](int value) {
+        const auto changed = root.fetchWritable();
+        changed->m_labels.assign(&value, 1);
+        root.replace(changed);
+        root.file()->save();
+    };
+    change(3);
+    EXPECT_EQ(rows("SELECT count(*) FROM extent"), 2);
+    EXPECT_EQ(rows("SELECT count(*) FROM sample_Thing"), 2);
+    EXPECT_EQ(rows("SELECT count(*) FROM superseded"), 2);
+    root.file()->keepSuperseded(0);
+    change(4);
+    EXPECT_EQ(rows("SELECT count(*) FROM extent"), 1);
+    EXPECT_EQ(rows("SELECT count(*) FROM sample_Thing"), 1);
+    EXPECT_EQ(rows("SELECT count(*) FROM superseded"), 0);
     root.file()->close();
     const fio_File file = fio_File::Open(path.c_str(), false, true);
     EXPECT_EQ(rootOf(file).fetch()->m_labels[0], 4);
@@ -293,9 +302,139 @@ TEST(fio_File, extentsThatNoSavedStateRefersToGoWhenTheNextWriterOpens)
     EXPECT_GT(std::filesystem::file_size(path), 30u << 20);
 
     const fio_File file = fio_File::Open(path.c_str(), true, true);
+    const Ref again = rootOf(file);
+    again.replace(again.fetchWritable());
+    file.body()->save();
     fio_Statement count = file.body()->database().prepare("SELECT count(*) FROM extent");
     ASSERT_TRUE(count.step());
     EXPECT_EQ(count.integer(0), 0);
+}
+
+TEST(fio_File, openingForWritingChangesNothingUntilSomethingIsWritten)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    makeFile(path, sample_Thing());
+    const auto before = std::filesystem::last_write_time(path);
+    {
+        const fio_File file = fio_File::Open(path.c_str(), true, true);
+        rootOf(file).fetch();
+    }
+    EXPECT_EQ(std::filesystem::last_write_time(path), before);
+}
+
+TEST(fio_File, readerKeepsSeeingTheStateThatItOpened)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    sample_Thing thing;
+    const int one = 1;
+    thing.m_labels.assign(&one, 1);
+    const Made root = makeFile(path, thing);
+    const auto changeTo = [&root](int value) {
+        const auto changed = root.fetchWritable();
+        changed->m_number = value;
+        changed->m_labels.assign(&value, 1);
+        if (!changed->m_list.isValid()) changed->m_list = mrp_Container<sample_Thing>::create(root.file());
+        sample_Thing entry;
+        entry.m_number = value;
+        changed->m_list.insert(0, "at the front", Ref::create(root.file(), entry));
+        changed->m_list.append("at the end", Ref::create(root.file(), entry));
+        root.replace(changed);
+        root.file()->save();
+    };
+    changeTo(2);
+    const fio_File reader = fio_File::Open(path.c_str(), false, true);
+    changeTo(3);
+    changeTo(4);
+    const auto seen = rootOf(reader).fetch();
+    EXPECT_EQ(seen->m_number, 2);
+    EXPECT_EQ(seen->m_labels[0], 2);
+    ASSERT_EQ(seen->m_list.size(), 2);
+    EXPECT_EQ(seen->m_list.at(0).fetch()->m_number, 2);
+    EXPECT_EQ(seen->m_list.at(1).fetch()->m_number, 2);
+    EXPECT_TRUE(reader.body()->refresh());
+    const auto now = rootOf(reader).fetch();
+    EXPECT_EQ(now->m_number, 4);
+    ASSERT_EQ(now->m_list.size(), 6);
+    EXPECT_EQ(now->m_list.at(0).fetch()->m_number, 4);
+    EXPECT_EQ(now->m_list.at(2).fetch()->m_number, 2);
+}
+
+TEST(fio_File, readerWhoseStateIsGoneIsToldSo)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    sample_Thing thing;
+    const int one = 1;
+    thing.m_labels.assign(&one, 1);
+    const Made root = makeFile(path, thing);
+    root.file()->keepSuperseded(0);
+    const fio_File reader = fio_File::Open(path.c_str(), false, true);
+    const auto seen = rootOf(reader).fetch();
+    const fio_File late = fio_File::Open(path.c_str(), false, true);
+    for (int i = 2; i <= 3; ++i) {
+        const auto changed = root.fetchWritable();
+        changed->m_labels.assign(&i, 1);
+        root.replace(changed);
+        root.file()->save();
+    }
+    const std::string told =
+        path + ": another program has changed the database since it was read here; read it anew";
+    EXPECT_EQ(failureOf([&] { seen->m_labels.data(); }), told);
+    EXPECT_EQ(failureOf([&] { rootOf(late).fetch(); }), told);
+    EXPECT_TRUE(late.body()->refresh());
+    EXPECT_EQ(rootOf(late).fetch()->m_labels[0], 3);
+}
+
+TEST(fio_File, secondWriterOnOneFileIsFoundOutAndNothingIsMixed)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    makeFile(path, sample_Thing());
+    const auto changeTo = [](const Ref& root, int value) {
+        const auto changed = root.fetchWritable();
+        changed->m_number = value;
+        root.replace(changed);
+        root.file()->save();
+    };
+    const fio_File first = fio_File::Open(path.c_str(), true, true);
+    const fio_File second = fio_File::Open(path.c_str(), true, true);
+    changeTo(rootOf(first), 1);
+    EXPECT_EQ(failureOf([&] { changeTo(rootOf(second), 2); }),
+              path + ": another program has saved the database since it was opened here; nothing was saved here");
+    const fio_File third = fio_File::Open(path.c_str(), true, true);
+    changeTo(rootOf(third), 3);
+    EXPECT_EQ(failureOf([&] { changeTo(rootOf(first), 4); }),
+              path + ": another program has begun to write the database; nothing was saved here");
+    const fio_File reader = fio_File::Open(path.c_str(), false, true);
+    EXPECT_EQ(rootOf(reader).fetch()->m_number, 3);
+}
+
+TEST(fio_File, manyInsertsAtOnePlaceKeepTheirOrder)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    {
+        const fio_File file = fio_File::Create(path.c_str());
+        sample_Thing thing;
+        thing.m_list = mrp_Container<sample_Thing>::create(file.body());
+        thing.m_list.append("first", Ref::create(file.body(), sample_Thing()));
+        thing.m_list.append("last", Ref::create(file.body(), sample_Thing()));
+        file.body()->setRootObject(Ref::create(file.body(), thing).id());
+        file.body()->save();
+        for (int i = 0; i < 200; ++i) {
+            thing.m_list.insert(1, std::to_string(i), Ref::create(file.body(), sample_Thing()));
+            if (i % 30 == 0) file.body()->save();
+        }
+        file.body()->save();
+    }
+    const fio_File file = fio_File::Open(path.c_str(), false, true);
+    const auto root = rootOf(file).fetch();
+    ASSERT_EQ(root->m_list.size(), 202);
+    EXPECT_EQ(root->m_list.key(0), "first");
+    for (int i = 0; i < 200; ++i) ASSERT_EQ(root->m_list.key(1 + i), std::to_string(199 - i));
+    EXPECT_EQ(root->m_list.key(201), "last");
 }
 
 TEST(fio_File, killedWriterLosesOnlyWhatItHadNotSaved)
@@ -425,6 +564,15 @@ TEST(fio_File, missingEmptyForeignAndTruncatedFilesGiveOneClearError)
     makeFile(path, thing).file()->close();
     std::filesystem::resize_file(path, 20000);
     EXPECT_EQ(failureOf(open), path + ": the file is damaged");
+}
+
+TEST(fio_File, fileShortOfOneByteGivesOneClearError)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    makeFile(path, sample_Thing()).file()->close();
+    std::filesystem::resize_file(path, std::filesystem::file_size(path) - 1);
+    EXPECT_EQ(failureOf([&path] { fio_File::Open(path.c_str(), false, true); }), path + ": the file was cut short");
 }
 
 TEST(fio_File, lyingCountsAreRefusedBeforeMemoryIsTaken)

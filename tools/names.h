@@ -1,0 +1,48 @@
+#ifndef NAMES_H
+#define NAMES_H
+
+#include "yld_Enum.h"
+#include "yld_Sequence.h"
+#include "yld_String.h"
+
+#include <string>
+#include <vector>
+
+class yld_Yld;
+
+/// The enumerator as text, for example "NODAL"; its number for one that has no name.
+std::string tool_positionName(yld_Enum::yld_ResultPositionEnum position);
+std::string tool_typeName(yld_Enum::yld_DataTypeEnum type);
+std::string tool_domainName(yld_Enum::yld_DomainEnum domain);
+
+inline std::string tool_text(const yld_String& text)
+{
+    return text.cStr();
+}
+std::vector<std::string> tool_texts(const yld_Sequence<yld_String>& texts);
+
+/// ", there is: a, b, c" for an error message; a count where the names would fill the screen, and a word for
+/// none.
+std::string tool_choices(const std::vector<std::string>& names);
+
+/// Line breaks and other control characters become blanks, blanks in a row become one.
+std::string tool_oneLine(const std::string& text);
+
+/// A database opened for reading; closed with this object.
+class tool_Database
+{
+public:
+    /// Raises tool_Failure for a path that cannot be a database, and what openYld raises.
+    explicit tool_Database(const std::string& path);
+    ~tool_Database();
+    tool_Database(const tool_Database&) = delete;
+    tool_Database& operator=(const tool_Database&) = delete;
+
+    yld_Yld& operator*() { return *m_database; }
+    yld_Yld* operator->() { return m_database; }
+
+private:
+    yld_Yld* m_database;
+};
+
+#endif
