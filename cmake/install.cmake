@@ -7,7 +7,17 @@ file(GLOB public_headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/*.h)
 file(GLOB container_headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/containers/*.h)
 install(FILES ${public_headers} DESTINATION ${YLD_HEADER_DIR})
 install(FILES ${container_headers} DESTINATION ${YLD_HEADER_DIR}/containers)
-foreach(header IN ITEMS ${YLD_SUPPORT_HEADERS})
+# What public headers include from the floors below: value types and the bases of strings and exceptions. The
+# install test finds out when one is missing.
+set(YLD_SUPPORT_HEADERS
+    platform/base/mmo_Memory.h
+    platform/base/sys_Timer.h
+    platform/store/pcl_Uid.h
+    platform/text/exc_Exception.h
+    platform/text/msg_StringBase.h
+    platform/text/prg_WipReporter.h
+    platform/text/shr_String.h)
+foreach(header IN LISTS YLD_SUPPORT_HEADERS)
     get_filename_component(folder ${header} DIRECTORY)
     install(FILES ${CMAKE_SOURCE_DIR}/${header} DESTINATION ${YLD_HEADER_DIR}/${folder})
 endforeach()

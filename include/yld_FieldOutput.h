@@ -129,6 +129,9 @@ public:
     static void checkValidInvariants(yld_Enum::yld_DataTypeEnum type,
                                      const yld_Sequence<yld_Enum::yld_InvariantEnum>& invariants);
 
+    /// Whether it is the very same object, as for blocks: values are never compared.
+    bool operator==(const yld_FieldOutput& other) const { return this == &other; }
+
 private:
     friend class yld_FieldAddDataUtils;
 

@@ -39,7 +39,6 @@ private:
         STRING = 4
     };
     explicit yld_Union(Tag tag);
-    void require(bool fits, const char* message) const;
 
     // Values that the fields have when they are not the one held: the extremes of their types.
     int m_integer;

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <map>
 #include <stdexcept>
@@ -32,28 +33,50 @@ void printModel(yld_Yld& db)
     }
 }
 
-// The mean displacement of the tip set across the bar, downwards. Read one by one; the bulk arrays, read
-// beside, must hold the same bits.
-double tipDeflection(const yld_Frame& frame, const yld_Instance& instance, long& compared)
+// Reads a field twice, value by value and in bulk, and hands each value to `visit`. The two ways must give
+// the same bits at the same places in the same order.
+template<class Visit>
+void walk(const yld_FieldOutput& field, long& compared, const Visit& visit)
 {
-    const yld_FieldOutput& u = frame.fieldOutputs().get("U");
-    std::map<int, float> down;
-    for (int i = 0; i < u.values().size(); ++i) {
-        const yld_FieldValue value = u.values(i);
-        down[value.nodeLabel()] = value.data().floatData()[2];
-    }
-    const yld_SequenceFieldBulkData& blocks = u.bulkDataBlocks();
+    const yld_SequenceFieldBulkData& blocks = field.bulkDataBlocks();
+    int index = 0;
     for (int b = 0; b < blocks.size(); ++b) {
         const yld_FieldBulkData& block = blocks.constGet(b);
-        for (int row = 0; row < block.length(); ++row, ++compared)
-            if (down.at(block.nodeLabels()[row]) != block.data()[row * block.width() + 2])
-                throw std::runtime_error("U read one by one and in bulk differ at node " +
-                                         std::to_string(block.nodeLabels()[row]));
+        const int* const nodes = block.nodeLabels();
+        const int* const elements = block.elementLabels();
+        const int* const points = block.integrationPoints();
+        for (int row = 0; row < block.length(); ++row, ++index) {
+            const yld_FieldValue value = field.values(index);
+            const bool samePlace = (nodes == nullptr || nodes[row] == value.nodeLabel()) &&
+                                   (elements == nullptr || elements[row] == value.elementLabel()) &&
+                                   (points == nullptr || points[row] == value.integrationPoint());
+            const auto width = static_cast<std::size_t>(block.width());
+            if (!samePlace || value.data().length() != block.width() ||
+                std::memcmp(value.data().floatData(), block.data() + width * static_cast<std::size_t>(row),
+                            width * sizeof(float)) != 0)
+                throw std::runtime_error(std::string("value ") + std::to_string(index) + " of " +
+                                         field.name().cStr() + " read alone and in bulk differ");
+            visit(value, block, row);
+            ++compared;
+        }
     }
+    if (index != field.values().size())
+        throw std::runtime_error(std::string("the bulk data of ") + field.name().cStr() +
+                                 " are not all of its values");
+}
+
+// The mean displacement of the tip set across the bar, downwards.
+double tipDeflection(const yld_Frame& frame, const yld_Instance& instance, long& compared)
+{
+    std::map<int, float> down;
+    walk(frame.fieldOutputs().get("U"), compared,
+         [&](const yld_FieldValue& value, const yld_FieldBulkData&, int) {
+             down[value.nodeLabel()] = -value.data().floatData()[2];
+         });
     const yld_SequenceNode& tip = instance.nodeSets().constGet("tip").nodes();
     double sum = 0.0;
     for (int i = 0; i < tip.size(); ++i)
-        sum -= down.at(tip[static_cast<unsigned>(i)].label());
+        sum += static_cast<double>(down.at(tip[static_cast<unsigned>(i)].label()));
     return sum / tip.size();
 }
 
@@ -64,29 +87,17 @@ struct Peak
     int point = 0;
 };
 
-// The largest Mises stress, found twice: one by one, and in the bulk arrays.
 Peak largestMises(const yld_Frame& frame, long& compared)
 {
-    const yld_FieldOutput& s = frame.fieldOutputs().get("S");
-    Peak single;
-    for (int i = 0; i < s.values().size(); ++i) {
-        const yld_FieldValue value = s.values(i);
-        const float mises = value.mises();
-        if (mises > single.mises) single = {mises, value.elementLabel(), value.integrationPoint()};
-    }
-    Peak bulk;
-    const yld_SequenceFieldBulkData& blocks = s.bulkDataBlocks();
-    for (int b = 0; b < blocks.size(); ++b) {
-        const yld_FieldBulkData& block = blocks.constGet(b);
-        const float* const mises = block.mises();
-        for (int row = 0; row < block.length(); ++row, ++compared)
-            if (mises[row] > bulk.mises)
-                bulk = {mises[row], block.elementLabels()[row], block.integrationPoints()[row]};
-    }
-    const bool sameSize = std::abs(single.mises - bulk.mises) <= 1e-6f * single.mises;
-    if (!sameSize || single.element != bulk.element || single.point != bulk.point)
-        throw std::runtime_error("S read one by one and in bulk have different peaks");
-    return single;
+    Peak peak;
+    walk(frame.fieldOutputs().get("S"), compared,
+         [&](const yld_FieldValue& value, const yld_FieldBulkData& block, int row) {
+             const float mises = value.mises();
+             if (std::abs(mises - block.mises()[row]) > 1e-6f * mises)
+                 throw std::runtime_error("the Mises stress of one value and in bulk differ");
+             if (mises > peak.mises) peak = {mises, value.elementLabel(), value.integrationPoint()};
+         });
+    return peak;
 }
 
 struct Place

@@ -3,7 +3,6 @@
 #include "platform/model/mshK_Model.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
-#include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Procedure.h"
 #include "platform/sto/sto_StepContainer.h"
 
@@ -36,32 +35,6 @@ mshK_Step describe(int position, const shr_String& name, const shr_String& descr
 }
 
 } // namespace
-
-sto_StoStep sto_StoStep::create(const sto_Model& model, int position, const shr_String& name,
-                                const shr_String& description, int domain, double period, const shr_String& previous,
-                                const shr_String& procedure)
-{
-    enum { frequencyDomain = 1, modalDomain = 2 };
-    const shr_String behind = previous == "Initial" ? stpC_InitialStepName() : previous;
-    const lnk_ShortCut<mshK_Model>& into = model.shortCut();
-    const auto perturbation = [&](int number) {
-        return PerturbationStep(into, position, name, description, number, period, behind);
-    };
-    sto_StoStep step;
-    if (domain == modalDomain) {
-        step = perturbation(procedure == "*BUCKLE" ? sto_Procedure::BUCKLE : sto_Procedure::FREQUENCY);
-    } else if (domain == frequencyDomain) {
-        step = perturbation(sto_Procedure::RANDOM_RESPONSE);
-    } else if (period > 0.0) {
-        const int number = procedure == "*STATIC, RIKS" ? sto_Procedure::STATIC_RIKS : sto_Procedure::STATIC;
-        step = GeneralStep(into, position, name, description, number, period, behind, 1);
-    } else {
-        step = perturbation(sto_Procedure::STATIC_PERTURBATION);
-    }
-    // A step over arc length that is not one by its procedure, and the other way round, comes back as it was made.
-    if (step.getDomain() != domain) step.setDomain(domain);
-    return step;
-}
 
 sto_StoStep sto_StoStep::GeneralStep(const lnk_ShortCut<mshK_Model>& model, int position, const shr_String& name,
                                      const shr_String& description, int procedure, double period,

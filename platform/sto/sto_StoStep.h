@@ -6,7 +6,6 @@
 #include "platform/text/shr_String.h"
 
 class mshK_Model;
-class sto_Model;
 
 /// A handle on the model side of a step.
 class sto_StoStep
@@ -15,15 +14,6 @@ public:
     sto_StoStep() = default;
     explicit sto_StoStep(const lnk_ShortCut<mshK_Step>& step) : m_step(step) {}
 
-    /// A new step of the kind that domain, period and procedure ask for: a perturbation for modal and frequency
-    /// domains and for a period that is not above 0, else a step in time.
-    /// @param position   how many steps there are
-    /// @param domain     0 time, 1 frequency, 2 modal, 3 arc length
-    /// @param previous   the step that this one follows; "Initial" for the first place; empty for the last
-    /// @param procedure  a procedure keyword; only those of modal and arc length analyses make a difference
-    static sto_StoStep create(const sto_Model& model, int position, const shr_String& name,
-                              const shr_String& description, int domain, double period, const shr_String& previous,
-                              const shr_String& procedure);
     /// A new step in time behind the one that it follows, or at the end without one.
     /// @param position   how many steps there are
     /// @param procedure  a procedure number, see sto_Procedure; it decides the domain

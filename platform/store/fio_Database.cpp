@@ -185,8 +185,16 @@ void fio_Database::checkApplication()
         raise("is not a results database of this library");
     }
     // Reading the schema finds a file that is cut short or overwritten before anything is built on it.
-    fio_Statement schema = prepare("SELECT count(*) FROM sqlite_schema");
-    schema.step();
+    {
+        fio_Statement schema = prepare("SELECT count(*) FROM sqlite_schema");
+        schema.step();
+    }
+    // SQLite counts a last page that is there in part as a whole one, and reads zeros where it ends.
+    fio_Statement pages = prepare("SELECT page_count * page_size FROM pragma_page_count, pragma_page_size");
+    struct stat status{};
+    if (pages.step() && stat(m_path.c_str(), &status) == 0 && status.st_size < pages.integer(0)) {
+        raise("the file was cut short");
+    }
 }
 
 int fio_Database::databaseVersion()

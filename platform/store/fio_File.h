@@ -48,6 +48,8 @@ public:
     /// Takes a bulk array over and sends it to disk when enough has gathered.
     /// @return the number of its first extent
     long long appendBulk(const fio_Buffer& bytes);
+    /// Sends the bulk arrays that have gathered to disk.
+    void flushBulk();
     /// Forgets an object or the objects of a container as far as they hold no unsaved change.
     void release(long long id);
     void releaseContainer(long long container);
@@ -94,7 +96,6 @@ private:
     Table& tableOf(const pcl_ClassMetadata& metadata);
     void makeTable(const pcl_ClassMetadata& metadata, Table& table);
     void claim();
-    void flushBulk();
     void writeObject(long long id, const Object& entry, long long save, long long now);
     void writeEntries(long long container, mrp_Entries& entries, long long save);
     void supersede(long long save, long long now, long long classId, long long id, long long which);

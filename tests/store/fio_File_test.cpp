@@ -566,6 +566,15 @@ TEST(fio_File, missingEmptyForeignAndTruncatedFilesGiveOneClearError)
     EXPECT_EQ(failureOf(open), path + ": the file is damaged");
 }
 
+TEST(fio_File, fileShortOfOneByteGivesOneClearError)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    makeFile(path, sample_Thing()).file()->close();
+    std::filesystem::resize_file(path, std::filesystem::file_size(path) - 1);
+    EXPECT_EQ(failureOf([&path] { fio_File::Open(path.c_str(), false, true); }), path + ": the file was cut short");
+}
+
 TEST(fio_File, lyingCountsAreRefusedBeforeMemoryIsTaken)
 {
     const ScratchFolder folder;

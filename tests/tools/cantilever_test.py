@@ -84,18 +84,20 @@ class CantileverTest(programs.ProgramTest):
             self.assertEqual([0, 0, 0], at[1 + i * (DIVISIONS[0] + 1)])
 
     def test_largest_mises(self):
-        largest = (-1.0, 0, 0)
+        found = {}
         for value in self.values(self.path, "S"):
             s = value["data"]
-            mises = math.sqrt(0.5 * ((s[0] - s[1]) ** 2 + (s[1] - s[2]) ** 2 + (s[2] - s[0]) ** 2)
-                              + 3 * (s[3] ** 2 + s[4] ** 2 + s[5] ** 2))
-            if mises > largest[0]:
-                largest = (mises, value["element"], value["point"])
+            found[value["element"], value["point"]] = math.sqrt(
+                0.5 * ((s[0] - s[1]) ** 2 + (s[1] - s[2]) ** 2 + (s[2] - s[0]) ** 2)
+                + 3 * (s[3] ** 2 + s[4] ** 2 + s[5] ** 2))
+        largest = max(found.values())
         printed = re.search(r"^largest Mises stress ([-+.e\d]+) in element (\d+) at integration point (\d) .*"
                             r"beam theory there ([-+.e\d]+), difference ([-.\d]+)%", self.report.stdout, re.M)
-        self.assertLess(abs(float(printed.group(1)) / largest[0] - 1), 1e-5)
-        self.assertEqual(largest[1:], (int(printed.group(2)), int(printed.group(3))))
-        self.assertEqual(0, (largest[1] - 1) % DIVISIONS[0], "the largest stress is at the root")
+        self.assertLess(abs(float(printed.group(1)) / largest - 1), 1e-5)
+        # The bar is symmetric: the same stress may stand at several places, to rounding.
+        place = int(printed.group(2)), int(printed.group(3))
+        self.assertLess(abs(found[place] / largest - 1), 1e-5)
+        self.assertEqual(0, (place[0] - 1) % DIVISIONS[0], "the largest stress is at the root")
         self.assertLess(abs(float(printed.group(5))), MISES_TOLERANCE)
 
     def test_stress_in_the_middle_is_that_of_a_beam(self):

@@ -5,17 +5,11 @@
 #include "platform/attribute/ntsC_Enum.h"
 #include "platform/attribute/prtC_Enum.h"
 #include "platform/result/fld_Enum.h"
-#include "platform/text/msg_Format.h"
-#include "yld_Exception.h"
+#include "yld/impl/yld_Raise.h"
 
 #include <cstddef>
 
 namespace {
-
-[[noreturn]] void raise(const char* message)
-{
-    yld_Exception(6, msg_Format(message)).Throw(__FILE__, __LINE__);
-}
 
 /// One map, said once and searched both ways. The first row that has the value wins, so a later row with a
 /// number that already occurred on one side is a road in the other direction only.
@@ -35,14 +29,14 @@ struct EnumTable
     {
         for (const Row& row : rows)
             if (row.store == store) return row.open;
-        raise(message);
+        yld_raise(message);
     }
 
     Store toStore(Public open) const
     {
         for (const Row& row : rows)
             if (row.open == open) return row.store;
-        raise(message);
+        yld_raise(message);
     }
 };
 

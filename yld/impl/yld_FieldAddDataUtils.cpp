@@ -145,6 +145,19 @@ SetCache& setCache()
     return cache;
 }
 
+// "api_set " and the key, or, if another step or a call that failed has taken that name, the next number that is free.
+std::string freeSetName(const sto_Mesh& mesh, int type, int key)
+{
+    const sto_SetList sets = mesh.set();
+    int number = key;
+    std::string name = "api_set " + std::to_string(number);
+    while (sets.has(type, name)) {
+        number = std::max(number + 1, sets.length() - 1);
+        name = "api_set " + std::to_string(number);
+    }
+    return name;
+}
+
 bool isTensor(yld_Enum::yld_DataTypeEnum type)
 {
     return type >= yld_Enum::TENSOR_3D_FULL && type <= yld_Enum::TENSOR_2D_SURFACE;
@@ -274,7 +287,7 @@ void yld_FieldAddDataUtils::makeSet()
     const int type = isOnElements() ? setC_Set::elementSet : setC_Set::nodeSet;
     m_set = setCache().find(m_mesh, type, m_labels, m_numLabels);
     if (!m_set.isValid()) {
-        const std::string name = "api_set " + std::to_string(m_key);
+        const std::string name = freeSetName(m_mesh, type, m_key);
         if (isOnElements()) {
             const int bad = m_mesh.elementData().CheckUserElementLabels(m_labels, m_numLabels);
             if (bad < m_numLabels) yld_raise("Invalid element label %d", m_labels[bad]);

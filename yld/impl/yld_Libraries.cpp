@@ -1,13 +1,23 @@
 #include "yld/impl/yld_Libraries.h"
 
+#include "platform/attribute/val_PrimEnum.h"
 #include "platform/base/bas_Library.h"
 #include "platform/store/lnk_Root.h"
+#include "platform/store/pcl_MetadataRegistrar.h"
 
 #include <iterator>
 
 namespace {
 
+// The schema to which the metadata of the libraries underneath belong.
+constexpr int platformSchema = 1;
+
 bool spatialVectors = false;
+
+void startValues()
+{
+    pcl_MetadataRegistrar::initClassMetadata(val_PrimEnumBase::DeclareMetadata, platformSchema);
+}
 
 void startCalculator()
 {
@@ -54,7 +64,7 @@ constinit bas_Library prg_library("prg");
 constinit bas_Library gfx_library("gfx");
 constinit bas_Library osu_library("osu");
 constinit bas_Library aux_library("aux");
-constinit bas_Library val_library("val");
+constinit bas_Library val_library("val", startValues);
 constinit bas_Library shc_library("shc");
 constinit bas_Library geo_library("geo");
 constinit bas_Library mrp_library("mrp");

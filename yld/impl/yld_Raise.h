@@ -4,11 +4,27 @@
 #include "platform/text/msg_Format.h"
 #include "yld_Exception.h"
 
+#include <source_location>
+
+/// The format of a message together with the place that raises it: made from the bare text where that is
+/// handed to yld_raise, so that the developer's report names the caller.
+struct yld_RaiseFormat
+{
+    yld_RaiseFormat(const char* text, std::source_location where = std::source_location::current())
+        : format(text), place(where)
+    {
+    }
+
+    const char* format;
+    std::source_location place;
+};
+
 /// Raises yld_Exception of the general kind with a finished message.
 template<class... Values>
-[[noreturn]] void yld_raise(const char* format, const Values&... values)
+[[noreturn]] void yld_raise(const yld_RaiseFormat& message, const Values&... values)
 {
-    throw yld_Exception(yld_GENERAL, msg_Format(format, values...));
+    yld_Exception(yld_GENERAL, msg_Format(message.format, values...))
+        .Throw(message.place.file_name(), static_cast<int>(message.place.line()));
 }
 
 #endif

@@ -1,7 +1,6 @@
 #include "yld_Repository.h"
 
-#include "platform/text/msg_Format.h"
-#include "yld_Exception.h"
+#include "yld/impl/yld_Raise.h"
 
 int BtreeCompare(const yld_String& nodeKey, const yld_String& key)
 {
@@ -10,7 +9,7 @@ int BtreeCompare(const yld_String& nodeKey, const yld_String& key)
 
 void yld_raiseUnknownKey(const yld_String& key)
 {
-    throw yld_Exception(yld_GENERAL, msg_Format("Key \"%s\" not found in repository", key));
+    yld_raise("Key \"%s\" not found in repository", key);
 }
 
 void yld_raiseUnknownKey(int key)

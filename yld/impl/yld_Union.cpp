@@ -1,7 +1,6 @@
 #include "yld_Union.h"
 
-#include "platform/text/msg_Format.h"
-#include "yld_Exception.h"
+#include "yld/impl/yld_Raise.h"
 
 #include <limits>
 
@@ -49,38 +48,41 @@ yld_Union::~yld_Union() = default;
 
 int yld_Union::getInt() const
 {
-    require(m_tag == INTEGER, "The union is not of type int");
+    if (m_tag != INTEGER) {
+        yld_raise("The union is not of type int");
+    }
     return m_integer;
 }
 
 float yld_Union::getFloat() const
 {
-    require(m_tag == SINGLE || m_tag == DOUBLE, "The union is not of type float");
+    if (m_tag != SINGLE && m_tag != DOUBLE) {
+        yld_raise("The union is not of type float");
+    }
     return m_tag == DOUBLE ? static_cast<float>(m_double) : m_single;
 }
 
 // A float is refused although it could be widened: clients tell the two precisions apart by this.
 double yld_Union::getDouble() const
 {
-    require(m_tag == DOUBLE, "The union is not of type double");
+    if (m_tag != DOUBLE) {
+        yld_raise("The union is not of type double");
+    }
     return m_double;
 }
 
 bool yld_Union::getBool() const
 {
-    require(m_tag == BOOLEAN, "The union is not of type bool");
+    if (m_tag != BOOLEAN) {
+        yld_raise("The union is not of type bool");
+    }
     return m_boolean;
 }
 
 const yld_String& yld_Union::getString() const
 {
-    require(m_tag == STRING, "The union is not of type string");
-    return m_string;
-}
-
-void yld_Union::require(bool fits, const char* message) const
-{
-    if (!fits) {
-        yld_Exception(yld_GENERAL, msg_Format(message)).Throw(__FILE__, __LINE__);
+    if (m_tag != STRING) {
+        yld_raise("The union is not of type string");
     }
+    return m_string;
 }

@@ -1,0 +1,392 @@
+#include "platform/sto/sto_Assembly.h"
+#include "platform/sto/sto_Field.h"
+#include "platform/sto/sto_FieldContainer.h"
+#include "platform/sto/sto_FieldFrame.h"
+#include "platform/sto/sto_FieldStep.h"
+#include "result_model.h"
+#include "yld/impl/yld_FieldValueList.h"
+
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+using yld_FieldBulkDataTest = ResultModel;
+using yld_SequenceFieldValueTest = ResultModel;
+
+namespace {
+
+std::string listed(const int* numbers, int count)
+{
+    if (!numbers) return "null";
+    std::string text;
+    for (int i = 0; i < count; ++i) text += std::to_string(numbers[i]) + " ";
+    return text;
+}
+
+// A block written past the checks of the public interface, as a solver may write it.
+sto_Field writeBlock(const yld_Frame& frame, fld_FieldDescription description, int key, const std::vector<float>& values,
+                     const std::vector<double>& doubles = {})
+{
+    sto_FieldFrame fields = frame.fieldOutputs().fieldFrame().ConstGet();
+    sto_FieldStep step = frame.fieldOutputs().fieldStep().ConstGet();
+    const bool isDouble = !doubles.empty();
+    const std::size_t bytes = isDouble ? doubles.size() * sizeof(double) : values.size() * sizeof(float);
+    fio_Buffer buffer(bytes);
+    if (bytes > 0) {
+        std::memcpy(buffer.writable(), isDouble ? static_cast<const void*>(doubles.data()) : values.data(), bytes);
+    }
+    const sto_Field field =
+        fields.Field(step.Field(std::move(description)), key, buffer, fio_Buffer(), sto_Field(), isDouble ? 1 : 0);
+    step.setNumberField(key + 1);
+    return field;
+}
+
+fld_FieldDescription describe(const char* label, fld_DataTypeEnm type, fld_OutputPositionEnm position, int length)
+{
+    fld_FieldDescription description;
+    description.m_label = label;
+    description.m_dataType = static_cast<int>(type);
+    description.m_position = static_cast<int>(position);
+    description.m_length = length;
+    return description;
+}
+
+} // namespace
+
+TEST_F(yld_FieldBulkDataTest, nodeBlock)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    frame.FieldOutput("U", "", yld_Enum::VECTOR)
+        .addData(yld_Enum::NODAL, instance(), ints({20, 30, 40}), rows({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
+    reopen();
+    const yld_SequenceFieldBulkData& blocks = field("U").bulkDataBlocks();
+    ASSERT_EQ(blocks.size(), 1);
+    const yld_FieldBulkData& bulk = blocks[0];
+    EXPECT_EQ(bulk.length(), 3);
+    EXPECT_EQ(bulk.width(), 3);
+    EXPECT_EQ(bulk.position(), yld_Enum::NODAL);
+    EXPECT_EQ(bulk.type(), yld_Enum::VECTOR);
+    EXPECT_EQ(bulk.precision(), yld_Enum::SINGLE_PRECISION);
+    EXPECT_EQ(bulk.data()[5], 6.0F);
+    EXPECT_EQ(bulk.dataDouble(), nullptr);
+    EXPECT_EQ(bulk.conjugateData(), nullptr);
+    EXPECT_EQ(bulk.localCoordSystem(), nullptr);
+    EXPECT_EQ(listed(bulk.nodeLabels(), 3), "20 30 40 ");
+    EXPECT_EQ(bulk.numberOfNodes(), 3);
+    EXPECT_EQ(bulk.setType(), 0);
+    EXPECT_EQ(bulk.valuesPerElement(), 0);
+    EXPECT_EQ(bulk.numberOfElements(), 0);
+    EXPECT_EQ(bulk.elementLabels(), nullptr);
+    EXPECT_EQ(bulk.faces(), nullptr);
+    EXPECT_EQ(bulk.integrationPoints(), nullptr);
+    EXPECT_EQ(bulk.mises(), nullptr);
+    EXPECT_STREQ(bulk.instance().name().cStr(), "block-1");
+    EXPECT_STREQ(bulk.baseElementType().cStr(), "");
+    EXPECT_EQ(joined(bulk.componentLabels()), "U1,U2,U3");
+}
+
+TEST_F(yld_FieldBulkDataTest, integrationPointBlock)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    frame.FieldOutput("P", "", yld_Enum::SCALAR)
+        .addData(yld_Enum::INTEGRATION_POINT, instance(), ints({301, 302}), counted(8), yld_SectionPoint(1, "bottom"));
+    reopen();
+    const yld_FieldBulkData& bulk = field("P").bulkDataBlocks()[0];
+    EXPECT_EQ(bulk.numberOfElements(), 2);
+    EXPECT_EQ(listed(bulk.elementLabels(), 8), "301 301 301 301 302 302 302 302 ");
+    EXPECT_EQ(listed(bulk.integrationPoints(), 8), "1 2 3 4 1 2 3 4 ");
+    EXPECT_EQ(bulk.elementLabels(), bulk.elementLabels());
+    EXPECT_EQ(bulk.nodeLabels(), nullptr);
+    EXPECT_STREQ(bulk.baseElementType().cStr(), "SHELL4");
+    EXPECT_STREQ(bulk.sectionPoint().description().cStr(), "bottom");
+    const yld_FieldBulkData copy(bulk);
+    EXPECT_NE(copy.elementLabels(), bulk.elementLabels());
+    EXPECT_EQ(listed(copy.integrationPoints(), 8), "1 2 3 4 1 2 3 4 ");
+    EXPECT_EQ(copy.data(), bulk.data());
+}
+
+TEST_F(yld_FieldBulkDataTest, elementNodalAndCentroidBlocks)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& f = frame.FieldOutput("F", "", yld_Enum::SCALAR);
+    f.addData(yld_Enum::ELEMENT_NODAL, instance(), ints({5, 7}), counted(8));
+    f.addData(yld_Enum::CENTROID, instance(), ints({102, 101}), counted(2));
+    reopen();
+    const yld_SequenceFieldBulkData& blocks = field("F").bulkDataBlocks();
+    EXPECT_EQ(listed(blocks[0].nodeLabels(), 8), "20 30 40 60 10 20 30 50 ");
+    EXPECT_EQ(listed(blocks[0].elementLabels(), 8), "5 5 5 5 7 7 7 7 ");
+    EXPECT_EQ(blocks[0].integrationPoints(), nullptr);
+    EXPECT_EQ(listed(blocks[1].elementLabels(), 2), "102 101 ");
+    EXPECT_EQ(blocks[1].integrationPoints(), nullptr);
+    EXPECT_EQ(blocks[1].valuesPerElement(), 1);
+}
+
+TEST_F(yld_FieldBulkDataTest, misesByType)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    const auto mises = [&](const char* name, yld_Enum::yld_DataTypeEnum type,
+                           const yld_Sequence<yld_Sequence<float>>& data) {
+        yld_FieldOutput& s = frame.FieldOutput(name, "", type);
+        s.addData(yld_Enum::CENTROID, instance(), ints({301}), data);
+        return s.bulkDataBlocks()[0].mises()[0];
+    };
+    EXPECT_FLOAT_EQ(mises("A", yld_Enum::TENSOR_3D_FULL, rows({{3, 0, 0, 4, 5, 6}})), std::sqrt(9.0F + 3.0F * 77.0F));
+    EXPECT_FLOAT_EQ(mises("B", yld_Enum::TENSOR_3D_PLANAR, rows({{3, 0, 0, 4}})), std::sqrt(9.0F + 48.0F));
+    // s11 + s22 over three, and the mean as the third deviator: 3 and 6 give 3; 0, 3, -3; 18 + 2 * 4.
+    EXPECT_FLOAT_EQ(mises("C", yld_Enum::TENSOR_3D_SURFACE, rows({{3, 6, 2}})), std::sqrt(1.5F * 26.0F));
+    EXPECT_FLOAT_EQ(mises("D", yld_Enum::TENSOR_2D_PLANAR, rows({{0, 3, 0, 0}})), 3.0F);
+    EXPECT_FLOAT_EQ(mises("E", yld_Enum::TENSOR_2D_SURFACE, rows({{3, 6, 2}})), std::sqrt(1.5F * 26.0F));
+}
+
+TEST_F(yld_FieldBulkDataTest, engineeringShearsCountHalf)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL)
+        .addData(yld_Enum::WHOLE_MODEL, yld_Instance(), ints({}), rows({{0, 0, 0, 10, 0, 0}}));
+    fld_FieldDescription strain =
+        describe("E", fld_DataTypeEnm::TENSOR_3D_FULL, fld_OutputPositionEnm::WHOLE_MODEL, 1);
+    strain.m_engineeringTensor = true;
+    writeBlock(frame, strain, 1, {0, 0, 0, 10, 0, 0});
+    reopen();
+    EXPECT_FLOAT_EQ(field("S").bulkDataBlocks()[0].mises()[0], 17.320508F);
+    const yld_FieldOutput& e = field("E");
+    EXPECT_TRUE(e.bulkDataBlocks()[0].engineeringTensor());
+    EXPECT_FLOAT_EQ(e.bulkDataBlocks()[0].mises()[0], 8.660254F);
+    EXPECT_FLOAT_EQ(e.values(0).mises(), 17.320508F);
+}
+
+TEST_F(yld_FieldBulkDataTest, successiveCallsGiveOneAddress)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& t = frame.FieldOutput("T", "", yld_Enum::SCALAR);
+    t.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1}}));
+    const yld_SequenceFieldBulkData& first = t.bulkDataBlocks();
+    EXPECT_EQ(first.size(), 1);
+    t.addData(yld_Enum::NODAL, instance(), ints({20}), rows({{2}}));
+    EXPECT_EQ(&t.bulkDataBlocks(), &first);
+    EXPECT_EQ(first.size(), 2);
+}
+
+TEST_F(yld_FieldBulkDataTest, onlyAnIndexBehindTheCountIsRefused)
+{
+    yld_SequenceFieldBulkData none;
+    EXPECT_EQ(failureOf([&] { none.constGet(1); }), "Field bulk data index is out of range.");
+    EXPECT_EQ(failureOf([&] { none.get(1); }), "Field bulk data index is out of range.");
+    EXPECT_EQ(none.constGet(0).length(), 0);
+    EXPECT_EQ(none.constGet(-1).length(), 0);
+    EXPECT_EQ(none.get(0).type(), yld_Enum::UNDEFINED_DATATYPE);
+}
+
+TEST_F(yld_FieldBulkDataTest, blockWithoutValues)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    writeBlock(frame, describe("T", fld_DataTypeEnm::SCALAR, fld_OutputPositionEnm::WHOLE_MODEL, 0), 0, {});
+    const yld_FieldBulkData& bulk = step().frames(0).fieldOutputs().constGet("T").bulkDataBlocks()[0];
+    EXPECT_EQ(bulk.length(), 0);
+    EXPECT_EQ(bulk.type(), yld_Enum::UNDEFINED_DATATYPE);
+    EXPECT_EQ(bulk.sectionPoint().number(), -1);
+    EXPECT_STREQ(bulk.instance().name().cStr(), "");
+}
+
+TEST_F(yld_FieldBulkDataTest, doublePrecision)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    fld_FieldDescription description =
+        describe("S", fld_DataTypeEnm::TENSOR_3D_PLANAR, fld_OutputPositionEnm::WHOLE_MODEL, 2);
+    writeBlock(frame, description, 0, {}, {3.0, 0.0, 0.0, 4.0, 1.0 / 3.0, 0.0, 0.0, 0.0});
+    reopen();
+    const yld_FieldOutput& s = field("S");
+    const yld_FieldBulkData& bulk = s.bulkDataBlocks()[0];
+    EXPECT_EQ(bulk.data(), nullptr);
+    EXPECT_EQ(bulk.precision(), yld_Enum::DOUBLE_PRECISION);
+    EXPECT_EQ(bulk.dataDouble()[4], 1.0 / 3.0);
+    EXPECT_FLOAT_EQ(bulk.mises()[0], std::sqrt(9.0F + 48.0F));
+    EXPECT_EQ(s.values(1).precision(), yld_Enum::DOUBLE_PRECISION);
+    EXPECT_EQ(s.values(1).data().doubleData()[0], 1.0 / 3.0);
+    EXPECT_FLOAT_EQ(s.values(1).maxPrincipal(), 1.0F / 3.0F);
+}
+
+TEST_F(yld_FieldBulkDataTest, chosenValuesOfABlockStandSideBySide)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& p = frame.FieldOutput("P", "", yld_Enum::SCALAR);
+    p.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101, 102}), counted(16));
+    yld_SubField part(p.SubField()[0]);
+    part.setIndices(ints({1, 9, 15}));
+    yld_Sequence<yld_SubField> blocks;
+    blocks.append(part);
+    const yld_SequenceFieldValue values(blocks);
+    EXPECT_EQ(values.size(), 3);
+    EXPECT_EQ(values.get(1).data()[0], 10.0);
+    EXPECT_EQ(values.get(1).elementLabel(), 102);
+    EXPECT_EQ(values.get(1).integrationPoint(), 2);
+    const yld_SequenceFieldBulkData bulk(values);
+    EXPECT_EQ(bulk[0].length(), 3);
+    EXPECT_EQ(bulk[0].data()[2], 16.0F);
+    EXPECT_EQ(listed(bulk[0].elementLabels(), 3), "101 102 102 ");
+    EXPECT_EQ(listed(bulk[0].integrationPoints(), 3), "2 2 8 ");
+}
+
+TEST_F(yld_FieldBulkDataTest, labelsOutliveASave)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& t = frame.FieldOutput("T", "", yld_Enum::SCALAR);
+    t.addData(yld_Enum::NODAL, instance(), ints({20, 30}), rows({{1}, {2}}));
+    const yld_FieldBulkData& bulk = t.bulkDataBlocks()[0];
+    m_yld->save();
+    EXPECT_EQ(listed(bulk.nodeLabels(), 2), "20 30 ");
+    EXPECT_EQ(bulk.data()[1], 2.0F);
+}
+
+TEST_F(yld_SequenceFieldValueTest, indicesOutOfRange)
+{
+    const yld_SequenceFieldValue empty;
+    EXPECT_EQ(empty.size(), 0);
+    EXPECT_EQ(failureOf([&] { empty.get(0); }), "FieldValue index out of range.");
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& t = frame.FieldOutput("T", "", yld_Enum::SCALAR);
+    t.addData(yld_Enum::NODAL, instance(), ints({20, 30}), rows({{1}, {2}}));
+    EXPECT_EQ(failureOf([&] { t.values(2); }), "FieldValue index out of range.");
+    EXPECT_EQ(failureOf([&] { t.values(-1); }), "FieldValue index out of range.");
+    EXPECT_EQ(t.values(1).data()[0], 2.0);
+}
+
+TEST_F(yld_SequenceFieldValueTest, walksInAnyOrder)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& t = frame.FieldOutput("T", "", yld_Enum::SCALAR);
+    t.addData(yld_Enum::NODAL, instance(), ints({10, 20}), rows({{0}, {1}}));
+    t.addData(yld_Enum::CENTROID, instance(), ints({101}), rows({{2}}));
+    t.addData(yld_Enum::NODAL, instance(), ints({30, 40, 50}), rows({{3}, {4}, {5}}));
+    const yld_SequenceFieldValue values(t.values());
+    for (int i = 5; i >= 0; --i) EXPECT_EQ(values.get(static_cast<unsigned>(i)).data()[0], i);
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(values[static_cast<unsigned>(i)].data()[0], i);
+    for (const int i : {5, 0, 2, 4, 1, 3, 2}) EXPECT_EQ(values.value(static_cast<unsigned>(i)).data()[0], i);
+}
+
+TEST_F(yld_SequenceFieldValueTest, appendingValuesIsRefused)
+{
+    yld_SequenceFieldValue values;
+    EXPECT_EQ(failureOf([&] { values.append(yld_FieldValue()); }), "Appending field values not allowed.");
+    yld_SequenceFieldValue other;
+    EXPECT_EQ(failureOf([&] { values.append(other); }), "Appending an yld_SequenceFieldValue not allowed.");
+    values.append(yld_FieldValueList());
+    EXPECT_TRUE(values.isListOnly());
+    EXPECT_EQ(values.size(), 0);
+}
+
+TEST_F(yld_SequenceFieldValueTest, missingFieldIsNamed)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_SequenceFieldValue values;
+    EXPECT_EQ(failureOf([&] {
+                  values.appendSubField(ints({77}), frame.fieldOutputs().fieldFrame().ConstGet().field(),
+                                        step().assembly());
+              }),
+              "Could not read field '77':\n  " + m_path + ": the frame has no field with the key 77");
+}
+
+TEST_F(yld_SequenceFieldValueTest, widenedPlanarRowsEndInZeros)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& s = frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_PLANAR);
+    s.addData(yld_Enum::CENTROID, instance(), ints({301}), rows({{1, 2, 3, 4}}));
+    yld_FieldOutput& m = frame.FieldOutput("M", "", yld_Enum::TENSOR_3D_SURFACE);
+    m.addData(yld_Enum::CENTROID, instance(), ints({301}), rows({{1, 2, 3}}));
+    const auto widened = [&](const yld_FieldOutput& source) {
+        yld_SequenceFieldValue values;
+        values.append(yld_SubField(0, source.SubField()[0].field(), step().assembly(), yld_Enum::TENSOR_3D_FULL));
+        const yld_FieldValue value = values.get(0);
+        std::string text;
+        for (int i = 0; i < value.data().length(); ++i) {
+            text += std::to_string(static_cast<int>(value.data()[i])) + " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(s.values(0).data().length(), 4);
+    EXPECT_EQ(widened(s), "1 2 3 4 0 0 ");
+    EXPECT_EQ(widened(m), "1 2 3 0 0 0 ");
+}
+
+TEST_F(yld_SequenceFieldValueTest, positionsWithoutValuesWarn)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    const sto_PartInstance on = instance().instance();
+    int key = 0;
+    const auto warningOf = [&](fld_OutputPositionEnm position) {
+        fld_FieldDescription description = describe("R", fld_DataTypeEnm::SCALAR, position, 2);
+        description.m_instance = on.shortCut();
+        yld_SequenceFieldValue values;
+        const sto_Field field = writeBlock(frame, description, key, {1, 2});
+        values.append(yld_SubField(key++, field, step().assembly(), yld_Enum::SCALAR));
+        const std::string first = warningsOf([&] { EXPECT_EQ(values.get(0).data().length(), 0); });
+        EXPECT_EQ(warningsOf([&] { values.get(1); }), "");
+        EXPECT_EQ(values.size(), 2);
+        EXPECT_EQ(yld_SequenceFieldBulkData(values)[0].length(), 2);
+        return first;
+    };
+    EXPECT_EQ(warningOf(fld_OutputPositionEnm::WHOLE_REGION), "Warning: WHOLE_REGION data are not read.\n");
+    EXPECT_EQ(warningOf(fld_OutputPositionEnm::WHOLE_PART_INSTANCE), "Warning: WHOLE_PART_INSTANCE data are not read.\n");
+    EXPECT_EQ(warningOf(fld_OutputPositionEnm::GENERAL_PARTICLE), "Warning: GENERAL_PARTICLE data are not read.\n");
+    EXPECT_EQ(warningOf(fld_OutputPositionEnm::WHOLE_FACE), "Warning: Results at unknown location not read.\n");
+}
+
+TEST_F(yld_SequenceFieldValueTest, blockOnNoMeshIsRefused)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    const sto_Field field =
+        writeBlock(frame, describe("T", fld_DataTypeEnm::SCALAR, fld_OutputPositionEnm::NODAL, 1), 0, {1});
+    yld_SequenceFieldValue values;
+    values.append(yld_SubField(0, field, step().assembly(), yld_Enum::SCALAR));
+    EXPECT_EQ(failureOf([&] { values.get(0); }), "Unable to determine mesh index for field T");
+}
+
+TEST_F(yld_SequenceFieldValueTest, nodalValuesCarriedByElementsReadAsNodal)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    sto_PartInstance on = instance().instance();
+    const int labels[] = {20, 40};
+    fld_FieldDescription description =
+        describe("T", fld_DataTypeEnm::SCALAR, fld_OutputPositionEnm::NODAL_BY_ELEMENT, 2);
+    description.m_instance = on.shortCut();
+    description.m_set = on.Nset("solver", labels, 2, true, false).shortCut();
+    description.m_description = "temperature: ASURF";
+    writeBlock(frame, description, 0, {1, 2});
+    reopen();
+    yld_Frame& read = step().frames(0);
+    EXPECT_EQ(read.fieldOutputs().size(), 1);
+    const yld_FieldOutput& t = read.fieldOutputs().constGet("T        ");
+    EXPECT_STREQ(t.description().cStr(), "temperature");
+    EXPECT_EQ(t.location(0).position(), yld_Enum::NODAL);
+    EXPECT_EQ(t.values(1).nodeLabel(), 40);
+}
+
+TEST_F(yld_SequenceFieldValueTest, valuesOnFacesCarryTheFace)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    sto_PartInstance on = instance().instance();
+    sto_SurfaceSubset faces;
+    faces.labels = {101, 102};
+    faces.facets = {0, 4};
+    const sto_Set surface = on.Surface("face", {faces}, true);
+    fld_FieldDescription description =
+        describe("P", fld_DataTypeEnm::SCALAR, fld_OutputPositionEnm::SURFACE_INTEGRATION_POINT, 8);
+    description.m_instance = on.shortCut();
+    description.m_set = surface.shortCut();
+    description.m_classIndex = surface.subSet(0).classIndex();
+    writeBlock(frame, description, 0, {1, 2, 3, 4, 5, 6, 7, 8});
+    reopen();
+    const yld_FieldOutput& p = field("P");
+    ASSERT_EQ(p.values().size(), 8);
+    EXPECT_EQ(p.values(5).elementLabel(), 102);
+    EXPECT_EQ(p.values(5).face(), yld_Enum::FACE5);
+    EXPECT_EQ(p.values(5).integrationPoint(), 2);
+    EXPECT_EQ(p.values(0).face(), yld_Enum::FACE1);
+    const yld_FieldBulkData& bulk = p.bulkDataBlocks()[0];
+    EXPECT_EQ(bulk.setType(), 2);
+    EXPECT_EQ(listed(bulk.elementLabels(), 8), "101 101 101 101 102 102 102 102 ");
+    EXPECT_EQ(bulk.faces()[3], yld_Enum::FACE1);
+    EXPECT_EQ(bulk.faces()[4], yld_Enum::FACE5);
+    // Only face integration points have numbers of their own here.
+    EXPECT_EQ(bulk.integrationPoints(), nullptr);
+}
