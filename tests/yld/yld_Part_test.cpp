@@ -18,23 +18,11 @@ protected:
 class Collector : public prg_WipReporter
 {
 public:
-    Collector() : m_before(lok_ThreadSingleton<prg_WIP>::Instance().InstallReporter(this)) {}
+    Collector() : m_before(lok_ThreadSingleton<prg_WIP>::Instance().InstallReporter(this)) { m_errors = true; }
     ~Collector() override { lok_ThreadSingleton<prg_WIP>::Instance().InstallReporter(m_before); }
 
+    using prg_WipReporter::Error;
     void Error(const msg_StringBase& text, int) override { texts.push_back(text.cStr()); }
-    void Error(const prg_MessageList&, int) override {}
-    void Warning(const msg_StringBase&) override {}
-    void Warning(const prg_MessageList&) override {}
-    void Landmark(const msg_StringBase&) override {}
-    void Begin(const msg_StringBase&, int) override {}
-    void Advance(int) override {}
-    void End() override {}
-    void Verbose(const msg_StringBase&) override {}
-    void Print(const msg_StringBase&) override {}
-    void Display(const msg_StringBase&) override {}
-    bool Interrupted() override { return false; }
-    void CommandDone() override {}
-    void InterruptedThrow() override {}
 
     std::vector<std::string> texts;
 
@@ -189,7 +177,7 @@ TEST_F(yld_PartTest, elementsAreCheckedBeforeAnyIsAdded)
     EXPECT_EQ(part.part().mesh().elementData().numClasses(), 1);
     // An unknown type may have any width.
     part.addElements(ints({5}), rows<int>({{1, 2, 3, 4, 5}}), "USER5");
-    EXPECT_EQ(part.elements(2).type(), "USER5");
+    EXPECT_EQ(part.getElementFromLabel(5).type(), "USER5");
 }
 
 TEST_F(yld_PartTest, countOfElementsStaysStaleUntilTheNextWholeSequence)

@@ -1,0 +1,255 @@
+#include "yld_Assembly.h"
+
+#include "model_files.h"
+
+namespace {
+
+// Two instances of two hexahedra each.
+class yld_AssemblyTest : public ::testing::Test
+{
+protected:
+    yld_AssemblyTest()
+    {
+        yld_Part& part = model.parts->Part("P", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
+        addTwoHexes(part);
+        assembly().Instance("P-1", part);
+        assembly().Instance("P-2", part, rows<float>({{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {0, 0, 9}}));
+    }
+    yld_Assembly& assembly() { return *model.assembly; }
+
+    ModelFile model;
+};
+
+} // namespace
+
+TEST_F(yld_AssemblyTest, nameCanChange)
+{
+    EXPECT_EQ(assembly().name(), "Assembly");
+    EXPECT_EQ(assembly().embeddedSpace(), yld_Enum::THREE_D);
+    EXPECT_EQ(assembly().type(), yld_Enum::DEFORMABLE_BODY);
+    assembly().setName("Whole");
+    EXPECT_EQ(assembly().name(), "Whole");
+    model.reopen();
+    EXPECT_EQ(assembly().name(), "Whole");
+    EXPECT_EQ(assembly().assembly().name(), "Whole");
+}
+
+TEST_F(yld_AssemblyTest, emptyAssembly)
+{
+    yld_Assembly none;
+    EXPECT_EQ(none.instances().size(), 0);
+    EXPECT_EQ(none.nodes().size(), 0);
+    EXPECT_EQ(none.nodeSets().size(), 0);
+    none.ReadMesh();
+    none.ReadSets(true);
+}
+
+TEST_F(yld_AssemblyTest, takenInstanceNameIsRefusedBeforeTheStoreIsTouched)
+{
+    const int before = model.model.model()->m_nextMeshIndex;
+    EXPECT_EQ(raised([&] { assembly().Instance("P-1", model.part("P")); }),
+              "A part instance named \"P-1\" already exists.");
+    EXPECT_EQ(model.model.model()->m_nextMeshIndex, before);
+    EXPECT_EQ(model.model.rootAssembly().numInstances(), 2);
+    model.reopen();
+    EXPECT_EQ(vec(assembly().instances().keys()), (std::vector<std::string>{"P-1", "P-2"}));
+    const yld_Assembly& constant = assembly();
+    EXPECT_EQ(constant.instances().size(), 2);
+    EXPECT_EQ(assembly().instance().size(), 2);
+}
+
+TEST_F(yld_AssemblyTest, instancesAreReadOnFirstUse)
+{
+    yld_Assembly fresh("Assembly", model.model.rootAssembly(), model.model);
+    EXPECT_EQ(fresh.instance().size(), 0);
+    EXPECT_EQ(fresh.instances().size(), 2);
+    EXPECT_EQ(fresh.instance().size(), 2);
+}
+
+TEST_F(yld_AssemblyTest, nodeSetOverTwoInstances)
+{
+    yld_Set& set = assembly().NodeSet("A", names({"P-2", "P-1"}), {[] {
+        yld_Sequence<yld_Sequence<int>> groups;
+        groups.append(ints({12, 1}));
+        groups.append(ints({5}));
+        return groups;
+    }()});
+    const auto check = [](const yld_Set& read) {
+        EXPECT_EQ(read.size(), 3);
+        EXPECT_EQ(vec(read.instanceNames()), (std::vector<std::string>{"P-2", "P-1"}));
+        EXPECT_EQ(labelsOf(read.nodes()), (std::vector<int>{12, 1}));
+        EXPECT_EQ(labelsOf(read.nodes("P-1")), (std::vector<int>{5}));
+        EXPECT_EQ(read.nodes("P-2")[0].coordinate(2), 10.0f); // (2,0,1) moved by 9
+        EXPECT_EQ(raised([&] { read.nodes("P-3"); }), "Instance 'P-3 is not a member of the set 'A'");
+        EXPECT_EQ(raised([&] { read.nodes(""); }), "Instance ' is not a member of the set 'A'");
+        EXPECT_EQ(raised([&] { read.faces(); }),
+                  "Faces must be retrieved using the instance name for assembly sets.");
+    };
+    check(set);
+    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({}), {}); }), "Duplicate set or surface name A");
+    model.reopen();
+    check(assembly().nodeSets().get("A"));
+}
+
+TEST_F(yld_AssemblyTest, elementSetOverTwoInstances)
+{
+    yld_Sequence<yld_Sequence<int>> groups;
+    groups.append(ints({2}));
+    groups.append(ints({2, 1}));
+    groups.append(ints({1}));
+    assembly().ElementSet("A", names({"P-1", "P-2", "P-1"}), groups);
+    model.reopen();
+    const yld_Set& read = assembly().elementSets().get("A");
+    EXPECT_EQ(vec(read.instanceNames()), (std::vector<std::string>{"P-1", "P-2"}));
+    EXPECT_EQ(labelsOf(read.elements("P-1")), (std::vector<int>{2, 1}));
+    EXPECT_EQ(labelsOf(read.elements("P-2")), (std::vector<int>{2, 1}));
+    EXPECT_EQ(vec(read.elements("P-2")[0].instanceNames()), std::vector<std::string>(8, "P-2"));
+    EXPECT_EQ(raised([&] { read.nodes(); }), "This set does not contain nodes.");
+}
+
+TEST_F(yld_AssemblyTest, surfaceOverTwoInstances)
+{
+    yld_Sequence<yld_Sequence<int>> groups;
+    groups.append(ints({1, 2}));
+    groups.append(ints({2}));
+    yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>> sides;
+    sides.append(faces({yld_Enum::FACE1, yld_Enum::FACE2}));
+    sides.append(faces({yld_Enum::FACE6}));
+    assembly().Surface("S", names({"P-1", "P-2"}), groups, sides);
+    EXPECT_EQ(raised([&] { assembly().Surface("S", names({"P-1", "P-2"}), groups, sides); }),
+              "Duplicate set or surface name S");
+    EXPECT_EQ(raised([&] { assembly().Surface("T", names({"P-1", "P-9"}), groups, sides); }),
+              "Key \"P-9\" not found in repository");
+    EXPECT_EQ(raised([&] { assembly().Surface("T", names({"P-1", ""}), groups, sides); }),
+              "Key \"\" not found in repository");
+    model.reopen();
+    const yld_Set& read = assembly().surfaces().get("S");
+    EXPECT_EQ(raised([&] { read.faces(); }), "Faces must be retrieved using the instance name for assembly sets.");
+    EXPECT_EQ(vec(read.faces("P-1")), (std::vector<int>{11, 12}));
+    EXPECT_EQ(vec(read.faces("P-2")), (std::vector<int>{16}));
+    EXPECT_EQ(labelsOf(read.elements("P-2")), (std::vector<int>{2}));
+}
+
+TEST_F(yld_AssemblyTest, groupsAreTestedOneByOneAndNothingIsWritten)
+{
+    const yld_Sequence<yld_Sequence<int>> one = rows<int>({{1}});
+    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({"Q"}), one); }),
+              "The nodes associated with entity named 'Q' cannot be used to construct a set.");
+    EXPECT_EQ(raised([&] { assembly().ElementSet("A", names({"Q"}), one); }),
+              "The elements associated with entity named 'Q' cannot be used to construct a set.");
+    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({""}), one); }),
+              "No part instance name was specified for a group of nodes, but the assembly does not have a mesh.");
+    EXPECT_EQ(raised([&] { assembly().ElementSet("A", names({""}), one); }),
+              "No part instance name was specified for a group of elements, but the assembly does not have a mesh.");
+    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {2, 99}})); }),
+              "Invalid node label 99 for instance P-2");
+    EXPECT_EQ(raised([&] { assembly().ElementSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {3}})); }),
+              "Invalid element label 3 for instance P-2");
+    // The first group that is wrong tells.
+    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({"P-1", "Q"}), rows<int>({{77}, {1}})); }),
+              "Invalid node label 77 for instance P-1");
+    assembly().addNodes(ints({5}), rows<float>({{0, 0, 0}}));
+    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({""}), rows<int>({{5, 6}})); }),
+              "Invalid node label 6 for the assembly.");
+    EXPECT_EQ(raised([&] { assembly().ElementSet("A", names({""}), rows<int>({{7}})); }),
+              "Invalid element label 7 for the assembly.");
+    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({"P-1"}), rows<int>({{1}, {2}})); }),
+              "Number of instance names and groups of labels does not match.");
+    EXPECT_EQ(assembly().nodeSets().size(), 0);
+    EXPECT_EQ(model.model.rootAssembly().set().length(), 0);
+}
+
+TEST_F(yld_AssemblyTest, nodesOfItsOwn)
+{
+    EXPECT_EQ(raised([&] { assembly().addNodes(yld_Sequence<int>(), {}); }), "No node labels provided.");
+    EXPECT_EQ(raised([&] { assembly().addNodes(ints({1}), rows<float>({{1, 2}})); }),
+              "Node location specification does not correspond to part dimension. 3 floats expected; 2 floats "
+              "received.");
+    EXPECT_EQ(raised([&] { assembly().addNodes(ints({1}), {}); }),
+              "Number of node labels and coordinates does not match.");
+    EXPECT_FALSE(model.model.rootAssembly().hasMesh());
+    assembly().addNodes(ints({100, 50}), rows<float>({{1, 2, 3}, {4, 5, 6}}), "ends");
+    EXPECT_EQ(assembly().nodes().size(), 2);
+    EXPECT_EQ(assembly().nodes().instanceName(), "rootAssembly");
+    EXPECT_EQ(labelsOf(assembly().nodeSets().get("ends").nodes()), (std::vector<int>{100, 50}));
+    // Made with the set, the mesh stands in it without a name; read, under its own.
+    EXPECT_EQ(vec(assembly().nodeSets().get("ends").instanceNames()), (std::vector<std::string>{""}));
+    model.reopen();
+    EXPECT_EQ(assembly().nodes()[1].coordinate(2), 6.0f);
+    EXPECT_EQ(vec(assembly().nodeSets().get("ends").instanceNames()), (std::vector<std::string>{"rootAssembly"}));
+    EXPECT_EQ(labelsOf(assembly().nodeSets().get("ends").nodes("rootAssembly")), (std::vector<int>{100, 50}));
+    assembly().addNodes(ints({60}), rows<float>({{7, 8, 9}}), "ends");
+    EXPECT_EQ(labelsOf(assembly().nodeSets().get("ends").nodes()), (std::vector<int>{100, 50, 60}));
+}
+
+TEST_F(yld_AssemblyTest, setOverTheAssemblyAndAnInstance)
+{
+    assembly().addNodes(ints({100}), rows<float>({{1, 2, 3}}));
+    yld_Set& set = assembly().NodeSet("A", names({"P-2", ""}), rows<int>({{3}, {100}}));
+    EXPECT_EQ(vec(set.instanceNames()), (std::vector<std::string>{"P-2", ""}));
+    EXPECT_EQ(labelsOf(set.nodes("")), (std::vector<int>{100}));
+    model.reopen();
+    const yld_Set& read = assembly().nodeSets().get("A");
+    EXPECT_EQ(labelsOf(read.nodes("rootAssembly")), (std::vector<int>{100}));
+    EXPECT_EQ(labelsOf(read.nodes("P-2")), (std::vector<int>{3}));
+}
+
+TEST_F(yld_AssemblyTest, setThatIsOlderThanTheMeshCanBeJoined)
+{
+    assembly().NodeSet("A", names({"P-1"}), rows<int>({{1}}));
+    assembly().addNodes(ints({100}), rows<float>({{1, 2, 3}}), "A");
+    const yld_Set& set = assembly().nodeSets().get("A");
+    EXPECT_EQ(set.size(), 2);
+    EXPECT_EQ(labelsOf(set.nodes("P-1")), (std::vector<int>{1}));
+    EXPECT_EQ(labelsOf(set.nodes("")), (std::vector<int>{100}));
+}
+
+TEST_F(yld_AssemblyTest, elementsBetweenItsOwnNodes)
+{
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), "TRUSS2"); }),
+              "Addition of elements of type \"TRUSS2\" is not permitted at the assembly level.");
+    EXPECT_EQ(raised([&] { assembly().addElements(yld_Sequence<int>(), {}, "CONN3D2"); }),
+              "No element labels provided.");
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1, 2}), rows<int>({{1, 2}}), "CONN3D2"); }),
+              "Connectivity array must be provided for all elements. ");
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2, 3}}), "CONN3D2"); }),
+              "elements of type \"CONN3D2\" require \"2\" nodes in their connectivity data.\n");
+    EXPECT_EQ(raisedText([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), "CONN3D2"); }),
+              "Element nodes do not exist at the assembly level.");
+    assembly().addNodes(ints({100, 50}), rows<float>({{1, 2, 3}, {4, 5, 6}}));
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{100, 51}}), "CONN3D2"); }),
+              "Node number \"51\" does not exist in the rootAssembly.\n");
+    assembly().addElements(ints({1, 2}), rows<int>({{100, 50}, {50}}), "CONN3D2", "links",
+                           yld_SectionCategory("c", "left out"));
+    model.reopen();
+    ASSERT_EQ(assembly().elements().size(), 2);
+    EXPECT_EQ(vec(assembly().elements(0).connectivity()), (std::vector<int>{100, 50}));
+    EXPECT_EQ(vec(assembly().elements(1).connectivity()), (std::vector<int>{50, 50}));
+    EXPECT_EQ(vec(assembly().elements(1).instanceNames()), (std::vector<std::string>{"", ""}));
+    EXPECT_EQ(assembly().elements(0).sectionCategory().name(), "");
+    EXPECT_EQ(labelsOf(assembly().elementSets().get("links").elements()), (std::vector<int>{1, 2}));
+}
+
+TEST_F(yld_AssemblyTest, internalSets)
+{
+    assembly().NodeSet("hidden", names({"P-1"}), rows<int>({{1}}), true);
+    assembly().NodeSet("open", names({"P-1"}), rows<int>({{3, 2}}), false, true);
+    model.reopen();
+    EXPECT_EQ(vec(assembly().nodeSets().keys()), (std::vector<std::string>{"open"}));
+    EXPECT_TRUE(assembly().nodeSets().get("open").isUnsorted());
+    assembly().ReadSets(true);
+    EXPECT_EQ(assembly().nodeSets().size(), 2);
+    EXPECT_TRUE(assembly().nodeSets().get("hidden").isInternal());
+}
+
+TEST_F(yld_AssemblyTest, setLabelsOfTheStoredAssemblyCanBeReplaced)
+{
+    assembly().NodeSet("A", names({"P-1"}), rows<int>({{1}}));
+    sto_Assembly stored = assembly().assembly();
+    stored.modifyNodeSetLabels("A", {{"P-2", {4, 5}}}, false, false);
+    yld_Set& set = assembly().nodeSets().get("A");
+    set.clearMembers();
+    EXPECT_EQ(labelsOf(set.nodes("P-2")), (std::vector<int>{4, 5}));
+    EXPECT_EQ(raisedText([&] { stored.modifyElementSetLabels("A", {}, false); }), "Set \"A\" does not exist.");
+    EXPECT_EQ(raisedText([&] { stored.instance("Q"); }), "There is no part instance named \"Q\".");
+}
