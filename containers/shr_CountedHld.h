@@ -89,8 +89,10 @@ protected:
         ~Keeper() { Destroy(held); }
     };
 
-    /// Deletes the T and frees the counter; what is left holds nothing and may only be overwritten.
-    void Delete()
+    /// Deletes the T and frees the counter; what is left holds nothing and may only be overwritten. Kept out of
+    /// line: the rare path stays out of the way, and the compiler does not take a count that another handle
+    /// shares for one that was freed here.
+    [[gnu::noinline]] void Delete()
     {
         // Both words are cleared before the T goes, whose destructor may come back to this handle.
         T* const held = m_held;

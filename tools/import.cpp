@@ -70,11 +70,11 @@ public:
     {
         std::string left;
         const auto add = [&](std::size_t count, const char* one, const char* many) {
-            if (count == 0) return;
-            left += (left.empty() ? "" : ", ") + std::to_string(count) + " " + (count == 1 ? one : many);
+            if (count != 0)
+                append(left, std::to_string(count).append(" ").append(count == 1 ? one : many), ", ");
         };
         const auto mention = [&](bool isThere, const char* what) {
-            if (isThere) left += (left.empty() ? "" : ", ") + std::string(what);
+            if (isThere) append(left, what, ", ");
         };
         add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
         add(m_reader.variables(exo_NODE_SET).size(), "node set variable", "node set variables");
@@ -94,14 +94,22 @@ public:
         if (!left.empty()) std::fprintf(stderr, "yld: not imported: %s\n", left.c_str());
         std::string notes;
         for (const std::string& note : m_notes)
-            notes += (notes.empty() ? "" : "; ") + note;
+            append(notes, note, "; ");
         if (m_valuesOutOfRange > 0)
-            notes += (notes.empty() ? "" : "; ") + std::to_string(m_valuesOutOfRange) +
-                     " values beyond the range of a float became infinite";
+            append(notes,
+                   std::to_string(m_valuesOutOfRange)
+                       .append(" values beyond the range of a float became infinite"),
+                   "; ");
         if (!notes.empty()) std::fprintf(stderr, "yld: note: %s\n", tool_oneLine(notes).c_str());
     }
 
 private:
+    static void append(std::string& list, const std::string& what, const char* separator)
+    {
+        if (!list.empty()) list += separator;
+        list += what;
+    }
+
     // Null for an empty block, which becomes nothing.
     std::vector<const tool_ElementType*> elementTypes() const
     {
@@ -127,7 +135,7 @@ private:
     {
         std::string unique = name.empty() ? prefix + std::to_string(id) : name;
         if (!given.insert(unique).second) {
-            unique += "_" + std::to_string(id);
+            unique.append("_").append(std::to_string(id));
             while (!given.insert(unique).second)
                 unique += "_";
         }

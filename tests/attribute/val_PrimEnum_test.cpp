@@ -1,8 +1,6 @@
-// Ahead of the strings: the map declares their classes, and a declaration must not follow the definition.
-#include "containers/shr_Map.h"
-
 #include "platform/attribute/val_PrimEnum.h"
 
+#include "containers/shr_Map.h"
 #include "platform/store/pcl_ClassMetadata.h"
 #include "platform/store/pcl_MetadataRegistrar.h"
 #include "platform/store/pcl_Visitor.h"

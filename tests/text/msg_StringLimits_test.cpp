@@ -12,20 +12,22 @@
 
 namespace {
 
-// A zero-terminated text of more than 2^31 characters 'x' that takes next to no memory: the same page again and
-// again, and one page for the end.
+// A zero-terminated text of more than 2^31 characters 'x' that takes next to no memory: the same page again
+// and again, and one page for the end.
 class EndlessText
 {
 public:
     explicit EndlessText(std::size_t length)
         : m_bytes((length / pageSize + 1) * pageSize),
-          m_text(static_cast<char*>(mmap(nullptr, m_bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)))
+          m_text(static_cast<char*>(
+              mmap(nullptr, m_bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)))
     {
         const std::string page(pageSize, 'x');
         const int file = memfd_create("text", 0);
         m_good = m_text != MAP_FAILED && file >= 0 && write(file, page.data(), pageSize) == ssize_t(pageSize);
         for (std::size_t at = 0; m_good && at < m_bytes; at += pageSize) {
-            m_good = mmap(m_text + at, pageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_FIXED, file, 0) != MAP_FAILED;
+            m_good = mmap(m_text + at, pageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_FIXED, file, 0) !=
+                     MAP_FAILED;
         }
         close(file);
         if (m_good) {
@@ -101,14 +103,16 @@ TEST(msg_StringBase, extreme_positions_and_lengths_stay_inside)
     for (const int position : {INT_MIN, INT_MIN + 1, -1, 4, 5, INT_MAX - 1, INT_MAX}) {
         for (const int count : {INT_MIN, -1, 0, 1, INT_MAX - 1, INT_MAX}) {
             const std::string plain("abcd");
-            const std::size_t at = position < 0 ? 0 : std::min<std::size_t>(4, static_cast<std::size_t>(position));
+            const std::size_t at =
+                position < 0 ? 0 : std::min<std::size_t>(4, static_cast<std::size_t>(position));
             const std::size_t n = count < 0 ? 0 : static_cast<std::size_t>(count);
             const msg_StringBase text("abcd");
             EXPECT_EQ(whole(text.substr(position, count)), plain.substr(at, n)) << position << ' ' << count;
             EXPECT_EQ(whole(msg_StringBase(text).erase(position, count)), std::string(plain).erase(at, n));
             EXPECT_EQ(whole(msg_StringBase(text).insert(position, text, position, count)),
                       std::string(plain).insert(at, plain.substr(at, n)));
-            EXPECT_EQ(whole(msg_StringBase(text).replace(position, count, "xy")), std::string(plain).replace(at, n, "xy"));
+            EXPECT_EQ(whole(msg_StringBase(text).replace(position, count, "xy")),
+                      std::string(plain).replace(at, n, "xy"));
             EXPECT_EQ(whole(msg_StringBase(text).replace(position, count, text, position, count)),
                       std::string(plain).replace(at, n, plain.substr(at, n)));
             EXPECT_EQ(whole(msg_StringBase(text).append(text, position, count)), plain + plain.substr(at, n));
@@ -139,7 +143,8 @@ TEST(msg_StringBase, a_zero_inside_is_carried_through_every_edit)
     EXPECT_EQ(whole(text.substr(1, 3)), std::string("b\0d", 3));
     EXPECT_EQ(whole(msg_StringBase(text).reverse()), std::string("fed\0ba", 6));
     EXPECT_EQ(whole(msg_StringBase(text).toUpper()), std::string("AB\0DEF", 6));
-    EXPECT_EQ(whole(msg_StringBase(text).trim("abf")), std::string("\0de", 3)) << "the set of characters cannot name a zero";
+    EXPECT_EQ(whole(msg_StringBase(text).trim("abf")), std::string("\0de", 3))
+        << "the set of characters cannot name a zero";
 }
 
 TEST(msg_StringBase, searching_goes_beyond_a_zero_inside)

@@ -1,5 +1,6 @@
 #include "platform/sto/sto_FieldDescription.h"
 #include "result_model.h"
+#include "yld/impl/yld_FieldAddDataUtils.h"
 
 using yld_FieldOutputTest = ResultModel;
 
@@ -512,4 +513,27 @@ TEST_F(yld_FieldOutputTest, defaultBlockIsEmpty)
     EXPECT_EQ(block.elementClass(), -1);
     EXPECT_EQ(block.meshIndex(), -1);
     EXPECT_FALSE(block.hasDescription());
+}
+
+TEST(yld_RowArray, rowsOfAnyWidths)
+{
+    const yld_RowArray uniform(rows({{1, 2}, {3, 4}, {5, 6}}));
+    EXPECT_TRUE(uniform.isUniform());
+    EXPECT_EQ(uniform.width(2), 2);
+    EXPECT_EQ(uniform.row(2)[1], 6.0F);
+    const yld_RowArray ragged(rows({{1, 2}, {3, 4}, {}, {5, 6, 7}}));
+    EXPECT_FALSE(ragged.isUniform());
+    EXPECT_EQ(ragged.size(), 4);
+    EXPECT_EQ(ragged.width(0), 2);
+    EXPECT_EQ(ragged.width(1), 2);
+    EXPECT_EQ(ragged.row(1)[0], 3.0F);
+    EXPECT_EQ(ragged.width(2), 0);
+    EXPECT_EQ(ragged.width(3), 3);
+    EXPECT_EQ(ragged.row(3)[2], 7.0F);
+    const yld_RowArray lateStart(rows({{}, {1}}));
+    EXPECT_FALSE(lateStart.isUniform());
+    EXPECT_EQ(lateStart.width(0), 0);
+    EXPECT_EQ(lateStart.width(1), 1);
+    EXPECT_EQ(yld_RowArray(rows({})).size(), 0);
+    EXPECT_TRUE(yld_RowArray(rows({{}, {}})).isUniform());
 }

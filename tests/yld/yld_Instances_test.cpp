@@ -16,8 +16,8 @@
 #include <gtest/gtest.h>
 
 // The collections that the interface promises, each with every member: a member that does not compile for its
-// element would otherwise be found by the first client who calls it. (The sequences of numbers, of texts and of
-// those are compiled in the library itself.)
+// element would otherwise be found by the first client who calls it. (The sequences of numbers, of texts and
+// of those are compiled in the library itself.)
 template class yld_Sequence<yld_ElementClass>;
 template class yld_Sequence<yld_FieldOutput>;
 template class yld_Sequence<yld_SectionPoint>;
@@ -46,12 +46,11 @@ class yld_SequenceOf : public testing::Test
 {
 };
 
-using Elements =
-    testing::Types<int, float, double, yld_String, yld_Sequence<int>, yld_Sequence<float>, yld_Sequence<double>,
-                   yld_Sequence<yld_Sequence<float>>, yld_Sequence<yld_Sequence<double>>, yld_ElementClass,
-                   yld_FieldOutput, yld_SectionPoint, yld_SubField, yld_SequenceElement, yld_SequenceNode, yld_Enum::yld_ElementFaceEnum,
-                   yld_Enum::yld_InvariantEnum, yld_Enum::yld_ProductAddOnEnum,
-                   yld_Sequence<yld_Enum::yld_ElementFaceEnum>>;
+using Elements = testing::Types<
+    int, float, double, yld_String, yld_Sequence<int>, yld_Sequence<float>, yld_Sequence<double>,
+    yld_Sequence<yld_Sequence<float>>, yld_Sequence<yld_Sequence<double>>, yld_ElementClass, yld_FieldOutput,
+    yld_SectionPoint, yld_SubField, yld_SequenceElement, yld_SequenceNode, yld_Enum::yld_ElementFaceEnum,
+    yld_Enum::yld_InvariantEnum, yld_Enum::yld_ProductAddOnEnum, yld_Sequence<yld_Enum::yld_ElementFaceEnum>>;
 TYPED_TEST_SUITE(yld_SequenceOf, Elements);
 
 } // namespace
@@ -108,8 +107,8 @@ class yld_RepositoryOf : public testing::Test
 {
 };
 
-using Values = testing::Types<int, yld_FieldOutput, yld_Instance, yld_LoadCase, yld_Part, yld_SectionCategory, yld_Set,
-                              yld_Yld>;
+using Values = testing::Types<int, yld_FieldOutput, yld_Instance, yld_LoadCase, yld_Part, yld_SectionCategory,
+                              yld_Set, yld_Yld>;
 TYPED_TEST_SUITE(yld_RepositoryOf, Values);
 
 } // namespace

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-// Exceptions and enumerators on the whole way: written through a visitor into a file, the file closed, opened again
-// and read by attribute name.
+// Exceptions and enumerators on the whole way: written through a visitor into a file, the file closed, opened
+// again and read by attribute name.
 
 namespace {
 
@@ -168,11 +168,12 @@ void expectEveryRowComesBack(const std::string& path)
 TEST_F(yld_PersistenceTest, exceptions_come_back_from_a_closed_file)
 {
     const std::vector<long long> ids = writeAll<StoredException>(
-        path, {StoredException(yld_Exception("/a/b.yld", 0, 77, 891, false)), StoredException(yld_Exception(6, "100% 'of' \xc3\xa4")),
+        path, {StoredException(yld_Exception("/a/b.yld", 0, 77, 891, false)),
+               StoredException(yld_Exception(6, "100% 'of' \xc3\xa4")),
                StoredException(yld_Exception("f", 7, -3)), StoredException(yld_Exception("", 99, ""))});
     const fio_File file = fio_File::Open(path.c_str(), false, true);
-    const char* const expected[] = {"/a/b.yld|0||77|891|writable", "|6|100% 'of' \xc3\xa4|0|0|read-only", "f|7||-3|0|read-only",
-                                    "|99||0|0|read-only"};
+    const char* const expected[] = {"/a/b.yld|0||77|891|writable", "|6|100% 'of' \xc3\xa4|0|0|read-only",
+                                    "f|7||-3|0|read-only", "|99||0|0|read-only"};
     for (std::size_t i = 0; i < ids.size(); ++i) {
         const auto read = lnk_ShortCut<StoredException>(file.body(), ids[i]).fetch();
         EXPECT_TRUE(read->found);
@@ -187,31 +188,67 @@ TEST_F(yld_PersistenceTest, the_file_knows_the_class_of_the_exception)
     EXPECT_EQ(rowsOf(path, "SELECT * FROM catalogue"), one);
     const std::vector<std::string> attributes = {"m_FileName",      "m_ErrorNo",       "m_ErrMsg",
                                                  "m_VersionNumber", "m_ZantraVersion", "m_ReadOnly"};
-    EXPECT_EQ(rowsOf(path, "SELECT name FROM pragma_table_info('yld_Exception') WHERE name LIKE 'm\\_%' ESCAPE '\\' "
-                           "ORDER BY cid"),
-              attributes);
+    EXPECT_EQ(
+        rowsOf(path,
+               "SELECT name FROM pragma_table_info('yld_Exception') WHERE name LIKE 'm\\_%' ESCAPE '\\' "
+               "ORDER BY cid"),
+        attributes);
 }
 
 TEST_F(yld_PersistenceTest, the_file_keeps_the_text_of_an_enumerator)
 {
-    writeAll<StoredText>(path, {StoredText(val_PrimEnum<yld_Enum::yld_DataTypeEnum>(yld_Enum::QUATERNION_2D))});
+    writeAll<StoredText>(path,
+                         {StoredText(val_PrimEnum<yld_Enum::yld_DataTypeEnum>(yld_Enum::QUATERNION_2D))});
     EXPECT_EQ(rowsOf(path, "SELECT type FROM val_PrimEnum"), std::vector<std::string>{"QUATERNION_2D"});
     EXPECT_EQ(rowsOf(path, "SELECT \"Class Name\", \"Class Id\" FROM catalogue"),
               std::vector<std::string>{"val_PrimEnum|1245211"})
         << "component 19, serial 27";
 }
 
-TEST_F(yld_PersistenceTest, every_analysis_code_comes_back) { expectEveryRowComesBack<yld_Enum::yld_AnalysisCodeEnum>(path); }
-TEST_F(yld_PersistenceTest, every_precision_comes_back) { expectEveryRowComesBack<yld_Enum::yld_PrecisionEnum>(path); }
-TEST_F(yld_PersistenceTest, every_product_comes_back) { expectEveryRowComesBack<yld_Enum::yld_ProductAddOnEnum>(path); }
-TEST_F(yld_PersistenceTest, every_dimension_comes_back) { expectEveryRowComesBack<yld_Enum::yld_DimensionEnum>(path); }
-TEST_F(yld_PersistenceTest, every_part_type_comes_back) { expectEveryRowComesBack<yld_Enum::yld_PartTypeEnum>(path); }
-TEST_F(yld_PersistenceTest, every_domain_comes_back) { expectEveryRowComesBack<yld_Enum::yld_DomainEnum>(path); }
-TEST_F(yld_PersistenceTest, every_data_type_comes_back) { expectEveryRowComesBack<yld_Enum::yld_DataTypeEnum>(path); }
-TEST_F(yld_PersistenceTest, every_data_subtype_comes_back) { expectEveryRowComesBack<yld_Enum::yld_DataSubtypeEnum>(path); }
-TEST_F(yld_PersistenceTest, every_position_comes_back) { expectEveryRowComesBack<yld_Enum::yld_ResultPositionEnum>(path); }
-TEST_F(yld_PersistenceTest, every_invariant_comes_back) { expectEveryRowComesBack<yld_Enum::yld_InvariantEnum>(path); }
-TEST_F(yld_PersistenceTest, every_face_comes_back) { expectEveryRowComesBack<yld_Enum::yld_ElementFaceEnum>(path); }
+TEST_F(yld_PersistenceTest, every_analysis_code_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_AnalysisCodeEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_precision_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_PrecisionEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_product_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_ProductAddOnEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_dimension_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_DimensionEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_part_type_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_PartTypeEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_domain_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_DomainEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_data_type_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_DataTypeEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_data_subtype_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_DataSubtypeEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_position_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_ResultPositionEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_invariant_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_InvariantEnum>(path);
+}
+TEST_F(yld_PersistenceTest, every_face_comes_back)
+{
+    expectEveryRowComesBack<yld_Enum::yld_ElementFaceEnum>(path);
+}
 TEST_F(yld_PersistenceTest, every_category_comes_back)
 {
     expectEveryRowComesBack<yld_AnalysisWarningError::Category>(path);
@@ -226,7 +263,8 @@ TEST_F(yld_PersistenceTest, a_text_of_another_enumeration_is_refused_with_its_me
         lnk_ShortCut<StoredEnum<yld_Enum::yld_PrecisionEnum>>(file.body(), ids[0]).fetch();
         ADD_FAILURE() << "not refused";
     } catch (const val_ValueErrorException& refusal) {
-        EXPECT_STREQ(refusal.what(), "val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: MODAL  Permissible: "
-                                     "SINGLE_PRECISION, DOUBLE_PRECISION");
+        EXPECT_STREQ(refusal.what(),
+                     "val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: MODAL  Permissible: "
+                     "SINGLE_PRECISION, DOUBLE_PRECISION");
     }
 }

@@ -1,8 +1,6 @@
-// Ahead of the strings: the map declares their classes, and a declaration must not follow the definition.
-#include "containers/shr_Map.h"
-
 #include "yld/impl/yld_PrimEnum.h"
 
+#include "containers/shr_Map.h"
 #include "platform/text/val_ValueErrorException.h"
 
 #include <gtest/gtest.h>

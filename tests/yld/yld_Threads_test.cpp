@@ -150,3 +150,27 @@ TEST(yld_ThreadsDeathTest, the_exit_handler_sees_the_token_of_the_interface_alon
         testing::ExitedWithCode(0), testing::Eq(std::string("api 0, token 0")))
         << "a direct start registers no handler";
 }
+
+TEST(yld_ThreadsDeathTest, the_exit_handler_may_run_in_another_thread_than_the_start)
+{
+    EXPECT_EXIT(
+        {
+            std::atexit(showWhatIsUp);
+            std::thread([] { yld_initializeAPI(); }).join();
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), testing::Eq(std::string("api 0, token 0")));
+}
+
+TEST(yld_ThreadsDeathTest, any_thread_may_end_the_process)
+{
+    EXPECT_EXIT(
+        {
+            std::atexit(showWhatIsUp);
+            std::thread([] {
+                yld_initializeAPI();
+                std::exit(0);
+            }).join();
+        },
+        testing::ExitedWithCode(0), testing::Eq(std::string("api 0, token 0")));
+}

@@ -16,25 +16,24 @@
 
 yld_RowArray::yld_RowArray(const yld_Sequence<yld_Sequence<float>>& rows) : m_count(rows.size())
 {
-    bool isUniform = true;
-    std::ptrdiff_t total = 0;
+    // One pass: what a row costs is finding it.
+    int at = 0;
     for (const yld_Sequence<float>& row : rows) {
-        if (total == 0) m_width = row.size();
-        isUniform = isUniform && row.size() == m_width;
-        total += row.size();
-    }
-    // Rows of nothing before the first with something: their widths differ.
-    if (isUniform && static_cast<std::ptrdiff_t>(m_width) * m_count != total) isUniform = false;
-    m_held.reserve(static_cast<std::size_t>(total));
-    if (!isUniform) m_starts.reserve(static_cast<std::size_t>(m_count) + 1);
-    for (const yld_Sequence<float>& row : rows) {
-        if (!isUniform) m_starts.push_back(static_cast<std::ptrdiff_t>(m_held.size()));
-        for (int i = 0, length = 0; i < row.size(); i += length) {
+        const int width = row.size();
+        if (at == 0) {
+            m_width = width;
+            m_held.reserve(static_cast<std::size_t>(m_count) * static_cast<std::size_t>(width));
+        } else if (width != m_width && m_starts.empty()) {
+            for (int i = 0; i < at; ++i) m_starts.push_back(static_cast<std::ptrdiff_t>(i) * m_width);
+        }
+        if (width != m_width || !m_starts.empty()) m_starts.push_back(static_cast<std::ptrdiff_t>(m_held.size()));
+        for (int i = 0, length = 0; i < width; i += length) {
             const float* run = row.run(i, length);
             m_held.insert(m_held.end(), run, run + length);
         }
+        ++at;
     }
-    if (!isUniform) m_starts.push_back(static_cast<std::ptrdiff_t>(m_held.size()));
+    if (!m_starts.empty()) m_starts.push_back(static_cast<std::ptrdiff_t>(m_held.size()));
     m_values = m_held.data();
 }
 

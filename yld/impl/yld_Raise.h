@@ -4,27 +4,26 @@
 #include "platform/text/msg_Format.h"
 #include "yld_Exception.h"
 
-#include <source_location>
-
 /// The format of a message together with the place that raises it: made from the bare text where that is
 /// handed to yld_raise, so that the developer's report names the caller.
 struct yld_RaiseFormat
 {
-    yld_RaiseFormat(const char* text, std::source_location where = std::source_location::current())
-        : format(text), place(where)
+    yld_RaiseFormat(const char* text, const char* callersFile = __builtin_FILE(),
+                    int callersLine = __builtin_LINE())
+        : format(text), file(callersFile), line(callersLine)
     {
     }
 
     const char* format;
-    std::source_location place;
+    const char* file;
+    int line;
 };
 
 /// Raises yld_Exception of the general kind with a finished message.
 template<class... Values>
 [[noreturn]] void yld_raise(const yld_RaiseFormat& message, const Values&... values)
 {
-    yld_Exception(yld_GENERAL, msg_Format(message.format, values...))
-        .Throw(message.place.file_name(), static_cast<int>(message.place.line()));
+    yld_Exception(yld_GENERAL, msg_Format(message.format, values...)).Throw(message.file, message.line);
 }
 
 #endif

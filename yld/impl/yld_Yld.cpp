@@ -144,12 +144,18 @@ void yld_Yld::readModel() const
 
 void yld_Yld::readSteps() const
 {
-    const sto_StepContainer steps = m_sto.ConstGet().result().steps();
-    yld_String previous;
-    for (int i = 0; i < steps.size(); ++i) {
-        const yld_String key(steps.key(i));
-        readStep(key, previous);
-        previous = key;
+    try {
+        const sto_StepContainer steps = m_sto.ConstGet().result().steps();
+        yld_String previous;
+        for (int i = 0; i < steps.size(); ++i) {
+            const yld_String key(steps.key(i));
+            readStep(key, previous);
+            previous = key;
+        }
+    } catch (...) {
+        // A later try begins anew and fails with the same text.
+        m_steps.Get() = yld_StepRepository(m_sto.ConstGet());
+        throw;
     }
 }
 
