@@ -27,4 +27,17 @@ template<class... Values>
         .Throw(message.place.file_name(), static_cast<int>(message.place.line()));
 }
 
+/// Runs an action of the public interface: what the store raises in it leaves as yld_Exception with the same text.
+template<class Action>
+auto yld_guard(Action&& action) -> decltype(action())
+{
+    try {
+        return action();
+    } catch (const yld_Exception&) {
+        throw;
+    } catch (const exc_Exception& failure) {
+        throw yld_Exception(yld_GENERAL, failure.UserReport());
+    }
+}
+
 #endif
