@@ -31,15 +31,24 @@ public:
     pcl_Array<float> m_values;
 };
 
-std::string folder()
+struct OwnFolder
 {
-    static const std::string path = [] {
-        std::string pattern = (std::filesystem::temp_directory_path() / "yld-bench-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) std::abort();
-        std::atexit([] { std::filesystem::remove_all(folder()); });
-        return pattern;
-    }();
-    return path;
+    OwnFolder() : path((std::filesystem::temp_directory_path() / "yld-bench-XXXXXX").string())
+    {
+        if (!mkdtemp(path.data())) std::abort();
+    }
+    ~OwnFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path, ignored);
+    }
+    std::string path;
+};
+
+const std::string& folder()
+{
+    static const OwnFolder made;
+    return made.path;
 }
 
 fio_Buffer filled(std::size_t bytes)

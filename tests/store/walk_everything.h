@@ -38,7 +38,7 @@ private:
         m_waiting.push_back([this, reference] {
             ++m_objects;
             const auto object = reference.fetch();
-            T::attributes(*object, [this](const char*, const auto& member) { look(member); });
+            T::attributes(*object, [walk = this](const char*, const auto& member) { walk->look(member); });
         });
     }
     template<class T> void look(const lnk_ShortCut<T>& reference) { reach(reference); }
