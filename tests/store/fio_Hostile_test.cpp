@@ -106,11 +106,6 @@ protected:
     }
 };
 
-TEST_F(fio_Attack, arrayThatEndsBeyondTheLastNumber)
-{
-    attack({"UPDATE sample_Book SET labels = 9223372036854775807, \"labels.count\" = 2000000"});
-}
-
 TEST_F(fio_Attack, attributeWorkedOutByAnExpressionOfAGigabyte)
 {
     attack(computed("sample_Book", "title", "hex(zeroblob(150000000))"));
