@@ -29,5 +29,7 @@ configure_package_config_file(cmake/yldConfig.cmake.in ${CMAKE_BINARY_DIR}/yldCo
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/yldConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/yldConfig.cmake ${CMAKE_BINARY_DIR}/yldConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/yld)
+# Found from where the file lies, so that an installed tree can be moved.
+file(RELATIVE_PATH YLD_PC_UP /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/yld.pc.in ${CMAKE_BINARY_DIR}/yld.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/yld.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -41,11 +41,25 @@ public:
     /// Nodes of the assembly's own mesh. Raises as yld_Part::addNodes.
     void addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& coordinates,
                   const yld_String& setName = yld_String()) override;
-    /// Elements between nodes of the assembly's own mesh.
+    /// Elements between nodes of the assembly's own mesh: point masses, rigid nodes and connectors.
+    /// Raises "Addition of elements of type "%s" is not permitted at the assembly level.", "Node number "%d" does
+    /// not exist in the rootAssembly.\n", as exc_TextException "Element nodes do not exist at the assembly level.",
+    /// and besides as yld_Part::addElements. The category is taken and not kept.
     void addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
                      const yld_String& type, const yld_String& setName = yld_String(),
                      const yld_SectionCategory& category = yld_SectionCategory(),
                      const yld_ElemCtrlParams& params = yld_ElemCtrlParams()) override;
+    /// The same for elements whose nodes may live in part instances. The assembly's own mesh is made if need be.
+    /// @param instanceNames  one name a node, row by row (two for a connector of one node); the empty name means the
+    ///                       assembly's own mesh
+    /// Raises besides "Instance names must be specified for all nodes in the connectivity array.", "Invalid part name
+    /// provided to addNodes().\n Part Instance "%s" does not exist.", "Node number "%d" does not exist in the part
+    /// instance "%s".\n".
+    void addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
+                     const yld_Sequence<yld_String>& instanceNames, const yld_String& type,
+                     const yld_String& setName = yld_String(),
+                     const yld_SectionCategory& category = yld_SectionCategory(),
+                     const yld_ElemCtrlParams& params = yld_ElemCtrlParams());
 
     void setName(const shr_String& name);
     /// The stored assembly, by a handle of its own.

@@ -135,6 +135,7 @@ public:
 private:
     friend class yld_FieldAddDataUtils;
 
+    bool appendFieldKeys(const yld_Sequence<int>& keys);
     void adoptDescription(const sto_Field& field);
     void widenTensorType(const sto_FieldDescription& description);
     void narrowTensorType();

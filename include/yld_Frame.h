@@ -65,7 +65,9 @@ public:
     const shr_COW<sto_FieldStep>& fieldStep() const { return m_fieldStep; }
 
 private:
+    bool readOne(const yld_String& name) const;
     bool readAll() const;
+    yld_Sequence<yld_String> readNames() const;
     shr_ArrayCOW<sto_Assembly> assemblyOf(const sto_FieldDescription& description) const;
 
     shr_COW<sto_FieldFrame> m_fieldFrame;

@@ -73,11 +73,6 @@ tool_TargetFile::tool_TargetFile(const std::string& target, const std::string& s
     std::string stem = ".";
     stem.append(path.stem().string()).append(".").append(std::to_string(::getpid()));
     m_path = (folder / (stem + ".yld")).string();
-    const int file = ::open(m_path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666);
-    if (file < 0) throw tool_Failure("cannot write: " + target + ": " + reason(errno));
-    ::close(file);
-    ::unlink(m_path.c_str());
-
     remember(0, m_path);
     remember(1, m_path + "-journal");
     remember(2, (folder / (stem + ".lck")).string());
@@ -91,6 +86,15 @@ tool_TargetFile::tool_TargetFile(const std::string& target, const std::string& s
         if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
             ::sigaction(signal, &action, nullptr);
     }
+
+    // Tried now: the reason is clearer here than after the work.
+    const int file = ::open(m_path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666);
+    if (file < 0) {
+        isWriting = false;
+        throw tool_Failure("cannot write: " + target + ": " + reason(errno));
+    }
+    ::close(file);
+    ::unlink(m_path.c_str());
 }
 
 tool_TargetFile::~tool_TargetFile()

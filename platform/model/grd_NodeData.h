@@ -4,6 +4,8 @@
 #include "platform/model/grd_LabelList.h"
 #include "platform/store/pcl_Persistent.h"
 
+#include <unordered_map>
+
 /// The nodes of a mesh: labels and coordinates. A part and its instances share one.
 ///
 /// The mesh of an assembly can besides refer to nodes of part instances. Such foreign nodes have indices of their
@@ -29,6 +31,9 @@ public:
     /// The position of the first label of a list that does not exist, or the list's length when all exist.
     int CheckUserNodeLabels(const int* labels, int count) const { return m_labels.findAll(labels, count, nullptr); }
     int numForeignNodes() const { return static_cast<int>(m_foreignNodes.size() / 3); }
+    /// The index of a foreign node; it is appended if need be.
+    /// @param node, label  its index and label in the instance
+    int foreignNode(const std::string& instance, int node, int label);
     /// Raises when the parts of the row do not fit each other.
     void verify(const std::string& path) const;
 
@@ -37,6 +42,15 @@ public:
     pcl_Array<float> m_coordinates; ///< m_dimension numbers a node
     std::vector<std::string> m_foreignInstances;
     pcl_Array<int> m_foreignNodes;  ///< triples: place in m_foreignInstances, index of the node there, its label
+
+private:
+    // Places of foreign nodes by instance and node, as far as they have been entered; shared by copies.
+    struct ForeignIndex
+    {
+        std::unordered_map<long long, int> places;
+        int entered = 0;
+    };
+    std::shared_ptr<ForeignIndex> m_foreignIndex;
 };
 
 #endif

@@ -90,10 +90,22 @@ void sto_Assembly::addNodes(const int* labels, const float* coordinates, int cou
     joined.shortCut().replace(changed);
 }
 
-void sto_Assembly::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params,
-                               bool indices)
+void sto_Assembly::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params)
 {
-    mesh().addElements(arg, std::string(), params, indices);
+    mesh().addElements(arg, std::string(), params);
+    joinElements(arg, setName);
+}
+
+void sto_Assembly::addElements(const sto_ElementArg& arg, const std::vector<sto_ScopedNode>& nodes,
+                               const std::vector<std::string>& names, const std::string& setName,
+                               const sto_ElemCtrlParams* params)
+{
+    Mesh().addElements(arg, nodes, names, params);
+    joinElements(arg, setName);
+}
+
+void sto_Assembly::joinElements(const sto_ElementArg& arg, const std::string& setName)
+{
     if (setName.empty()) return;
     const sto_Set joined = set().find(setC_Set::elementSet, setName);
     if (!joined.isValid()) {

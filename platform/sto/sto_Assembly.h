@@ -45,8 +45,11 @@ public:
     /// Makes the mesh if need be, and appends nodes to it, see sto_Mesh. The set is one of the assembly.
     void addNodes(const int* labels, const float* coordinates, int count, const std::string& setName);
     /// The same for elements; the mesh must be there.
-    void addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params,
-                     bool indices);
+    void addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params);
+    /// The same for elements whose nodes may live in instances; the mesh is made if need be.
+    void addElements(const sto_ElementArg& arg, const std::vector<sto_ScopedNode>& nodes,
+                     const std::vector<std::string>& names, const std::string& setName,
+                     const sto_ElemCtrlParams* params);
 
     int numInstances() const { return m_reference.fetch()->m_instances.size(); }
     std::string instanceName(int index) const { return m_reference.fetch()->m_instances.key(index); }
@@ -76,6 +79,7 @@ public:
 
 private:
     sto_Mesh meshOf(const std::string& instanceName) const;
+    void joinElements(const sto_ElementArg& arg, const std::string& setName);
 
     lnk_ShortCut<mshK_Assembly> m_reference;
     lnk_ShortCut<mshK_Model> m_model;

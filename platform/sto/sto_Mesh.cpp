@@ -177,8 +177,7 @@ void sto_Mesh::addNodes(const int* labels, const float* coordinates, int count, 
     joined.shortCut().replace(set);
 }
 
-void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params,
-                           bool indices)
+void sto_Mesh::checkNewElements(const sto_ElementArg& arg) const
 {
     if (arg.nodesPerElement > grd_ElementClass::maxNodes) {
         throw exc_TextException(msg_Format("An element can have %d nodes at most; %d were given.",
@@ -198,7 +197,12 @@ void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName
     if (elements.numElements() > std::numeric_limits<int>::max() - arg.numElements) {
         throw exc_TextException("A mesh cannot have so many elements.");
     }
+}
 
+// Only the nodes are still to be checked.
+void sto_Mesh::appendChecked(const sto_ElementArg& arg, const sto_ElemCtrlParams* params, bool areIndices)
+{
+    const std::shared_ptr<const mshK_Mesh> body = mesh();
     mrp_Container<grd_ElementClass> classes = body->m_classes;
     const std::string key = classKey(arg);
     lnk_ShortCut<grd_ElementClass> reference = classes.get(key);
@@ -219,7 +223,7 @@ void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName
     int last = -1;
     for (long long i = 0; i < numbers; ++i) {
         const int node = arg.connectivity[i];
-        if (indices) {
+        if (areIndices) {
             connectivity[i] = node;
             continue;
         }
@@ -242,7 +246,35 @@ void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName
     } else {
         reference.replace(into);
     }
+}
 
+void sto_Mesh::addElements(const sto_ElementArg& arg, const std::vector<sto_ScopedNode>& nodes,
+                           const std::vector<std::string>& names, const sto_ElemCtrlParams* params)
+{
+    checkNewElements(arg);
+    const lnk_ShortCut<grd_NodeData> reference = mesh()->m_nodeData;
+    const std::shared_ptr<grd_NodeData> data = reference.fetchWritable();
+    std::vector<int> indices;
+    indices.reserve(nodes.size());
+    bool isForeign = false;
+    for (const sto_ScopedNode& node : nodes) {
+        if (node.instance < 0) {
+            indices.push_back(node.index);
+            continue;
+        }
+        isForeign = true;
+        indices.push_back(data->foreignNode(names[static_cast<std::size_t>(node.instance)], node.index, node.label));
+    }
+    if (isForeign) reference.replace(data);
+    sto_ElementArg resolved = arg;
+    resolved.connectivity = indices.data();
+    appendChecked(resolved, params, true);
+}
+
+void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params)
+{
+    checkNewElements(arg);
+    appendChecked(arg, params, false);
     if (setName.empty()) return;
     const sto_Set joined = elset(setName);
     if (!joined.isValid()) {

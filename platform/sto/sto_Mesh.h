@@ -21,6 +21,14 @@ struct sto_ElementArg
     std::vector<std::string> sectionPoints; ///< by number less one
 };
 
+/// A node of an element in the assembly's own mesh.
+struct sto_ScopedNode
+{
+    int instance = -1; ///< which of the given names; -1 for a node of the mesh itself
+    int index = 0;     ///< in the mesh that it lives in
+    int label = 0;
+};
+
 /// Tells the nodes of an assembly's own mesh from those that it refers to in part instances.
 class sto_ScopedNodeData
 {
@@ -79,9 +87,12 @@ public:
     /// given twice or present, more nodes than an element can have, and nodes that are not there; the mesh is then as
     /// it was.
     /// @param params   element controls for the class; null for none
-    /// @param indices  the connectivity holds mesh node indices, not labels
-    void addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params,
-                     bool indices = false);
+    void addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params);
+    /// The same for elements between nodes that may live in instances; these become foreign nodes of this mesh.
+    /// @param nodes  in the place of the connectivity
+    /// @param names  of the instances
+    void addElements(const sto_ElementArg& arg, const std::vector<sto_ScopedNode>& nodes,
+                     const std::vector<std::string>& names, const sto_ElemCtrlParams* params);
 
     /// Make a set of this mesh. Members keep the order given and may repeat; labels must exist, a surface leaves out
     /// those that do not. A name that a set of the same type has is refused.
@@ -109,6 +120,9 @@ public:
     const lnk_ShortCut<mshK_Mesh>& shortCut() const { return m_reference; }
 
 private:
+    void checkNewElements(const sto_ElementArg& arg) const;
+    void appendChecked(const sto_ElementArg& arg, const sto_ElemCtrlParams* params, bool areIndices);
+
     lnk_ShortCut<mshK_Mesh> m_reference;
 };
 

@@ -4,7 +4,7 @@
 #include "platform/text/shr_String.h"
 
 /// Texts of messages in the user's language, by their original text.
-class YLD_API msg_Catalogue
+class msg_Catalogue
 {
 public:
     virtual ~msg_Catalogue();
@@ -14,7 +14,7 @@ public:
 
 /// Installs the catalogue of the whole process; null takes it away. It is borrowed until it is replaced.
 /// @return the one that was installed before, or null
-YLD_API const msg_Catalogue* msg_installCatalogue(const msg_Catalogue* catalogue);
+const msg_Catalogue* msg_installCatalogue(const msg_Catalogue* catalogue);
 
 /// One message in the making: the format is looked up in the catalogue and kept as it is if that has none,
 /// then values go into its placeholders.
@@ -22,7 +22,7 @@ YLD_API const msg_Catalogue* msg_installCatalogue(const msg_Catalogue* catalogue
 /// `%s` and `%d` stand for the values in their order, `%1$s`, `%2$d` and so on for the value of that number,
 /// so that a translation can reorder them; `%%` is a per cent sign. A placeholder without a value, and a per
 /// cent sign before anything else, stay as they are. Values are not searched for placeholders.
-class YLD_API msg_translate
+class msg_translate
 {
 public:
     explicit msg_translate(const char* format);

@@ -4,7 +4,7 @@
 #include "platform/text/exc_Exception.h"
 
 /// A value of a command that is not allowed.
-class YLD_API val_ValueErrorException : public exc_CommandException
+class val_ValueErrorException : public exc_CommandException
 {
 public:
     explicit val_ValueErrorException(const msg_StringBase& text);

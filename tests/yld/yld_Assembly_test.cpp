@@ -253,3 +253,66 @@ TEST_F(yld_AssemblyTest, setLabelsOfTheStoredAssemblyCanBeReplaced)
     EXPECT_EQ(raisedText([&] { stored.modifyElementSetLabels("A", {}, false); }), "Set \"A\" does not exist.");
     EXPECT_EQ(raisedText([&] { stored.instance("Q"); }), "There is no part instance named \"Q\".");
 }
+
+TEST_F(yld_AssemblyTest, connectorBetweenTwoInstancesMakesTheMesh)
+{
+    assembly().addElements(ints({1, 2}), rows<int>({{5, 1}, {1, 12}}), names({"P-1", "P-2", "P-2", "P-1"}), "CONN3D2",
+                           "links");
+    const auto check = [](yld_Assembly& read) {
+        ASSERT_EQ(read.elements().size(), 2);
+        EXPECT_EQ(read.nodes().size(), 0);
+        EXPECT_EQ(vec(read.elements(0).connectivity()), (std::vector<int>{5, 1}));
+        EXPECT_EQ(vec(read.elements(0).instanceNames()), (std::vector<std::string>{"P-1", "P-2"}));
+        EXPECT_EQ(vec(read.getElementFromLabel(2).connectivity()), (std::vector<int>{1, 12}));
+        EXPECT_EQ(vec(read.getElementFromLabel(2).instanceNames()), (std::vector<std::string>{"P-2", "P-1"}));
+        EXPECT_EQ(labelsOf(read.elementSets().get("links").elements()), (std::vector<int>{1, 2}));
+        const sto_NodeData nodes = read.assembly().mesh().nodeData();
+        // Node 1 of P-2 stands in both elements and is kept once.
+        EXPECT_EQ(nodes.data()->numForeignNodes(), 3);
+        EXPECT_EQ(nodes.GetUserNodeLabel(grd_NodeData::firstForeignNode + 2), 12);
+        EXPECT_EQ(sto_ScopedNodeData(nodes).getInstanceNode(grd_NodeData::firstForeignNode + 2), 11);
+        EXPECT_EQ(raisedText([&] { nodes.GetUserNodeLabel(grd_NodeData::firstForeignNode + 3); }),
+                  "Node index out of range.");
+        EXPECT_EQ(raisedText([&] { nodes.GetUserNodeLabel(0); }), "Node index out of range.");
+    };
+    check(assembly());
+    model.reopen();
+    check(assembly());
+    // A node known from before is found again, also after reopening.
+    assembly().addElements(ints({3}), rows<int>({{12, 1}}), names({"P-1", "P-2"}), "CONN3D2");
+    EXPECT_EQ(assembly().assembly().mesh().nodeData().data()->numForeignNodes(), 3);
+}
+
+TEST_F(yld_AssemblyTest, nodesOfTheAssemblyAndOfInstancesInOneElement)
+{
+    assembly().addNodes(ints({5}), rows<float>({{1, 2, 3}}));
+    assembly().addElements(ints({1, 2}), rows<int>({{5, 5}, {5}}), names({"", "P-1", "P-2", "P-2"}), "CONN3D2");
+    assembly().addNodes(ints({6}), rows<float>({{4, 5, 6}}));
+    assembly().addElements(ints({3}), rows<int>({{6, 5}}), names({"", "P-1"}), "CONN3D2");
+    model.reopen();
+    EXPECT_EQ(vec(assembly().elements(0).instanceNames()), (std::vector<std::string>{"", "P-1"}));
+    EXPECT_EQ(vec(assembly().elements(1).connectivity()), (std::vector<int>{5, 5}));
+    EXPECT_EQ(vec(assembly().elements(1).instanceNames()), (std::vector<std::string>{"P-2", "P-2"}));
+    EXPECT_EQ(vec(assembly().elements(2).connectivity()), (std::vector<int>{6, 5}));
+    EXPECT_EQ(assembly().nodes().size(), 2);
+    EXPECT_EQ(assembly().nodes(1).label(), 6);
+}
+
+TEST_F(yld_AssemblyTest, elementsBetweenInstancesAreCheckedBeforeAnythingIsWritten)
+{
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", "P-2"}), "HEX8"); }),
+              "Addition of elements of type \"HEX8\" is not permitted at the assembly level.");
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1"}), "CONN3D2"); }),
+              "Instance names must be specified for all nodes in the connectivity array.");
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", "Q"}), "CONN3D2"); }),
+              "Invalid part name provided to addNodes().\n Part Instance \"Q\" does not exist.");
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 99}}), names({"P-1", "P-2"}), "CONN3D2"); }),
+              "Node number \"99\" does not exist in the part instance \"P-2\".\n");
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", ""}), "CONN3D2"); }),
+              "Node number \"2\" does not exist in the rootAssembly.\n");
+    EXPECT_FALSE(assembly().assembly().hasMesh());
+    assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", "P-2"}), "CONN3D2");
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{7, 8}}), names({"P-1", "P-2"}), "CONN3D2"); }),
+              "Element label 1 exists already.");
+    EXPECT_EQ(assembly().assembly().mesh().nodeData().data()->numForeignNodes(), 2);
+}

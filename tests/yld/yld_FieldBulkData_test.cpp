@@ -390,3 +390,92 @@ TEST_F(yld_SequenceFieldValueTest, valuesOnFacesCarryTheFace)
     // Only face integration points have numbers of their own here.
     EXPECT_EQ(bulk.integrationPoints(), nullptr);
 }
+
+TEST_F(yld_SequenceFieldValueTest, facesOfAWedgeDifferInTheirPoints)
+{
+    yld_Part& part = m_yld->Part("wedge", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
+    part.addNodes(ints({1, 2, 3, 4, 5, 6}),
+                  rows({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}, {0, 1, 1}}));
+    part.addElements(ints({11}), connectivity({{1, 2, 3, 4, 5, 6}}), "WEDGE6");
+    sto_PartInstance on = m_yld->rootAssembly().Instance("wedge-1", part).instance();
+    yld_Frame frame = step().Frame(1, 1.0);
+    int key = 0;
+    const auto write = [&](const char* name, std::vector<int> facets, int length) {
+        sto_SurfaceSubset faces;
+        faces.labels = std::vector<int>(facets.size(), 11);
+        faces.facets = std::move(facets);
+        const sto_Set surface = on.Surface(name, {faces}, true);
+        fld_FieldDescription description =
+            describe(name, fld_DataTypeEnm::SCALAR, fld_OutputPositionEnm::ELEMENT_FACE_INTEGRATION_POINT, length);
+        description.m_instance = on.shortCut();
+        description.m_set = surface.shortCut();
+        description.m_classIndex = surface.subSet(0).classIndex();
+        std::vector<float> values;
+        for (int i = 0; i < length; ++i) values.push_back(static_cast<float>(i));
+        writeBlock(frame, description, key++, values);
+    };
+    // Four points on a quadrilateral, one on a triangle.
+    write("mixed", {3, 0, 4}, 6);
+    write("even", {1, 2}, 8);
+    write("wrong", {3, 0}, 6);
+    reopen();
+
+    const yld_SequenceFieldBulkData kept = field("mixed").bulkDataBlocks();
+    EXPECT_EQ(listed(kept[0].elementLabels(), 6), "11 11 11 11 11 11 ");
+    EXPECT_EQ(listed(kept[0].integrationPoints(), 6), "1 1 2 3 4 1 ");
+    EXPECT_EQ(kept[0].faces()[0], yld_Enum::FACE4);
+    EXPECT_EQ(kept[0].faces()[4], yld_Enum::FACE1);
+    EXPECT_EQ(kept[0].faces()[5], yld_Enum::FACE5);
+    EXPECT_EQ(field("mixed").values(4).integrationPoint(), 4);
+    EXPECT_EQ(field("mixed").values(4).face(), yld_Enum::FACE1);
+    EXPECT_EQ(field("mixed").values(5).integrationPoint(), 1);
+
+    const yld_SequenceFieldBulkData even = field("even").bulkDataBlocks();
+    EXPECT_EQ(listed(even[0].integrationPoints(), 8), "1 2 3 4 1 2 3 4 ");
+    EXPECT_EQ(even[0].numberOfElements(), 2);
+    EXPECT_EQ(even[0].faces()[7], yld_Enum::FACE3);
+
+    EXPECT_EQ(failureOf([&] { field("wrong").values(0); }),
+              m_path + ": a field does not fit its set: another number of points on faces than values");
+}
+
+TEST_F(yld_SequenceFieldValueTest, setsThatDoNotFitAreRefused)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    sto_PartInstance on = instance().instance();
+    int key = 0;
+    const auto failure = [&](fld_FieldDescription description, const sto_Set& set, int length) {
+        description.m_length = length;
+        description.m_instance = on.shortCut();
+        description.m_set = set.shortCut();
+        const sto_Field field =
+            writeBlock(frame, description, key, std::vector<float>(static_cast<std::size_t>(length), 1.0F));
+        yld_SequenceFieldValue values;
+        values.append(yld_SubField(key++, field, step().assembly(), yld_Enum::SCALAR));
+        const std::string text = failureOf([&] { values.get(0); });
+        return text.starts_with(m_path) ? text.substr(m_path.size() + 2) : text;
+    };
+    const auto scalarAt = [](fld_OutputPositionEnm position, int classIndex) {
+        fld_FieldDescription description = describe("T", fld_DataTypeEnm::SCALAR, position, 0);
+        description.m_classIndex = classIndex;
+        return description;
+    };
+    const int nodes[] = {10, 40, 20};
+    const int run[] = {10, 20, 30};
+    const int elements[] = {101};
+    const sto_Set scattered = on.Nset("scattered", nodes, 3, true, false);
+    const sto_Set stretch = on.Nset("stretch", run, 3, true, false);
+    const sto_Set hexahedra = on.Elset("hexahedra", elements, 1, true);
+    const fld_FieldDescription nodal = scalarAt(fld_OutputPositionEnm::NODAL, -1);
+    EXPECT_EQ(failure(nodal, scattered, 3), "no exception");
+    EXPECT_EQ(failure(nodal, scattered, 2), "a field does not fit its set: more nodes than values");
+    EXPECT_EQ(failure(nodal, scattered, 4), "a field does not fit its set: fewer nodes than values");
+    EXPECT_EQ(failure(nodal, stretch, 4), "a field does not fit its set: another number of nodes than values");
+    EXPECT_EQ(failure(scalarAt(fld_OutputPositionEnm::CENTROID, 0), hexahedra, 1), "no exception");
+    EXPECT_EQ(failure(scalarAt(fld_OutputPositionEnm::CENTROID, 0), hexahedra, 2),
+              "a field does not fit its set: another number of elements than values");
+    EXPECT_EQ(failure(scalarAt(fld_OutputPositionEnm::INTEGRATION_POINT, 0), hexahedra, 7),
+              "a field does not fit its set: another number of elements than values");
+    EXPECT_EQ(failure(scalarAt(fld_OutputPositionEnm::CENTROID, 1), hexahedra, 1),
+              "a field does not fit its set: no elements of its class");
+}

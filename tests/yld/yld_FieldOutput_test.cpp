@@ -287,6 +287,46 @@ TEST_F(yld_FieldOutputTest, localSystemsComeBackAsCosines)
     EXPECT_EQ(step().frames(0).fieldOutputs().size(), 1);
 }
 
+TEST_F(yld_FieldOutputTest, planeTensorsHavePlaneSystems)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& s = frame.FieldOutput("S", "", yld_Enum::TENSOR_2D_PLANAR);
+    s.addData(yld_Enum::CENTROID, instance(), ints({301}), rows({{1, 2, 3, 4}}), yld_SectionPoint(), turnedSystem());
+    s.addData(yld_Enum::CENTROID, instance(), ints({302}), rows({{1, 2, 3, 4}}), yld_SectionPoint(),
+              rows({{0, 1}, {-1, 0}}));
+    reopen();
+    for (int i = 0; i < 2; ++i) {
+        const yld_FieldValue value = field("S").values(i);
+        EXPECT_EQ(value.localCoordSystemData().length(), 2);
+        const yld_Sequence<yld_Sequence<float>> system = value.localCoordSystem();
+        ASSERT_EQ(system.size(), 2);
+        EXPECT_NEAR(system[0][0], 0.0F, 1e-6F);
+        EXPECT_NEAR(system[0][1], 1.0F, 1e-6F);
+        EXPECT_NEAR(system[1][0], -1.0F, 1e-6F);
+    }
+    yld_FieldOutput& again = step().frames(0).fieldOutputs().get("S");
+    EXPECT_EQ(failureOf([&] {
+                  again.addData(yld_Enum::CENTROID, instance(), ints({301}), rows({{1, 2, 3, 4}}), yld_SectionPoint(),
+                                rows({{0, 1}, {-1}}));
+              }),
+              "A coordinate system should have three rows of three direction cosines.");
+}
+
+TEST_F(yld_FieldOutputTest, realAndComplexBlocksOfOneFieldKeepApart)
+{
+    for (int i = 0; i < 2; ++i) {
+        yld_Frame frame = step().Frame(i, i);
+        frame.FieldOutput("T", "", yld_Enum::SCALAR)
+            .addData(yld_Enum::NODAL, instance(), ints({10, 20}), rows({{1}, {2}}), yld_SectionPoint(),
+                     yld_Sequence<yld_Sequence<float>>(), i == 0 ? rows({}) : rows({{3}, {4}}));
+    }
+    reopen();
+    EXPECT_FALSE(field("T", 0).isComplex());
+    EXPECT_EQ(field("T", 0).values(0).data().floatConjugate(), nullptr);
+    EXPECT_TRUE(field("T", 1).isComplex());
+    EXPECT_EQ(field("T", 1).values(1).data().floatConjugate()[0], 4.0F);
+}
+
 TEST_F(yld_FieldOutputTest, wrongNumberOfLocalSystems)
 {
     yld_Frame frame = step().Frame(1, 1.0);
@@ -513,6 +553,36 @@ TEST_F(yld_FieldOutputTest, defaultBlockIsEmpty)
     EXPECT_EQ(block.elementClass(), -1);
     EXPECT_EQ(block.meshIndex(), -1);
     EXPECT_FALSE(block.hasDescription());
+}
+
+TEST_F(yld_FieldOutputTest, readOnlyDatabaseRefusesDataAndStaysReadable)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    frame.FieldOutput("T", "", yld_Enum::SCALAR).addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1}}));
+    m_yld->save();
+    m_yld->close();
+    m_yld = &openYld(m_path.c_str(), true);
+    const std::string refusal = m_path + ": the database is open for reading only";
+    yld_FieldOutput& t = step().frames(0).fieldOutputs().get("T");
+    EXPECT_EQ(failureOf([&] { t.addData(yld_Enum::NODAL, instance(), ints({20}), rows({{1}})); }), refusal);
+    EXPECT_EQ(failureOf([&] { step().Frame(2, 2.0); }), refusal);
+    EXPECT_EQ(failureOf([&] { step().LoadCase("a"); }), refusal);
+    EXPECT_FALSE(step().loadCases().isMember("a"));
+    EXPECT_EQ(step().frames().size(), 1);
+    EXPECT_EQ(field("T").values(0).data()[0], 1.0);
+}
+
+TEST_F(yld_FieldOutputTest, closedDatabaseGivesAnErrorAndNothingWorse)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    frame.FieldOutput("T", "", yld_Enum::SCALAR).addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1}}));
+    m_yld->save();
+    yld_FieldOutput unread = step().frames(0).fieldOutputs().get("T");
+    yld_Frame left = step().frames(0);
+    m_yld->close();
+    m_yld = nullptr;
+    EXPECT_EQ(failureOf([&] { unread.values(0); }), m_path + ": the database is closed");
+    EXPECT_EQ(failureOf([&] { left.fieldOutputs().isMember("U"); }), m_path + ": the database is closed");
 }
 
 TEST(yld_RowArray, rowsOfAnyWidths)

@@ -266,6 +266,17 @@ TEST_F(yld_MeshTest, cursorOutlivesASaveAndAChange)
     EXPECT_EQ(mesh().elementAt(3, true).label(), 4);
 }
 
+TEST_F(yld_MeshTest, meshOfAPartCannotReferToNodesOfInstances)
+{
+    const auto nodes = part.part().mesh().mesh()->m_nodeData;
+    const auto changed = nodes.fetchWritable();
+    changed->foreignNode("Q", 0, 1);
+    nodes.replace(changed);
+    part.elements();
+    EXPECT_EQ(raised([&] { mesh().elementAt(0, true); }),
+              "The mesh of \"P\" refers to nodes of part instances; the file is damaged.");
+}
+
 TEST_F(yld_MeshTest, setsByLabel)
 {
     part.NodeSet("N", ints({10}));

@@ -8,6 +8,9 @@
 #include "yld/impl/yld_Raise.h"
 #include "yld_EnumMap.h"
 
+#include <unordered_map>
+#include <utility>
+
 yld_Assembly::yld_Assembly()
     : m_assembly(new sto_Assembly), m_model(new sto_Model), m_instances(new yld_InstanceRepository)
 {
@@ -280,7 +283,56 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
             yld_raise("Node number \"%d\" does not exist in the rootAssembly.\n", nodes[static_cast<std::size_t>(bad)]);
         }
         const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, yld_SectionCategory());
-        m_assembly->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr, false);
+        m_assembly->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr);
+    });
+    if (!m_mesh->isBound()) ReadMesh();
+    if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);
+    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+}
+
+void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
+                               const yld_Sequence<yld_String>& instanceNames, const yld_String& type,
+                               const yld_String& setName, const yld_SectionCategory&, const yld_ElemCtrlParams& params)
+{
+    requireAllowed(type);
+    int width = 0;
+    const std::vector<int> nodes = yld_MeshInput::elements(labels, connectivity, type, width);
+    if (static_cast<std::size_t>(instanceNames.size()) != nodes.size()) {
+        yld_raise("Instance names must be specified for all nodes in the connectivity array.");
+    }
+    // Each name is looked up once, however many nodes bear it.
+    std::vector<std::string> names;
+    std::vector<sto_NodeData> nodeData;
+    std::vector<sto_ScopedNode> scoped(nodes.size());
+    std::unordered_map<std::string, int> places;
+    yld_MeshInput::guarded([&] {
+        for (int i = 0; i < instanceNames.size(); ++i) {
+            const yld_String& name = instanceNames[i];
+            if (name.empty()) continue;
+            const auto [place, isNew] = places.emplace(yld_MeshInput::text(name), static_cast<int>(names.size()));
+            scoped[static_cast<std::size_t>(i)].instance = place->second;
+            if (!isNew) continue;
+            if (!m_instances->isMember(name)) {
+                yld_raise("Invalid part name provided to addNodes().\n Part Instance \"%s\" does not exist.", name);
+            }
+            names.push_back(place->first);
+            nodeData.push_back(std::as_const(*m_instances).constGet(name).instance().mesh().nodeData());
+        }
+        const sto_NodeData own = m_assembly->hasMesh() ? m_assembly->mesh().nodeData() : sto_NodeData();
+        for (std::size_t i = 0; i < nodes.size(); ++i) {
+            sto_ScopedNode& node = scoped[i];
+            node.label = nodes[i];
+            const bool isOwn = node.instance < 0;
+            node.index = (isOwn ? own : nodeData[static_cast<std::size_t>(node.instance)]).GetNodeIndexFromLabel(node.label);
+            if (node.index >= 0) continue;
+            if (isOwn) yld_raise("Node number \"%d\" does not exist in the rootAssembly.\n", node.label);
+            yld_raise("Node number \"%d\" does not exist in the part instance \"%s\".\n", node.label,
+                      names[static_cast<std::size_t>(node.instance)].c_str());
+        }
+        const std::vector<int> given = yld_MeshInput::values(labels);
+        const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, yld_SectionCategory());
+        m_assembly->addElements(arg, scoped, names, yld_MeshInput::text(setName),
+                                params.isSet() ? &params.params() : nullptr);
     });
     if (!m_mesh->isBound()) ReadMesh();
     if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);

@@ -116,6 +116,11 @@ yld_FieldOutput yld_FieldOutput::getSubset(const yld_Instance& instance) const
 
 bool yld_FieldOutput::addFieldKeys(const yld_Sequence<int>& keys)
 {
+    return yld_guard([&] { return appendFieldKeys(keys); });
+}
+
+bool yld_FieldOutput::appendFieldKeys(const yld_Sequence<int>& keys)
+{
     std::vector<int> known;
     for (const int key : m_fieldKeys) known.push_back(key);
     std::sort(known.begin(), known.end());
@@ -305,10 +310,12 @@ sto_PartInstance storedInstance(const shr_ArrayCOW<sto_Assembly>& assembly, yld_
 {
     if (position == yld_Enum::WHOLE_MODEL) return {};
     const std::string name = instance.name().cStr();
-    if (assembly.IsNull() || !assembly.ConstGet().isValid() || !assembly.ConstGet().hasInstance(name)) {
-        yld_raise("Instance \"%s\" does not exists in this yld.", instance.name());
-    }
-    return assembly.ConstGet().instance(name);
+    return yld_guard([&] {
+        if (assembly.IsNull() || !assembly.ConstGet().isValid() || !assembly.ConstGet().hasInstance(name)) {
+            yld_raise("Instance \"%s\" does not exists in this yld.", instance.name());
+        }
+        return assembly.ConstGet().instance(name);
+    });
 }
 
 } // namespace
@@ -348,9 +355,11 @@ void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const s
     }
     const yld_RowArray rows(data);
     const yld_RowArray conjugateRows(conjugateData);
-    yld_FieldAddDataUtils(*this, position, instance, flatLabels.data(), labels.size(), rows, sectionPoint,
-                          localCoordSystems, conjugateRows)
-        .run();
+    yld_guard([&] {
+        yld_FieldAddDataUtils(*this, position, instance, flatLabels.data(), labels.size(), rows, sectionPoint,
+                              localCoordSystems, conjugateRows)
+            .run();
+    });
 }
 
 void yld_FieldOutput::addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
@@ -362,5 +371,8 @@ void yld_FieldOutput::addBulkData(yld_Enum::yld_ResultPositionEnum position, con
     const yld_RowArray rows(data, numRows, width);
     const yld_RowArray conjugateRows = conjugateData ? yld_RowArray(conjugateData, numRows, width) : yld_RowArray();
     const yld_Sequence<yld_Sequence<yld_Sequence<float>>> noSystems;
-    yld_FieldAddDataUtils(*this, position, stored, labels, numLabels, rows, sectionPoint, noSystems, conjugateRows).run();
+    yld_guard([&] {
+        yld_FieldAddDataUtils(*this, position, stored, labels, numLabels, rows, sectionPoint, noSystems, conjugateRows)
+            .run();
+    });
 }

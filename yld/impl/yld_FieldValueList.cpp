@@ -90,6 +90,7 @@ void yld_FieldValueList::read(const yld_SubField& block)
         const int storedWidth = description->m_width;
         if (storedWidth != m_field.shortCut().fetch()->m_width) refuse("the widths differ");
         m_numValues = m_field.rows();
+        if (m_numValues != description->m_length) refuse("the lengths differ");
         const yld_Enum::yld_DataTypeEnum storedType = mapDataType(description->dataType());
         const bool isWidened =
             fld_FieldDescription::isTensor(description->dataType()) && storedType != m_dataType;

@@ -16,6 +16,7 @@
 #include <cstring>
 #include <map>
 #include <string>
+#include <unordered_set>
 
 namespace {
 
@@ -51,7 +52,7 @@ bool yld_FieldOutputRepository::hasStore() const
 
 int yld_FieldOutputRepository::size() const
 {
-    if (!m_fullyRead) readAll();
+    if (!m_fullyRead) yld_guard([this] { return readAll(); });
     return m_fields.size();
 }
 
@@ -72,7 +73,11 @@ shr_ArrayCOW<sto_Assembly> yld_FieldOutputRepository::assemblyOf(const sto_Field
 
 bool yld_FieldOutputRepository::isMember(const yld_String& name) const
 {
-    if (m_fields.isMember(name)) return true;
+    return m_fields.isMember(name) || yld_guard([&] { return readOne(name); });
+}
+
+bool yld_FieldOutputRepository::readOne(const yld_String& name) const
+{
     if (!hasStore()) return false;
     const std::vector<int> keys = m_fieldFrame.ConstGet().fieldKeys(std::string_view(name.cStr()));
     if (keys.empty()) return false;
@@ -97,11 +102,16 @@ const yld_FieldOutput& yld_FieldOutputRepository::constGet(const yld_String& nam
 
 yld_Sequence<yld_String> yld_FieldOutputRepository::getFieldOutputNames() const
 {
+    return yld_guard([this] { return readNames(); });
+}
+
+yld_Sequence<yld_String> yld_FieldOutputRepository::readNames() const
+{
     yld_Sequence<yld_String> names;
     if (!hasStore()) return names;
-    const auto enter = [&names](const std::string& name) {
-        const yld_String text(name.c_str());
-        if (!names.isMember(text)) names.append(text);
+    std::unordered_set<std::string> known;
+    const auto enter = [&](const std::string& name) {
+        if (known.insert(name).second) names.append(yld_String(name.c_str()));
     };
     const sto_FieldFrame& frame = m_fieldFrame.ConstGet();
     const std::vector<std::string> stored = frame.fieldNames();
@@ -120,7 +130,10 @@ yld_Sequence<yld_String> yld_FieldOutputRepository::getFieldOutputNames() const
 
 void yld_FieldOutputRepository::insert(const yld_FieldOutput& field) { m_fields.insert(field.name(), field); }
 
-bool yld_FieldOutputRepository::update() { return readAll(); }
+bool yld_FieldOutputRepository::update()
+{
+    return yld_guard([this] { return readAll(); });
+}
 
 bool yld_FieldOutputRepository::readAll() const
 {

@@ -240,6 +240,9 @@ int yld_Mesh::labelHere()
 yld_Element yld_Mesh::elementHere()
 {
     if (!m_connectivityRead) {
+        if (!m_isScoped && m_nodeData.data()->numForeignNodes() > 0) {
+            yld_raise("The mesh of \"%s\" refers to nodes of part instances; the file is damaged.", m_name);
+        }
         m_class->connectivity(m_nodeData.NumNodes(), m_nodeData.data()->numForeignNodes());
         m_connectivityArray = m_class->m_connectivity;
         m_connectivity = m_connectivityArray.data();

@@ -26,4 +26,17 @@ template<class... Values>
     yld_Exception(yld_GENERAL, msg_Format(message.format, values...)).Throw(message.file, message.line);
 }
 
+/// Runs an action of the public interface: what the store raises in it leaves as yld_Exception with the same text.
+template<class Action>
+auto yld_guard(Action&& action) -> decltype(action())
+{
+    try {
+        return action();
+    } catch (const yld_Exception&) {
+        throw;
+    } catch (const exc_Exception& failure) {
+        throw yld_Exception(yld_GENERAL, failure.UserReport());
+    }
+}
+
 #endif

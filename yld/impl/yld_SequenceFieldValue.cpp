@@ -9,6 +9,8 @@
 #include "yld_EnumMap.h"
 #include "yld_Instance.h"
 
+#include <limits>
+
 yld_SequenceFieldValue::yld_SequenceFieldValue() = default;
 
 yld_SequenceFieldValue::yld_SequenceFieldValue(const yld_Sequence<yld_SubField>& blocks)
@@ -26,7 +28,7 @@ const yld_FieldValueList& yld_SequenceFieldValue::list(int block) const
 {
     // Read into the storage that copies of this sequence share: what one of them has read, all have.
     auto& list = const_cast<yld_FieldValueList&>(m_lists.PartialArrayConstGet(block));
-    if (!m_isListOnly && !list.isRead()) list.read(m_blocks[block]);
+    if (!m_isListOnly && !list.isRead()) yld_guard([&] { list.read(m_blocks[block]); });
     return list;
 }
 
@@ -72,6 +74,9 @@ yld_FieldValue yld_SequenceFieldValue::get(unsigned index) const
 
 void yld_SequenceFieldValue::append(const yld_SubField& block)
 {
+    if (block.length() > std::numeric_limits<int>::max() - m_numValues) {
+        yld_raise("Field \"%s\" has more values than can be counted.", block.label());
+    }
     m_isListOnly = false;
     m_blocks.append(block);
     m_lists.Get(m_listCount++) = yld_FieldValueList();
@@ -118,12 +123,14 @@ yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(const yld_Instance& ins
 {
     if (instance.name() == "rootAssembly") return *this;
     yld_SequenceFieldValue subset;
-    const sto_PartInstance stored = instance.instance();
-    if (!stored.isValid()) return subset;
-    const std::string name = stored.name();
-    for (const yld_SubField& block : m_blocks) {
-        const sto_FieldDescription& description = block.description();
-        if (description.hasPartInstance() && description.partInstance().name() == name) subset.append(block);
-    }
+    yld_guard([&] {
+        const sto_PartInstance stored = instance.instance();
+        if (!stored.isValid()) return;
+        const std::string name = stored.name();
+        for (const yld_SubField& block : m_blocks) {
+            const sto_FieldDescription& description = block.description();
+            if (description.hasPartInstance() && description.partInstance().name() == name) subset.append(block);
+        }
+    });
     return subset;
 }

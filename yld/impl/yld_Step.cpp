@@ -8,7 +8,6 @@
 #include "platform/sto/sto_StepContainer.h"
 #include "platform/sto/sto_Sto.h"
 #include "platform/sto/sto_StoStep.h"
-#include "platform/text/exc_Exception.h"
 #include "yld/impl/yld_Raise.h"
 
 #include <cmath>
@@ -40,8 +39,8 @@ int yld_SequenceFrame::size() const { return m_step.IsValid() ? m_step->numFrame
 
 yld_Frame& yld_SequenceFrame::hold(int index) const
 {
-    if (m_step.IsNull()) throw exc_TextException("The step has no frames.");
-    const sto_Frame frame = m_step->frame(index);
+    if (m_step.IsNull()) yld_raise("The step has no frames.");
+    const sto_Frame frame = yld_guard([&] { return m_step->frame(index); });
     if (m_current.IsValid() && m_current->frameIndex() != index) leave();
     m_current = new yld_Frame(index, shr_COW<sto_Frame>(frame), m_assembly, m_domain, m_owner, loadCaseOf(frame));
     return *m_current;
@@ -63,7 +62,7 @@ yld_Frame& yld_SequenceFrame::get(int index)
 {
     yld_Frame& frame = hold(index);
     // The frame's row is read now: a frame that cannot be read is found here and not by its first user.
-    m_step->frame(index).shortCut().fetch();
+    yld_guard([&] { m_step->frame(index).shortCut().fetch(); });
     return frame;
 }
 
@@ -126,7 +125,7 @@ yld_Frame yld_Step::newFrame(const yld_String& description, double frameValue, i
                              const yld_LoadCase& loadCase)
 {
     if (m_step.IsNull()) yld_raise("Step \"%s\" has no results.", m_name);
-    sto_Frame frame = m_step->Frame(description, frameValue, incrementNumber);
+    sto_Frame frame = yld_guard([&] { return m_step->Frame(description, frameValue, incrementNumber); });
     const int index = m_frames.size() > 0 ? m_frames.size() - 1 : 0;
     if (isNamed(loadCase)) {
         frame.setLoadCaseName(loadCase.name());
@@ -186,7 +185,10 @@ public:
         return place < m_loadCases.size() && m_loadCases[place] == m_loadCase;
     }
     bool isWanted(int index) const { return !m_named || hasLoadCase(index); }
-    double value(int index) const { return static_cast<double>(m_frames.get(index).time()); }
+    double value(int index) const
+    {
+        return yld_guard([&] { return static_cast<double>(m_frames.get(index).time()); });
+    }
 
 private:
     static bool isNamed(const yld_LoadCase& loadCase) { return !loadCase.name().empty(); }
@@ -287,7 +289,7 @@ yld_Sequence<int> yld_Step::findFrames(const yld_LoadCase& loadCase, double valu
 yld_LoadCase& yld_Step::LoadCase(const yld_String& name)
 {
     if (m_loadCases.isMember(name)) yld_raise("Invalid LoadCase");
-    if (m_step.IsValid()) m_step->addLoadCaseName(name);
+    if (m_step.IsValid()) yld_guard([&] { m_step->addLoadCaseName(name); });
     m_loadCases.insert(name, yld_LoadCase(name));
     return m_loadCases.get(name);
 }
