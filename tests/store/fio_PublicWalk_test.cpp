@@ -229,5 +229,7 @@ TEST_F(fio_PublicWalk, theTrueJobIsWalkedWhole)
 }
 
 TEST_F(fio_PublicWalk, bitsBytesPagesAndLengths) { expectDataOrOneException(1200, &Mutation::bytes, 200); }
+TEST_F(fio_PublicWalk, rowsThatLie) { expectDataOrOneException(900, &Mutation::rows, 100); }
+TEST_F(fio_PublicWalk, tablesAndColumnsMissingOrOfOtherKinds) { expectDataOrOneException(300, &Mutation::schema, 50); }
 TEST_F(fio_PublicWalk, countsCirclesAndLists) { expectDataOrOneException(800, &Mutation::structure, 100); }
 TEST_F(fio_PublicWalk, databasesOfOthersUnderOurSign) { expectDataOrOneException(60, &Mutation::foreign, 20); }
