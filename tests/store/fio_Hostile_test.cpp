@@ -106,6 +106,13 @@ protected:
     }
 };
 
+TEST_F(fio_Attack, arrayOfOneExtentThatClaimsAGigabyte)
+{
+    // The last extent is there and has the right size; those before it are not.
+    attack({"DELETE FROM extent", "INSERT INTO extent VALUES(256, zeroblob(4194304))",
+            "UPDATE sample_Book SET labels = 1, \"labels.count\" = 268435456"});
+}
+
 TEST_F(fio_Attack, arrayThatEndsBeyondTheLastNumber)
 {
     attack({"UPDATE sample_Book SET labels = 9223372036854775807, \"labels.count\" = 2000000"});
@@ -125,6 +132,16 @@ TEST_F(fio_Attack, attributeWorkedOutByAnExpressionWithoutEnd)
 TEST_F(fio_Attack, extentsWorkedOutByAnExpression)
 {
     attack(computed("extent", "bytes", "zeroblob(300000000)"));
+}
+
+TEST_F(fio_Attack, headerWorkedOutByAnExpression)
+{
+    attack(computed("header", "value", "hex(zeroblob(150000000))"));
+}
+
+TEST_F(fio_Attack, keysWorkedOutByAnExpression)
+{
+    attack(computed("entry", "key", "hex(zeroblob(150000000))"));
 }
 
 TEST_F(fio_Attack, keysWorkedOutByAnExpressionWithoutEnd)

@@ -347,12 +347,45 @@ TEST(fio_Readers, seeWholeSavedStatesAndNeverDisturbTheWriter)
         const Board::Reader& reader = watched->readers[i];
         std::printf("reader %d: %d walks, %d states, waits: median %.3f ms, worst %.1f ms; slowest call %.1f ms\n", i,
                     reader.walks, reader.states, reader.median, reader.worst, reader.worstCall);
-        EXPECT_GE(reader.states, 3);
+        EXPECT_GT(reader.states, 20);
         EXPECT_EQ(reader.lastState, saves);
         EXPECT_EQ(reader.late, 0) << "states that were saved before the look were not seen";
+        EXPECT_LT(reader.median, 1.0 * slackForBuild);
+        EXPECT_LT(reader.worst, 250.0 * slackForBuild);
     }
-    EXPECT_LT(watched->writerSeconds, 2.0 * alone->writerSeconds * slackForBuild);
+    // A second is allowed for five processes that share few processors.
+    EXPECT_LT(watched->writerSeconds, 2.0 * alone->writerSeconds * slackForBuild + 1.0);
     // Nothing but the file is needed, so processes that share no memory are served the same way.
     EXPECT_FALSE(std::filesystem::exists(path + "-shm"));
     EXPECT_FALSE(std::filesystem::exists(path + "-wal"));
+}
+
+TEST(fio_Readers, stateThatWasOpenedStaysWhileEntriesGoIntoOnePlaceAgainAndAgain)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    makeFile(path);
+    const fio_File writer = fio_File::Open(path.c_str(), true, true);
+    const auto root = rootOf(writer).fetchWritable();
+    root->m_middle.append("first", root->m_current);
+    root->m_middle.append("last", root->m_current);
+    rootOf(writer).replace(root);
+    writer.body()->save();
+
+    const fio_File reader = fio_File::Open(path.c_str(), false, true);
+    const auto seen = rootOf(reader).fetch();
+    // More than there are numbers between two neighbouring places.
+    for (int i = 0; i < 1200; ++i) root->m_middle.insert(1, std::to_string(i), root->m_current);
+    writer.body()->save();
+
+    ASSERT_EQ(seen->m_middle.size(), 2);
+    EXPECT_EQ(seen->m_middle.key(0), "first");
+    EXPECT_EQ(seen->m_middle.key(1), "last");
+    EXPECT_TRUE(reader.body()->refresh());
+    const auto fresh = rootOf(reader).fetch();
+    ASSERT_EQ(fresh->m_middle.size(), 1202);
+    EXPECT_EQ(fresh->m_middle.key(0), "first");
+    EXPECT_EQ(fresh->m_middle.key(1), "1199");
+    EXPECT_EQ(fresh->m_middle.key(1200), "0");
+    EXPECT_EQ(fresh->m_middle.key(1201), "last");
 }

@@ -214,7 +214,7 @@ private:
             std::filesystem::remove(path);
             return true;
         }
-        const bool asWriter = m_turn % 2 == 0 || isNeeded(path + "-journal");
+        const bool asWriter = m_turn % 2 == 0;
         if (!look(path, asWriter, states, confirmed, last)) return false;
         return true;
     }
