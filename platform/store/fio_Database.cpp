@@ -18,6 +18,13 @@ namespace {
 // milliseconds, and grow so that a stuck peer costs no processor time.
 constexpr int longestWaitMilliseconds = 10000;
 
+// No value of a row is longer, bulk goes in extents: what claims more was not written here.
+constexpr int longestValue = 64 << 20;
+
+constexpr const char* mapFile = "PRAGMA mmap_size = 0x7fffffffffff";
+// Pages read through the map stay resident; having read this much, the map is taken down and made anew.
+constexpr long long mostMappedBytes = 128LL << 20;
+
 // Below this a database has not even its first page.
 constexpr off_t leastBytes = 4096;
 
@@ -128,11 +135,15 @@ fio_Database::fio_Database(const std::string& path, Access access) : m_path(path
         flags |= SQLITE_OPEN_READWRITE;
     } else {
         refuseWhatIsNoFile(path);
-        flags |= access == Access::WRITE ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+        // Also a reader has to roll back what a killed writer has left half written, where the file may be written;
+        // anything else it is kept from by query_only.
+        flags |= SQLITE_OPEN_READWRITE;
     }
     try {
         const int code = sqlite3_open_v2(path.c_str(), &m_handle, flags, nullptr);
         if (code != SQLITE_OK) raiseCode(code);
+        // SQLite opens for reading, without a word, what it may not write.
+        if (access == Access::WRITE && sqlite3_db_readonly(m_handle, "main") == 1) raise("the file cannot be written");
         configure();
         if (access != Access::CREATE) {
             checkApplication();
@@ -161,6 +172,7 @@ void fio_Database::configure()
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_limit(m_handle, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_limit(m_handle, SQLITE_LIMIT_LENGTH, longestValue);
     sqlite3_busy_handler(m_handle, waitForPeer, nullptr);
     if (m_access == Access::CREATE) {
         execute("PRAGMA page_size = 16384");
@@ -170,7 +182,8 @@ void fio_Database::configure()
     execute("PRAGMA temp_store = MEMORY");
     // Bulk goes through once: a large page cache only costs time.
     execute("PRAGMA cache_size = -2048");
-    execute("PRAGMA mmap_size = 0x7fffffffffff");
+    execute(mapFile);
+    if (!isWritable()) execute("PRAGMA query_only = ON");
     if (isWritable()) {
         // A rollback journal needs no shared memory and leaves one plain file at rest.
         execute("PRAGMA journal_mode = DELETE");
@@ -195,6 +208,7 @@ void fio_Database::checkApplication()
     if (pages.step() && stat(m_path.c_str(), &status) == 0 && status.st_size < pages.integer(0)) {
         raise("the file was cut short");
     }
+    for (const char* table : {"header", "catalogue", "extent", "entry", "superseded"}) refuseComputedColumns(table);
 }
 
 int fio_Database::databaseVersion()
@@ -309,6 +323,24 @@ void fio_Database::readExtent(long long extent, std::size_t offset, void* into, 
               std::to_string(offset + count) + " are expected; the file is damaged");
     }
     if (code != SQLITE_OK) raiseCode(code);
+    if (m_readers == 0 && m_extentReadBytes - m_mappedAt > mostMappedBytes) {
+        m_mappedAt = m_extentReadBytes;
+        execute("PRAGMA mmap_size = 0");
+        execute(mapFile);
+    }
+}
+
+long long fio_Database::fileBytes() const
+{
+    struct stat status{};
+    return stat(m_path.c_str(), &status) == 0 ? static_cast<long long>(status.st_size) : -1;
+}
+
+void fio_Database::refuseComputedColumns(const std::string& table)
+{
+    fio_Statement look = prepare("SELECT 1 FROM pragma_table_xinfo(?1) WHERE hidden > 1 LIMIT 1");
+    look.bind(1, table);
+    if (look.step()) raise("table " + table + " has computed columns; the file is damaged");
 }
 
 void fio_Database::raise(const std::string& what) const { fio_raise(m_path, what); }

@@ -81,6 +81,11 @@ public:
     /// A statement with this text; prepared on first use and kept.
     fio_Statement prepare(const std::string& sql);
     void execute(const char* sql);
+    /// The size of the file on disk; -1 where there is none.
+    long long fileBytes() const;
+    /// Raises when a table of the file works values out instead of keeping them: no table of ours does, and the work may
+    /// be without end.
+    void refuseComputedColumns(const std::string& table);
 
     void begin();
     void commit();
@@ -125,6 +130,7 @@ private:
     long long m_statements = 0;
     long long m_extentReads = 0;
     long long m_extentReadBytes = 0;
+    long long m_mappedAt = 0; // how much had been read when the file was last mapped
 };
 
 #endif

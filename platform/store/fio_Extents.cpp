@@ -60,9 +60,15 @@ void fio_Extents::verify(long long first, std::size_t bytes)
 {
     if (bytes == 0 || findGathered(first)) return;
     const long long count = extentCount(bytes);
+    // Before anything is worked out: a run that no save has given, or an array larger than the whole file.
+    if (first < 1 || first >= m_next || count > m_next - first ||
+        static_cast<long long>(bytes) > m_database.fileBytes()) {
+        m_database.raise("an array of " + std::to_string(bytes) + " bytes from extent " + std::to_string(first) +
+                         " cannot be; the file is damaged");
+    }
     const long long last = first + count - 1;
     const auto expected = static_cast<long long>(bytes - static_cast<std::size_t>(count - 1) * fio_Database::extentBytes);
-    const long long size = first > 0 && last >= first ? m_database.extentSize(last) : -1;
+    const long long size = m_database.extentSize(last);
     if (size != expected) {
         m_database.raise("extent " + std::to_string(last) + " should have " + std::to_string(expected) +
                          " bytes but has " + (size < 0 ? std::string("none") : std::to_string(size)) +

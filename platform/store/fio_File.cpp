@@ -96,7 +96,7 @@ void fio_FileBody::createTables()
         db.execute("CREATE TABLE catalogue(\"Class Name\" TEXT PRIMARY KEY, \"Class Id\" INTEGER NOT NULL, "
                    "\"Class Version\" INTEGER NOT NULL, \"Class Table\" TEXT NOT NULL) WITHOUT ROWID");
         db.execute("CREATE TABLE extent(id INTEGER PRIMARY KEY, bytes BLOB NOT NULL)");
-        db.execute("CREATE TABLE entry(container INTEGER NOT NULL, position REAL NOT NULL, key TEXT NOT NULL, "
+        db.execute("CREATE TABLE entry(container INTEGER NOT NULL, position BLOB NOT NULL, key TEXT NOT NULL, "
                    "object INTEGER NOT NULL, since INTEGER NOT NULL, PRIMARY KEY(container, position)) WITHOUT ROWID");
         db.execute("CREATE TABLE superseded(save INTEGER NOT NULL, at INTEGER NOT NULL, class INTEGER NOT NULL, "
                    "id INTEGER NOT NULL, which INTEGER NOT NULL)");
@@ -208,6 +208,7 @@ fio_FileBody::Table& fio_FileBody::tableOf(const pcl_ClassMetadata& metadata)
         info.bind(1, metadata.name());
         while (info.step()) present.push_back(info.text(0));
     }
+    database().refuseComputedColumns(metadata.name());
     table.exists = !present.empty();
     table.columns.clear();
     table.select = "SELECT since";
@@ -322,7 +323,12 @@ mrp_Entries& fio_FileBody::entries(long long container)
                            "ORDER BY position");
             read.bind(1, container);
             read.bind(2, m_saveCount);
-            while (read.step()) entries->m_entries.push_back({read.text(0), read.integer(1), read.real(2)});
+            while (read.step()) {
+                std::size_t count = 0;
+                const void* position = read.blob(2, count);
+                entries->m_entries.push_back(
+                    {read.text(0), read.integer(1), std::string(static_cast<const char*>(position), count)});
+            }
         } catch (...) {
             m_containers.erase(found);
             throw;
@@ -374,17 +380,12 @@ void fio_FileBody::writeObject(long long id, const Object& entry, long long save
 void fio_FileBody::writeEntries(long long container, mrp_Entries& entries, long long save)
 {
     fio_Database& db = database();
-    if (entries.m_spread) {
-        fio_Statement erase = db.prepare("DELETE FROM entry WHERE container = ?1");
-        erase.bind(1, container);
-        erase.run();
-    }
     fio_Statement insert =
         db.prepare("INSERT INTO entry(container, position, key, object, since) VALUES(?1, ?2, ?3, ?4, ?5)");
     for (const mrp_Entries::Entry& entry : entries.m_entries) {
         if (!entry.isNew) continue;
         insert.bind(1, container);
-        insert.bind(2, entry.position);
+        insert.bindBlob(2, entry.position.data(), entry.position.size());
         insert.bind(3, entry.key);
         insert.bind(4, entry.object);
         insert.bind(5, save);
@@ -487,7 +488,6 @@ void fio_FileBody::save()
         if (!entries->isChanged()) continue;
         for (mrp_Entries::Entry& entry : entries->m_entries) entry.isNew = false;
         entries->m_unsaved = 0;
-        entries->m_spread = false;
     }
     m_savedExtents = extents().limit();
     extents().releaseDone();

@@ -25,9 +25,51 @@ int mrp_Entries::find(const std::string& key) const
     return first;
 }
 
+namespace {
+
+// Positions at the end of a list count up in eight bytes, and begin in the middle so that there is room in front.
+constexpr std::size_t countedBytes = 8;
+constexpr unsigned char firstByte = 0x40;
+
+std::string nextPosition(const std::string& last)
+{
+    std::string position = last.substr(0, countedBytes);
+    position.resize(countedBytes, '\0');
+    for (std::size_t i = countedBytes; i-- > 0;) {
+        const auto byte = static_cast<unsigned char>(position[i]);
+        position[i] = static_cast<char>(byte + 1);
+        if (byte != 0xff) return position;
+    }
+    return mrp_positionBetween(last, std::string());
+}
+
+} // namespace
+
+std::string mrp_positionBetween(const std::string& before, const std::string& after)
+{
+    std::string position;
+    bool isBounded = !after.empty();
+    for (std::size_t i = 0;; ++i) {
+        const int low = i < before.size() ? static_cast<unsigned char>(before[i]) : 0;
+        int high = 256;
+        if (isBounded) high = i < after.size() ? static_cast<unsigned char>(after[i]) : 0;
+        if (high - low > 1) {
+            position += static_cast<char>(low + (high - low) / 2);
+            return position;
+        }
+        position += static_cast<char>(low);
+        // From here on any continuation stays below what comes after.
+        if (high > low) isBounded = false;
+        // Positions of a damaged file may stand in no order: the result then is one behind the first.
+        if (isBounded && i > after.size() && i > before.size()) isBounded = false;
+    }
+}
+
 void mrp_Entries::append(const std::string& key, long long object)
 {
-    const double position = m_entries.empty() ? 0.0 : m_entries.back().position + 1.0;
+    const std::string position =
+        m_entries.empty() ? std::string(1, static_cast<char>(firstByte)) + std::string(countedBytes - 1, '\0')
+                          : nextPosition(m_entries.back().position);
     m_entries.push_back({key, object, position, true});
     ++m_unsaved;
     if (m_indexed) m_index.emplace(key, size() - 1);
@@ -40,20 +82,11 @@ void mrp_Entries::insert(int position, const std::string& key, long long object)
         return;
     }
     const auto place = m_entries.begin() + position;
-    const double after = place->position;
-    const double before = position == 0 ? after - 2.0 : (place - 1)->position;
-    const double between = before + (after - before) / 2.0;
+    const std::string between =
+        mrp_positionBetween(position == 0 ? std::string() : (place - 1)->position, place->position);
     m_entries.insert(place, {key, object, between, true});
     ++m_unsaved;
     m_indexed = false;
-    if (between > before && between < after) return;
-    // Halving has come to its end: deal the positions out again, and write all.
-    m_spread = true;
-    m_unsaved = size();
-    for (int i = 0; i < size(); ++i) {
-        m_entries[static_cast<std::size_t>(i)].position = i;
-        m_entries[static_cast<std::size_t>(i)].isNew = true;
-    }
 }
 
 const mrp_Entries& mrp_entries(const std::shared_ptr<fio_FileBody>& file, long long container)

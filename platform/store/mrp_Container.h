@@ -7,6 +7,10 @@
 #include <unordered_map>
 #include <vector>
 
+/// A position between two others, as bytes that are compared one by one: there is always one, so entries that stand
+/// never move. Empty before means the front, empty after the end.
+std::string mrp_positionBetween(const std::string& before, const std::string& after);
+
 /// The entries of one container: keys with the ids of objects, in order. Kept in the file's entry table and read whole
 /// on first use; the objects stay unread.
 class mrp_Entries
@@ -16,7 +20,7 @@ public:
     {
         std::string key;
         long long object;
-        double position; ///< grows along the list; a new entry takes a place between its neighbours
+        std::string position; ///< ascends byte by byte along the list; see mrp_positionBetween
         bool isNew = false;
     };
 
@@ -35,7 +39,6 @@ private:
     mutable std::unordered_multimap<std::string, int> m_index;
     mutable bool m_indexed = false;
     int m_unsaved = 0;     // how many entries the file has not
-    bool m_spread = false; // positions had no room between them: all were dealt out again
 };
 
 long long mrp_createContainer(const std::shared_ptr<fio_FileBody>& file);

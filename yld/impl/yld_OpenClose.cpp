@@ -5,6 +5,7 @@
 #include "platform/store/lnk_Root.h"
 #include "platform/text/msg_Format.h"
 #include "platform/text/prg_WIP.h"
+#include "yld/impl/yld_Raise.h"
 #include "yld/impl/yld_YldRepository.h"
 #include "yld_Exception.h"
 #include "yld_Yld.h"
@@ -17,7 +18,7 @@ constexpr const char* defaultModel = "Default Model";
 // out of memory for one: both become the one exception of the public interface.
 [[noreturn]] void raiseFile(const char* format, const yld_String& path, const char* reason)
 {
-    throw yld_Exception(yld_GENERAL, msg_Format(format, path, yld_String(reason)));
+    yld_raise(format, path, reason);
 }
 
 fio_File openForReading(const yld_String& path) { return fio_File::Open(path.cStr(), false, true); }
@@ -40,10 +41,9 @@ void refuseWhileReplaced(const yld_YldRepository& registry, const yld_String& pa
 {
     const yld_String phase = registry.GetLockPhase(path);
     if (phase.compare("Analysis Input File Processor") != 0 && phase.compare("ZANTRA/Explicit Packager") != 0) return;
-    throw yld_Exception(yld_GENERAL,
-                        msg_Format("The .lck file for the output database %1$s indicates that the %2$s is currently "
-                                   "modifying the database.  The database cannot be opened at this time.",
-                                   path, phase));
+    yld_raise("The .lck file for the output database %1$s indicates that the %2$s is currently modifying the database.  "
+              "The database cannot be opened at this time.",
+              path, phase);
 }
 
 } // namespace
@@ -62,7 +62,7 @@ yld_Yld& openYld(const yld_String& name, const yld_String& givenPath, bool readO
             file.body()->close();
             if (isSameFile) {
                 if (registry.constGet(name).path().compare(path) != 0) {
-                    throw yld_Exception(yld_GENERAL, msg_Format("A database named ('%s') already exists.", name));
+                    yld_raise("A database named ('%s') already exists.", name);
                 }
                 if (!readOnly && registry.constGet(name).isReadOnly()) {
                     prg_WIPBase::Warning(msg_Format(
@@ -116,10 +116,10 @@ yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_
     yld_YldRepository& registry = yld_YldRepository::Instance();
     const yld_String path = yld_YldRepository::normalisedPath(givenPath.empty() ? name : givenPath);
     if (registry.isMember(name)) {
-        throw yld_Exception(yld_GENERAL, msg_Format("A database named ('%s') already exists.", name));
+        yld_raise("A database named ('%s') already exists.", name);
     }
     if (registry.IsFileOpen(path)) {
-        throw yld_Exception(yld_GENERAL, msg_Format("The path '%s' has an existing sto associated with it.", path));
+        yld_raise("The path '%s' has an existing sto associated with it.", path);
     }
     try {
         sto_StoContainer& container = registry.StoContainer();

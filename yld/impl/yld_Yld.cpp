@@ -17,6 +17,7 @@
 #include "platform/text/msg_Format.h"
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/yld_Mesh.h"
+#include "yld/impl/yld_Raise.h"
 #include "yld/impl/yld_YldRepository.h"
 #include "yld_EnumMap.h"
 #include "yld_Exception.h"
@@ -123,7 +124,8 @@ void yld_Yld::readModel() const
             const sto_ElementData elements = mesh.elementData();
             for (int c = 0; c < elements.numClasses(); ++c) {
                 const sto_ElementClass elementClass = elements.elementClass(c);
-                if (elementClass.numElements() == 0 || elementClass.userElementLabels()[0] < 0) continue;
+                const int* labels = elementClass.userElementLabels();
+                if (elementClass.numElements() == 0 || !labels || labels[0] < 0) continue;
                 yld_String description("SectionCategory for element type ");
                 description += elementClass.typeLabel().c_str();
                 description += " in part ";
@@ -219,7 +221,7 @@ yld_Part& yld_Yld::Part(const yld_String& name, yld_Enum::yld_DimensionEnum dime
 {
     read();
     if (parts().isMember(name)) {
-        throw yld_Exception(yld_GENERAL, msg_Format("A part named \"%s\" already exists.", name));
+        yld_raise("A part named \"%s\" already exists.", name);
     }
     return parts().Part(name, dimension, type);
 }
@@ -235,10 +237,10 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
 {
     yld_StepRepository& all = steps();
     if (!previousStepName.empty() && !all.isMember(previousStepName) && previousStepName.compare("Initial") != 0) {
-        throw yld_Exception(yld_GENERAL, msg_Format("Previous step \"%s\" not found.", previousStepName));
+        yld_raise("Previous step \"%s\" not found.", previousStepName);
     }
     if (all.isMember(name)) {
-        throw yld_Exception(yld_GENERAL, msg_Format("A Step named \"%s\" already exists.", name));
+        yld_raise("A Step named \"%s\" already exists.", name);
     }
     const int position = all.size();
     const sto_Sto store = m_sto.ConstGet();
@@ -297,7 +299,7 @@ yld_Frame yld_Yld::getFrame(double value, yld_Enum::yld_MatchEnum match)
             best = distance;
         }
     }
-    if (foundStep < 0) throw yld_Exception(yld_GENERAL, msg_Format("Frame not found."));
+    if (foundStep < 0) yld_raise("Frame not found.");
     return all.at(foundStep).frames(foundFrame);
 }
 
@@ -325,7 +327,7 @@ bool yld_Yld::update()
 void yld_Yld::save(yld_String path)
 {
     if (!path.empty() && path.compare(m_path) != 0) {
-        throw yld_Exception(yld_GENERAL, msg_Format("YLD not saved. Changing the path is not allowed."));
+        yld_raise("YLD not saved. Changing the path is not allowed.");
     }
     try {
         m_sto.ConstGet().result().steps().flush();
@@ -333,9 +335,7 @@ void yld_Yld::save(yld_String path)
         store.Save();
         store.FlushDatabase();
     } catch (const exc_Exception& failure) {
-        yld_String text("Database save failed. ");
-        text += failure.what();
-        throw yld_Exception(yld_GENERAL, text);
+        yld_raise("Database save failed. %s", failure.what());
     }
 }
 
