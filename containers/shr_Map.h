@@ -1,16 +1,37 @@
 #ifndef SHR_MAP_H
 #define SHR_MAP_H
 
+#include "containers/shr_1DArrayList.h"
 #include "containers/shr_BtreeIterator.h"
 
-/// An ordered table from keys to values for use within the library: the copy-on-write tree with its look-ups
-/// open. Walk it with a shr_BtreeIterator.
+/// A table from keys to values for use within the library: the copy-on-write tree with its look-ups open. A
+/// shr_BtreeIterator walks it in the order of the keys; Key(i) tells the order in which they went in.
 template<class K, class V>
 class shr_Map : public shr_Btree<K, V>
 {
 public:
     /// @return false, and the old value stays, if the key is there already
-    bool Insert(const K& key, const V& value) { return this->InsertUnlessMember(key, value); }
+    bool Insert(const K& key, const V& value)
+    {
+        if (!shr_Btree<K, V>::InsertUnlessMember(key, value)) return false;
+        m_keys.Append(key);
+        return true;
+    }
+    bool InsertUnlessMember(const K& key, const V& value) { return Insert(key, value); }
+    /// @return false if the key is not there
+    bool Remove(const K& key)
+    {
+        if (!shr_Btree<K, V>::Remove(key)) return false;
+        m_keys.RemoveMember(key);
+        return true;
+    }
+    void Clear() noexcept
+    {
+        shr_Btree<K, V>::Clear();
+        m_keys = shr_1DArrayList<K>();
+    }
+    /// The key that went in as number i of those that are there, counted from 0.
+    const K& Key(int i) const { return m_keys[i]; }
 
     /// The value of a key, null if there is none. Good until the map is next written.
     const V* Lookup(const K& key) const
@@ -31,6 +52,9 @@ public:
         auto* const node = this->Find(key);
         return node ? &node->Value() : nullptr;
     }
+
+private:
+    shr_1DArrayList<K> m_keys;
 };
 
 #endif

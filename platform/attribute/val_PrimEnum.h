@@ -57,8 +57,8 @@ public:
     /// has no such text or the pointer is null.
     bool SetValue(const char* text);
 
-    /// The enumerators from text to number, built anew from the rows; walking the map gives the texts in its
-    /// own order. Include containers/shr_Map.h to use it.
+    /// The enumerators from text to number, built anew from the rows; Key(i) gives the texts in the order of the
+    /// table. Include containers/shr_Map.h to use it.
     shr_Map<shr_String, unsigned> PermissibleValues() const;
     /// The texts of the enumerators in the order of the table, parted by ", ".
     shr_String PermissibleValuesAsString() const;

@@ -734,6 +734,24 @@ TEST(shr_Map, looksUpAndFallsBackToTheDefault)
     EXPECT_EQ(map.Size(), 1);
 }
 
+TEST(shr_Map, tellsTheOrderInWhichKeysWentIn)
+{
+    shr_Map<int, unsigned> map;
+    for (const int key : {30, 10, 20, 10}) map.Insert(key, static_cast<unsigned>(key));
+    ASSERT_EQ(map.Size(), 3);
+    EXPECT_EQ(map.Key(0), 30);
+    EXPECT_EQ(map.Key(1), 10);
+    EXPECT_EQ(map.Key(2), 20);
+    const shr_Map<int, unsigned> copy = map;
+    EXPECT_TRUE(map.Remove(30));
+    EXPECT_FALSE(map.Remove(30));
+    EXPECT_EQ(map.Key(0), 10);
+    EXPECT_EQ(copy.Key(0), 30);
+    map.Clear();
+    map.Insert(5, 5u);
+    EXPECT_EQ(map.Key(0), 5);
+}
+
 // Trees that copy from one another beside ordinary maps. The number of handles on each node is counted anew.
 TEST(shr_Btree, randomEditsAgreeWithMaps)
 {

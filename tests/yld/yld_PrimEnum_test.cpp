@@ -46,7 +46,9 @@ void expectTable(const Rows& rows)
     const shr_Map<shr_String, unsigned> permissible =
         val_PrimEnum<E>(static_cast<E>(rows.front().second)).PermissibleValues();
     EXPECT_EQ(static_cast<int>(rows.size()), permissible.Size());
+    int place = 0;
     for (const auto& row : rows) {
+        EXPECT_STREQ(row.first, permissible.Key(place++).cStr());
         const unsigned* number = permissible.Lookup(shr_String(row.first));
         ASSERT_NE(nullptr, number) << row.first;
         EXPECT_EQ(static_cast<unsigned>(row.second), *number) << row.first;
