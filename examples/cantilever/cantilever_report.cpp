@@ -174,6 +174,12 @@ void report(const char* path)
 
 int main(int argc, char** argv)
 {
+    if (argc == 2 && std::strcmp(argv[1], "--help") == 0) {
+        std::puts("usage: cantilever_report FILE.yld\n\n"
+                  "Reads the results that cantilever_analysis wrote, one by one and in bulk, and compares them with beam\n"
+                  "theory. Exit status: 0 done, 1 the results could not be read, 2 the arguments are wrong.");
+        return 0;
+    }
     if (argc != 2) {
         std::fprintf(stderr, "cantilever_report: usage: cantilever_report FILE.yld\n");
         return 2;

@@ -122,6 +122,12 @@ class CantileverTest(programs.ProgramTest):
         x, y, z = DIVISIONS
         self.assertEqual(11 * (x + 1) * (y + 1) * (z + 1) + 8 * x * y * z, int(compared.group(1)))
 
+    def test_help(self):
+        for name in ("cantilever_analysis", "cantilever_report"):
+            result = run(name, "--help")
+            self.assertEqual((0, ""), (result.returncode, result.stderr))
+            self.assertTrue(result.stdout.startswith(f"usage: {name} FILE.yld"), result.stdout)
+
     def test_bad_arguments(self):
         path = os.path.join(self.folder.name, "other.yld")
         for name, arguments, code in (("cantilever_analysis", [], 2), ("cantilever_analysis", [path, 1, 2], 2),
