@@ -45,6 +45,9 @@ void fio_Extents::read(long long first, std::size_t offset, void* into, std::siz
         std::memcpy(into, gathered->bytes.data() + offset, count);
         return;
     }
+    if (count > 0 && (first < 1 || first >= m_next)) {
+        m_database.raise("extent " + std::to_string(first) + " is missing; the file is damaged");
+    }
     auto* target = static_cast<char*>(into);
     while (count > 0) {
         const std::size_t inside = offset % fio_Database::extentBytes;

@@ -124,7 +124,9 @@ void fio_FileBody::readHeader()
         else if (name == "root object") m_rootObject = read.integer(1);
     }
     m_savedExtents = m_extents->limit();
-    if (m_nextId < 1 || m_extents->limit() < 1 || m_uid.empty()) m_database->raise("the header makes no sense; the file is damaged");
+    // Numbers stay far from where counting on would overflow.
+    constexpr long long largest = 1LL << 60;
+    if (m_nextId > largest || m_extents->limit() > largest || m_saveCount < 0 || m_saveCount > largest || m_nextId < 1 || m_extents->limit() < 1 || m_uid.empty()) m_database->raise("the header makes no sense; the file is damaged");
 }
 
 void fio_FileBody::writeHeader()

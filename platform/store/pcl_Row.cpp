@@ -238,10 +238,6 @@ bool pcl_RowReader::readRun(const char* attribute, pcl_ArrayBase& bulk, std::siz
     if (count < 0 || count > largest / static_cast<long long>(valueSize) || first < 0 || (count > 0 && first == 0)) {
         refuse(attribute);
     }
-    // The run must be one that a save has given: checked here, so that nothing later has to.
-    const long long extents = (count * static_cast<long long>(valueSize) - 1) / static_cast<long long>(fio_Database::extentBytes) + 1;
-    const long long limit = m_file->extents().limit();
-    if (count > 0 && (first >= limit || extents > limit - first)) refuse(attribute);
     bulk.m_file = m_file;
     bulk.m_stored = {first, count};
     bulk.m_count = count;

@@ -594,7 +594,7 @@ TEST(fio_File, lyingCountsAreRefusedBeforeMemoryIsTaken)
         rootOf(file).fetch()->m_labels.data();
     };
     lie("UPDATE sample_Thing SET \"labels.count\" = 4000000000");
-    EXPECT_EQ(failureOf(readLabels), path + ": the value of sample_Thing.labels makes no sense; the file is damaged");
+    EXPECT_EQ(failureOf(readLabels), path + ": an array of 16000000000 bytes from extent 1 cannot be; the file is damaged");
     lie("UPDATE sample_Thing SET \"labels.count\" = -1");
     EXPECT_EQ(failureOf(readLabels),
               path + ": the value of sample_Thing.labels makes no sense; the file is damaged");
@@ -605,7 +605,7 @@ TEST(fio_File, lyingCountsAreRefusedBeforeMemoryIsTaken)
     EXPECT_EQ(failureOf(readLabels),
               path + ": extent 1 should have 16 bytes but has 12; the file is damaged");
     lie("UPDATE sample_Thing SET \"labels.count\" = 3, labels = 77");
-    EXPECT_EQ(failureOf(readLabels), path + ": the value of sample_Thing.labels makes no sense; the file is damaged");
+    EXPECT_EQ(failureOf(readLabels), path + ": an array of 12 bytes from extent 77 cannot be; the file is damaged");
     lie("UPDATE sample_Thing SET labels = 1, texts = '9:short,'");
     EXPECT_EQ(failureOf(readLabels), path + ": the value of sample_Thing.texts makes no sense; the file is damaged");
     lie("UPDATE sample_Thing SET texts = '', number = 3000000000");
