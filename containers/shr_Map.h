@@ -10,6 +10,18 @@ template<class K, class V>
 class shr_Map : public shr_Btree<K, V>
 {
 public:
+    shr_Map() = default;
+    shr_Map(const shr_Map&) = default;
+    ~shr_Map() = default;
+    /// The other map may be a value of this one, and go with what is assigned over.
+    shr_Map& operator=(const shr_Map& other)
+    {
+        const shr_1DArrayList<K> keys(other.m_keys);
+        shr_Btree<K, V>::operator=(other);
+        m_keys = keys;
+        return *this;
+    }
+
     /// @return false, and the old value stays, if the key is there already
     bool Insert(const K& key, const V& value)
     {
