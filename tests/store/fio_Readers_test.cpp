@@ -314,6 +314,12 @@ int statusOf(pid_t child)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
+#if defined(__SANITIZE_ADDRESS__) || !defined(NDEBUG)
+constexpr double slackForBuild = 4.0;
+#else
+constexpr double slackForBuild = 1.0;
+#endif
+
 } // namespace
 
 TEST(fio_Readers, seeWholeSavedStatesAndNeverDisturbTheWriter)
@@ -345,9 +351,8 @@ TEST(fio_Readers, seeWholeSavedStatesAndNeverDisturbTheWriter)
         EXPECT_EQ(reader.lastState, saves);
         EXPECT_EQ(reader.late, 0) << "states that were saved before the look were not seen";
     }
-    // Times are printed and not judged here: what they are depends on the machine's disk and on who else uses it.
-    EXPECT_GT(alone->writerSeconds, 0.0);
-    EXPECT_GT(watched->writerSeconds, 0.0);
+    // A second is allowed for five processes that share few processors.
+    EXPECT_LT(watched->writerSeconds, 2.0 * alone->writerSeconds * slackForBuild + 1.0);
     // Nothing but the file is needed, so processes that share no memory are served the same way.
     EXPECT_FALSE(std::filesystem::exists(path + "-shm"));
     EXPECT_FALSE(std::filesystem::exists(path + "-wal"));
