@@ -19,7 +19,7 @@ using Code = eng_DataType;
 
 std::ifstream openReference(const char* name)
 {
-    return std::ifstream(std::filesystem::path(__FILE__).parent_path() / "reference" / name,
+    return std::ifstream(std::filesystem::path(YLD_REFERENCE) / name,
                          std::ios::binary);
 }
 

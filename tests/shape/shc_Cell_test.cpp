@@ -23,7 +23,7 @@ const char* const kindNames[] = {"POINT1",  "LINE2",   "LINE3", "TRIANGLE3", "TR
 
 std::ifstream openReference(const char* name)
 {
-    return std::ifstream(std::filesystem::path(__FILE__).parent_path() / "reference" / name);
+    return std::ifstream(std::filesystem::path(YLD_REFERENCE) / name);
 }
 
 std::vector<const shc_Cell*> allCells()
