@@ -5,6 +5,7 @@
 
 #include "yld_API.h"
 #include "yld_Assembly.h"
+#include "yld_DatumCsys.h"
 #include "yld_DiscreteEntity.h"
 #include "yld_Element.h"
 #include "yld_Enum.h"
@@ -19,6 +20,7 @@
 #include "yld_Node.h"
 #include "yld_Part.h"
 #include "yld_Repository.h"
+#include "yld_Section.h"
 #include "yld_SectionCategory.h"
 #include "yld_Sequence.h"
 #include "yld_SequenceElement.h"

@@ -250,7 +250,7 @@ TEST_F(yld_AssemblyTest, setLabelsOfTheStoredAssemblyCanBeReplaced)
     yld_Set& set = assembly().nodeSets().get("A");
     set.clearMembers();
     EXPECT_EQ(labelsOf(set.nodes("P-2")), (std::vector<int>{4, 5}));
-    EXPECT_EQ(raisedText([&] { stored.modifyElementSetLabels("A", {}, false); }), "Set \"A\" does not exist.");
+    EXPECT_EQ(raisedText([&] { stored.modifyElementSetLabels("A", {}, false, false); }), "Set \"A\" does not exist.");
     EXPECT_EQ(raisedText([&] { stored.instance("Q"); }), "There is no part instance named \"Q\".");
 }
 
