@@ -49,6 +49,7 @@ void yld_Part::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_
     if (labels.isEmpty()) yld_raise("No node labels provided.");
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, width);
     const std::vector<int> given = yld_MeshInput::values(labels);
+    if (!setName.empty()) readSets(setC_Set::nodeSet, false, m_nodeSets);
     yld_guard([&] {
         sto_Mesh mesh = m_stored->mesh();
         if (mesh.nodeData().Dim() != width) yld_raise("The space of part \"%s\" is not that of its mesh.", m_name);
@@ -69,6 +70,7 @@ void yld_Part::bindMesh()
     m_nodes = yld_SequenceNode(m_mesh);
 }
 
+// The sets that were there before have been read: one that stands alone in the repository would hide them.
 void yld_Part::joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type)
 {
     const std::string wanted = yld_MeshInput::text(name);
@@ -76,8 +78,6 @@ void yld_Part::joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type)
         const bool isNodes = type == yld_Enum::NODE_SET;
         const sto_Set set = isNodes ? m_stored->mesh().nset(wanted) : m_stored->mesh().elset(wanted);
         yld_SetRepository& sets = isNodes ? m_nodeSets : m_elementSets;
-        // What is not in a repository that was never read would hide the sets of the store from it.
-        readSets(isNodes ? setC_Set::nodeSet : setC_Set::elementSet, false, sets);
         if (!sets.insert(name, yld_Set(name, set, yld_MeshList(m_mesh)))) sets.get(name).clearMembers();
     });
 }
@@ -90,6 +90,7 @@ void yld_Part::addElements(const yld_Sequence<int>& labels, const yld_Sequence<y
     const std::vector<int> nodes = yld_MeshInput::elements(labels, connectivity, type, width);
     const std::vector<int> given = yld_MeshInput::values(labels);
     const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, category);
+    if (!setName.empty()) readSets(setC_Set::elementSet, false, m_elementSets);
     yld_guard([&] {
         m_stored->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr);
     });
