@@ -230,7 +230,8 @@ fio_Statement fio_Database::prepare(const std::string& sql)
 // map before: if another process has emptied the file, that would be a signal and no error.
 void fio_Database::refuseEmptiedFile() const
 {
-    if (!m_hasContent) return;
+    // Inside a transaction it has been asked already.
+    if (!m_hasContent || !sqlite3_get_autocommit(m_handle)) return;
     struct stat status{};
     if (stat(m_path.c_str(), &status) == 0 && status.st_size < leastBytes) raise("the file was cut short");
 }
