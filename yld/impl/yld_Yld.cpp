@@ -14,6 +14,7 @@
 #include "platform/sto/sto_StepContainer.h"
 #include "platform/sto/sto_Sto.h"
 #include "platform/sto/sto_StoStep.h"
+#include "platform/sto/sto_UserData.h"
 #include "platform/text/msg_Format.h"
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/yld_Mesh.h"
