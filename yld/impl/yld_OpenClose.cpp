@@ -160,7 +160,8 @@ yld_Yld& openYld(const yld_String& name, const yld_String& givenPath, bool readO
         const bool isNew = !registry.isMember(name);
         const StoreKeeper keeper(place.path);
         try {
-            enterStore(registry, name, place.path, openStore(place, readOnly), readOnly);
+            const sto_Sto store = openStore(place, readOnly);
+            enterStore(registry, name, place.path, store, readOnly);
         } catch (...) {
             if (locked) registry.RemoveLock(place.path);
             keeper.closeUnlessEntered(registry);
@@ -177,21 +178,41 @@ yld_Yld& openYld(const yld_String& name, const yld_String& givenPath, bool readO
     }
 }
 
-yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_String& description,
-             const yld_String& givenPath)
+namespace {
+
+[[noreturn]] void raiseCreate(const yld_String& path, const exc_Exception& failure)
 {
-    yld_YldRepository& registry = yld_YldRepository::Instance();
-    const yld_String path = yld_YldRepository::normalisedPath(givenPath.empty() ? name : givenPath);
+    yld_raise("Cannot create file %1$s. %2$s", path, failure.what());
+}
+
+// Where a new database goes; neither its name nor its path may be in use.
+yld_String freePath(const yld_YldRepository& registry, const yld_String& name, const yld_String& givenPath)
+{
+    yld_String path = givenPath.empty() ? name : givenPath;
+    try {
+        path = yld_YldRepository::normalisedPath(path);
+    } catch (const exc_Exception& failure) {
+        raiseCreate(path, failure);
+    }
     if (registry.isMember(name)) {
         yld_raise("A database named ('%s') already exists.", name);
     }
     if (registry.IsFileOpen(path)) {
         yld_raise("The path '%s' has an existing sto associated with it.", path);
     }
-    sto_StoContainer& container = registry.StoContainer();
-    const StoreKeeper keeper(path);
+    return path;
+}
+
+} // namespace
+
+yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_String& description,
+             const yld_String& givenPath)
+{
+    yld_YldRepository& registry = yld_YldRepository::Instance();
+    const yld_String path = freePath(registry, name, givenPath);
     sto_Sto store;
     try {
+        sto_StoContainer& container = registry.StoContainer();
         container.CreateSto(store, path, description);
         sto_Model model = store.Model(defaultModel);
         store.Result();
@@ -208,10 +229,10 @@ yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_
     } catch (const exc_Exception& failure) {
         // What was begun here and not brought to its end is no database.
         if (store.file()) {
-            keeper.closeUnlessEntered(registry);
+            sto_StoToolset::Instance().CloseYld(path);
             std::remove(path.cStr());
         }
-        yld_raise("Cannot create file %1$s. %2$s", path, failure.what());
+        raiseCreate(path, failure);
     }
 }
 
