@@ -4,6 +4,7 @@
 /// The whole public interface.
 
 #include "yld_API.h"
+#include "yld_ApiExtension.h"
 #include "yld_Assembly.h"
 #include "yld_DiscreteEntity.h"
 #include "yld_Element.h"
@@ -20,6 +21,7 @@
 #include "yld_Part.h"
 #include "yld_Repository.h"
 #include "yld_SectionCategory.h"
+#include "yld_SectorDefinition.h"
 #include "yld_Sequence.h"
 #include "yld_SequenceElement.h"
 #include "yld_SequenceFieldValue.h"

@@ -3,6 +3,7 @@
 
 #include "platform/model/mshK_Model.h"
 #include "platform/sto/sto_Assembly.h"
+#include "platform/sto/sto_ModelSectorDefinition.h"
 #include "platform/sto/sto_Part.h"
 
 /// A handle on a stored model. What it tells is up to date with every call.
@@ -22,6 +23,20 @@ public:
     void setModelTitle(const std::string& title);
     std::string globalJob() const { return model()->m_globalJob; }
     void setGlobalJob(const std::string& job);
+    bool shellToSolid() const { return model()->m_shellToSolid; }
+    void setShellToSolid(bool shellToSolid);
+    std::string solverInput() const { return model()->m_solverInput; }
+    void setSolverInput(const std::string& text);
+    std::string topLevelSolverInput() const { return model()->m_topLevelSolverInput; }
+    void setTopLevelSolverInput(const std::string& text);
+
+    /// One sector stands for a whole of cyclic symmetry: the axis goes through two points of three coordinates.
+    void DefineCyclicSymmetry(const float* startPoint, const float* endPoint, int sectors);
+    /// The names of the constraints that tie neighbouring sectors.
+    void setCyclicSymmTieConstraints(const std::vector<std::string>& names);
+    std::vector<std::string> cyclicSymmTieConstraints() const { return model()->m_sectorTies; }
+    bool HasSectorDefinition() const { return sto_ModelSectorDefinition(m_reference).isValid(); }
+    sto_ModelSectorDefinition modelSectorDefinition() const { return sto_ModelSectorDefinition(m_reference); }
     /// 2 when there are parts and none of them is in space, else 3.
     int dimension() const;
 
@@ -46,6 +61,14 @@ public:
     const std::shared_ptr<fio_FileBody>& modelFile() const { return m_reference.file(); }
 
 private:
+    // Changes one value of the stored model.
+    template<class Value> void change(Value mshK_Model::* member, Value value)
+    {
+        const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
+        (*changed).*member = std::move(value);
+        m_reference.replace(changed);
+    }
+
     lnk_ShortCut<mshK_Model> m_reference;
 };
 

@@ -7,13 +7,25 @@
 #include "platform/sto/sto_UserData.h"
 #include "platform/store/fio_Error.h"
 
+namespace {
+
+constexpr const char* noStore = "no store is open here";
+
+} // namespace
+
 lnk_ShortCut<sto_StoData> sto_Sto::root() const
 {
-    if (!m_file) fio_raise("store", "no store is open here");
+    if (!m_file) fio_raise("store", noStore);
     return lnk_ShortCut<sto_StoData>(m_file, m_file->rootObject());
 }
 
 shr_String sto_Sto::FileName() const { return m_file ? shr_String(m_file->path().c_str()) : shr_String(); }
+
+int sto_Sto::version() const
+{
+    if (!m_file) fio_raise("store", noStore);
+    return m_file->version();
+}
 
 sto_Model sto_Sto::Model(const char* name)
 {
@@ -87,8 +99,26 @@ void sto_Sto::setOnlyHasUserDefinedData(bool only)
     root().replace(changed);
 }
 
+void sto_Sto::ExtendApi(const sto_ApiExtension& extension)
+{
+    const std::string key = std::to_string(extension.m_type);
+    mrp_Container<sto_ApiExtension> extensions = root().fetch()->m_apiExtensions;
+    if (extensions.isNull()) {
+        extensions = mrp_Container<sto_ApiExtension>::create(m_file);
+        const auto changed = root().fetchWritable();
+        changed->m_apiExtensions = extensions;
+        root().replace(changed);
+    }
+    if (extensions.find(key) < 0) extensions.append(key, lnk_ShortCut<sto_ApiExtension>::create(m_file, extension));
+}
+
+lnk_ShortCut<sto_ApiExtension> sto_Sto::apiExtension(int type) const
+{
+    return root().fetch()->m_apiExtensions.get(std::to_string(type));
+}
+
 void sto_Sto::Save()
 {
-    if (!m_file) fio_raise("store", "no store is open here");
+    if (!m_file) fio_raise("store", noStore);
     m_file->save();
 }

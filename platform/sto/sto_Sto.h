@@ -1,6 +1,7 @@
 #ifndef STO_STO_H
 #define STO_STO_H
 
+#include "platform/sto/sto_ApiExtension.h"
 #include "platform/store/fio_File.h"
 #include "platform/store/mrp_Container.h"
 #include "platform/store/pcl_Persistent.h"
@@ -28,6 +29,7 @@ public:
         visit("result", self.m_result);
         visit("user data", self.m_userData);
         visit("only user defined data", self.m_onlyHasUserDefinedData);
+        visit("api extensions", self.m_apiExtensions);
     }
 
     std::string m_description;
@@ -36,6 +38,7 @@ public:
     lnk_ShortCut<fld_Result> m_result;
     lnk_ShortCut<sto_UserDataContent> m_userData;
     bool m_onlyHasUserDefinedData = false;
+    mrp_Container<sto_ApiExtension> m_apiExtensions; ///< by type; made with the first
 };
 
 /// A handle on an open store. Copies stand for the same store.
@@ -49,6 +52,8 @@ public:
     bool isValid() const { return m_file != nullptr && m_file->isOpen(); }
     const std::shared_ptr<fio_FileBody>& file() const { return m_file; }
     shr_String FileName() const;
+    /// The version of the file's layout.
+    int version() const;
 
     /// Makes a model with its empty root assembly, or gives the one of that name.
     sto_Model Model(const char* name);
@@ -70,6 +75,13 @@ public:
     void setAnalysisVersion(const shr_String& version);
     void setOnlyHasUserDefinedData(bool only);
     bool onlyHasUserDefinedData() const;
+
+    /// The root object itself.
+    lnk_ShortCut<sto_StoData> shortCut() const { return root(); }
+    /// Keeps what a program adds to the interface under its type; one that the type has already stays.
+    void ExtendApi(const sto_ApiExtension& extension);
+    /// A null reference where the type has none.
+    lnk_ShortCut<sto_ApiExtension> apiExtension(int type) const;
 
     /// Writes everything that changed.
     void Save();

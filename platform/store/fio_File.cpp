@@ -1,5 +1,6 @@
 #include "platform/store/fio_File.h"
 
+#include "platform/base/osu_UrlParser.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/pcl_Row.h"
 
@@ -43,6 +44,11 @@ std::vector<Column> columnsOf(const pcl_ClassMetadata::Attribute& attribute)
         return {{attribute.name, "INTEGER"}, {attribute.name + ".count", "INTEGER"}};
     }
     return {};
+}
+
+void refuseUrl(const char* path)
+{
+    if (osu_UrlParser::IsUrl(path)) fio_raise(path, "is a URL; only files of this machine can be opened");
 }
 
 std::string freshUid()
@@ -540,11 +546,13 @@ fio_File::fio_File(const std::shared_ptr<fio_FileBody>& body)
 
 fio_File fio_File::Open(const char* path, bool forWriting, bool)
 {
+    refuseUrl(path);
     return fio_File(std::make_shared<fio_FileBody>(
         path, forWriting ? fio_Database::Access::WRITE : fio_Database::Access::READ));
 }
 
 fio_File fio_File::Create(const char* path)
 {
+    refuseUrl(path);
     return fio_File(std::make_shared<fio_FileBody>(path, fio_Database::Access::CREATE));
 }
