@@ -1,9 +1,11 @@
 #ifndef STO_MODEL_H
 #define STO_MODEL_H
 
+#include "platform/attribute/secC_Section.h"
 #include "platform/model/mshK_Model.h"
 #include "platform/sto/sto_Assembly.h"
 #include "platform/sto/sto_ModelSectorDefinition.h"
+#include "platform/sto/sto_Datum.h"
 #include "platform/sto/sto_Part.h"
 
 /// A handle on a stored model. What it tells is up to date with every call.
@@ -42,7 +44,7 @@ public:
 
     int numParts() const { return model()->m_parts.size(); }
     std::string partName(int index) const { return model()->m_parts.key(index); }
-    sto_Part part(int index) const { return sto_Part(model()->m_parts.at(index)); }
+    sto_Part part(int index) const { return sto_Part(model()->m_parts.at(index), m_reference); }
     bool hasPart(const std::string& name) const { return model()->m_parts.find(name) >= 0; }
     /// Raises when there is no part of that name.
     sto_Part part(const std::string& name) const;
@@ -57,6 +59,33 @@ public:
     sto_PartInstance PartInstanceFromPart(const std::string& partName, const std::string& instanceName, int meshIndex,
                                           const float* placement);
 
+    /// The datums, in the order in which they were made.
+    int numDatums() const { return model()->m_datums.size(); }
+    std::string datumName(int index) const { return model()->m_datums.key(index); }
+    sto_Datum datum(int index) const { return sto_Datum(model()->m_datums.at(index)); }
+    bool hasDatum(const std::string& name) const { return model()->m_datums.find(name) >= 0; }
+    /// Raises when there is no datum of that name.
+    sto_Datum datum(const std::string& name) const;
+    /// Make a datum system, fixed or following nodes; one of a name that is taken is changed into it. Nodes are given
+    /// by mesh index and label; their places when the system is made give its axes. Raise for a node that is not there.
+    sto_DatumCsys DatumCsys(const std::string& name, const geo_Vector& x, const geo_Vector& y, const geo_Vector& z,
+                            axs_CsysTypeEnm type, const geo_Vector& origin);
+    sto_DatumCsys DatumCsys3Nodes(const std::string& name, const int meshIndices[3], const int labels[3],
+                                  axs_CsysTypeEnm type);
+    sto_DatumCsys DatumCsys3CircNodes(const std::string& name, const int meshIndices[3], const int labels[3],
+                                      axs_CsysTypeEnm type);
+    sto_DatumCsys DatumCsys6dofNode(const std::string& name, int meshIndex, int label, axs_CsysTypeEnm type);
+    /// Files a finished system under a name.
+    sto_DatumCsys file(const std::string& name, axs_DatumCsys datum);
+
+    /// The sections, by name.
+    int numSections() const { return model()->m_sections.size(); }
+    bool hasSection(const std::string& name) const { return model()->m_sections.find(name) >= 0; }
+    /// A null reference where there is none of that name.
+    lnk_ShortCut<secC_Section> section(const std::string& name) const { return model()->m_sections.get(name); }
+    /// Makes a section, or gives the one of that name as it is.
+    lnk_ShortCut<secC_Section> Section(const std::string& name, int subType);
+
     const lnk_ShortCut<mshK_Model>& shortCut() const { return m_reference; }
     const std::shared_ptr<fio_FileBody>& modelFile() const { return m_reference.file(); }
 
@@ -68,6 +97,8 @@ private:
         (*changed).*member = std::move(value);
         m_reference.replace(changed);
     }
+    geo_Vector nodePosition(int meshIndex, int label) const;
+    axs_DatumCsys followingNodes(int follows, const int meshIndices[], const int labels[], axs_CsysTypeEnm type) const;
 
     lnk_ShortCut<mshK_Model> m_reference;
 };
