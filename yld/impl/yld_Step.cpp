@@ -43,7 +43,10 @@ yld_Frame& yld_SequenceFrame::hold(int index) const
     if (m_step.IsNull()) yld_raise("The step has no frames.");
     const sto_Frame frame = yld_guard([&] { return m_step->frame(index); });
     if (m_current.IsValid() && m_current->frameIndex() != index) leave();
-    m_current = new yld_Frame(index, shr_COW<sto_Frame>(frame), m_assembly, m_domain, m_owner, loadCaseOf(frame));
+    const yld_Frame made(index, shr_COW<sto_Frame>(frame), m_assembly, m_domain, m_owner, loadCaseOf(frame));
+    // The slot itself stays where it is, so that an older reference shows the new frame and nothing worse.
+    if (m_current.IsValid() && m_current.Count() == 1) *m_current = made;
+    else m_current = new yld_Frame(made);
     return *m_current;
 }
 
