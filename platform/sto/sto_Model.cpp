@@ -1,6 +1,7 @@
 #include "platform/sto/sto_Model.h"
 
 #include "platform/store/fio_File.h"
+#include "platform/sto/sto_StoStep.h"
 #include "platform/text/exc_Exception.h"
 #include "platform/text/msg_Format.h"
 
@@ -17,7 +18,9 @@ sto_Model sto_Model::create(const std::shared_ptr<fio_FileBody>& file, const std
     model.m_parts = mrp_Container<mshK_Part>::create(file);
     model.m_rootAssembly = lnk_ShortCut<mshK_Assembly>::create(file, std::move(assembly));
     model.m_steps = mrp_Container<mshK_Step>::create(file);
-    return sto_Model(lnk_ShortCut<mshK_Model>::create(file, std::move(model)));
+    const sto_Model made(lnk_ShortCut<mshK_Model>::create(file, std::move(model)));
+    made.step(mshK_Step::InitialStepName());
+    return made;
 }
 
 void sto_Model::setModelTitle(const std::string& title) { change(&mshK_Model::m_title, title); }
