@@ -212,19 +212,43 @@ TEST_F(yld_FieldBulkDataTest, chosenValuesOfABlockStandSideBySide)
     yld_FieldOutput& p = frame.FieldOutput("P", "", yld_Enum::SCALAR);
     p.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101, 102}), counted(16));
     yld_SubField part(p.SubField()[0]);
-    part.setIndices(ints({1, 9, 15}));
+    part.setIndices(ints({8, 9, 10, 11, 12, 13, 14, 15}));
     yld_Sequence<yld_SubField> blocks;
     blocks.append(part);
     const yld_SequenceFieldValue values(blocks);
-    EXPECT_EQ(values.size(), 3);
+    EXPECT_EQ(values.size(), 8);
     EXPECT_EQ(values.get(1).data()[0], 10.0);
     EXPECT_EQ(values.get(1).elementLabel(), 102);
     EXPECT_EQ(values.get(1).integrationPoint(), 2);
     const yld_SequenceFieldBulkData bulk(values);
-    EXPECT_EQ(bulk[0].length(), 3);
-    EXPECT_EQ(bulk[0].data()[2], 16.0F);
-    EXPECT_EQ(listed(bulk[0].elementLabels(), 3), "101 102 102 ");
-    EXPECT_EQ(listed(bulk[0].integrationPoints(), 3), "2 2 8 ");
+    EXPECT_EQ(bulk[0].length(), 8);
+    EXPECT_EQ(bulk[0].data()[2], 11.0F);
+    EXPECT_EQ(listed(bulk[0].elementLabels(), 8), "102 102 102 102 102 102 102 102 ");
+    EXPECT_EQ(listed(bulk[0].integrationPoints(), 8), "1 2 3 4 5 6 7 8 ");
+    // The block itself has changed, for everyone who holds it; the field's own block has not.
+    EXPECT_TRUE(part.indices().isEmpty());
+    EXPECT_EQ(part.storedLength(), 8);
+    EXPECT_EQ(p.SubField()[0].storedLength(), 16);
+}
+
+TEST_F(yld_FieldBulkDataTest, partsOfAnElementHaveNoPlainArrays)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& p = frame.FieldOutput("P", "", yld_Enum::SCALAR);
+    p.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101, 102}), counted(16));
+    yld_SubField part(p.SubField()[0]);
+    part.setIndices(ints({1, 9, 15}));
+    yld_Sequence<yld_SubField> blocks;
+    blocks.append(part);
+    const yld_SequenceFieldValue values(blocks);
+    EXPECT_EQ(failureOf([&] { const yld_SequenceFieldBulkData bulk(values); }),
+              "Length of data sequence incorrect. Data at 8 locations expected. Data at 3 locations provided. Element "
+              "data request failed. Element type is HEX8. Data at 8 integration points per element expected.");
+    // One by one they are there, and nothing has changed.
+    EXPECT_EQ(part.indices().size(), 3);
+    EXPECT_EQ(values.get(2).data()[0], 16.0);
+    EXPECT_EQ(values.get(2).elementLabel(), 102);
+    EXPECT_EQ(values.get(2).integrationPoint(), 8);
 }
 
 TEST_F(yld_FieldBulkDataTest, labelsOutliveASave)
