@@ -1,57 +1,13 @@
 #include "platform/sto/sto_Assembly.h"
-#include "platform/sto/sto_Field.h"
 #include "platform/sto/sto_FieldContainer.h"
-#include "platform/sto/sto_FieldFrame.h"
-#include "platform/sto/sto_FieldStep.h"
 #include "result_model.h"
+#include "stored_blocks.h"
 #include "yld/impl/yld_FieldValueList.h"
 
 #include <cmath>
-#include <cstring>
-#include <vector>
 
 using yld_FieldBulkDataTest = ResultModel;
 using yld_SequenceFieldValueTest = ResultModel;
-
-namespace {
-
-std::string listed(const int* numbers, int count)
-{
-    if (!numbers) return "null";
-    std::string text;
-    for (int i = 0; i < count; ++i) text += std::to_string(numbers[i]) + " ";
-    return text;
-}
-
-// A block written past the checks of the public interface, as a solver may write it.
-sto_Field writeBlock(const yld_Frame& frame, fld_FieldDescription description, int key, const std::vector<float>& values,
-                     const std::vector<double>& doubles = {})
-{
-    sto_FieldFrame fields = frame.fieldOutputs().fieldFrame().ConstGet();
-    sto_FieldStep step = frame.fieldOutputs().fieldStep().ConstGet();
-    const bool isDouble = !doubles.empty();
-    const std::size_t bytes = isDouble ? doubles.size() * sizeof(double) : values.size() * sizeof(float);
-    fio_Buffer buffer(bytes);
-    if (bytes > 0) {
-        std::memcpy(buffer.writable(), isDouble ? static_cast<const void*>(doubles.data()) : values.data(), bytes);
-    }
-    const sto_Field field =
-        fields.Field(step.Field(std::move(description)), key, buffer, fio_Buffer(), sto_Field(), isDouble ? 1 : 0);
-    step.setNumberField(key + 1);
-    return field;
-}
-
-fld_FieldDescription describe(const char* label, fld_DataTypeEnm type, fld_OutputPositionEnm position, int length)
-{
-    fld_FieldDescription description;
-    description.m_label = label;
-    description.m_dataType = static_cast<int>(type);
-    description.m_position = static_cast<int>(position);
-    description.m_length = length;
-    return description;
-}
-
-} // namespace
 
 TEST_F(yld_FieldBulkDataTest, nodeBlock)
 {

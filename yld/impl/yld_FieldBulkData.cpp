@@ -230,7 +230,7 @@ yld_SequenceFieldBulkData::yld_SequenceFieldBulkData(const yld_SequenceFieldValu
 {
     for (int i = 0; i < m_values.numBlocks(); ++i) {
         // Plain arrays are contiguous: a block that shows only some of its values gets a field of its own for them.
-        yld_guard([&] { m_values.blocks()[i].materialize(); });
+        m_values.blocks()[i].materialize();
         const yld_FieldValueList& shown = m_values.list(i);
         m_bulk.Get(m_count++) = shr_COW<yld_FieldBulkData>(new yld_FieldBulkData(shown));
     }

@@ -73,15 +73,13 @@ yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(const yld_Set& set) con
     yld_SequenceFieldValue subset = filtered(
         [&](const yld_SubField& block) { return block.setType() == type && block.setName() == name; });
     if (subset.numBlocks() > 0) return subset;
-    yld_guard([&] {
-        for (const yld_SubField& block : m_blocks) {
-            const yld_Sequence<int> indices = block.indicesInSet(set);
-            if (indices.isEmpty()) continue;
-            yld_SubField part = block.subsetAt(indices, type == yld_Enum::NODE_SET ? yld_Enum::NODAL : block.position());
-            part.setSubsetSet(set.set());
-            subset.append(part);
-        }
-    });
+    for (const yld_SubField& block : m_blocks) {
+        const yld_Sequence<int> indices = block.indicesInSet(set);
+        if (indices.isEmpty()) continue;
+        yld_SubField part = block.subsetAt(indices, type == yld_Enum::NODE_SET ? yld_Enum::NODAL : block.position());
+        part.setSubsetSet(set.set());
+        subset.append(part);
+    }
     return subset;
 }
 
@@ -90,9 +88,8 @@ yld_SequenceFieldValue::getSubset(const yld_Sequence<yld_Sequence<float>>& local
 {
     yld_SequenceFieldValue subset;
     for (int i = 0; i < m_blocks.size(); ++i) {
-        const yld_Sequence<int> found = yld_guard([&] { return list(i).placesOfSystem(localCoordSystem); });
-        if (found.isEmpty()) continue;
-        yld_guard([&] { subset.append(m_blocks[i].subsetAt(found, m_blocks[i].position())); });
+        const yld_Sequence<int> found = list(i).placesOfSystem(localCoordSystem);
+        if (!found.isEmpty()) subset.append(m_blocks[i].subsetAt(found, m_blocks[i].position()));
     }
     return subset;
 }
@@ -102,13 +99,11 @@ yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(const yld_Node& node) c
     yld_SequenceFieldValue subset;
     const int label = node.label();
     const yld_Sequence<int> labels(&label, 1);
-    yld_guard([&] {
-        for (const yld_SubField& block : m_blocks) {
-            if (block.meshIndex() != node.meshIndex()) continue;
-            const yld_Sequence<int> indices = block.indicesOfNodes(labels);
-            if (!indices.isEmpty()) subset.append(block.subsetAt(indices, yld_Enum::NODAL));
-        }
-    });
+    for (const yld_SubField& block : m_blocks) {
+        if (block.meshIndex() != node.meshIndex()) continue;
+        const yld_Sequence<int> indices = block.indicesOfNodes(labels);
+        if (!indices.isEmpty()) subset.append(block.subsetAt(indices, yld_Enum::NODAL));
+    }
     return subset;
 }
 
@@ -117,12 +112,10 @@ yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(const yld_Element& elem
     yld_SequenceFieldValue subset;
     const int label = element.label();
     const yld_Sequence<int> labels(&label, 1);
-    yld_guard([&] {
-        for (const yld_SubField& block : m_blocks) {
-            if (block.meshIndex() != element.meshIndex()) continue;
-            const yld_Sequence<int> indices = block.indicesOfElements(labels);
-            if (!indices.isEmpty()) subset.append(block.subsetAt(indices, block.position()));
-        }
-    });
+    for (const yld_SubField& block : m_blocks) {
+        if (block.meshIndex() != element.meshIndex()) continue;
+        const yld_Sequence<int> indices = block.indicesOfElements(labels);
+        if (!indices.isEmpty()) subset.append(block.subsetAt(indices, block.position()));
+    }
     return subset;
 }

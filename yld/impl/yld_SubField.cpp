@@ -288,88 +288,96 @@ private:
 
 yld_Sequence<int> yld_SubField::indicesInSet(const yld_Set& chosen) const
 {
-    const yld_SubFieldBody& block = body();
-    const sto_Set& set = chosen.set();
-    std::vector<int> found;
-    if (block.description.hasSet()) {
-        const sto_Set own = block.description.set();
-        if (own.setType() == set.setType() && chosen.name() == own.setLabel().c_str()) {
-            found.resize(static_cast<std::size_t>(block.storedLength));
-            for (std::size_t i = 0; i < found.size(); ++i) found[i] = static_cast<int>(i);
-            return sequenceOf(found);
+    return yld_guard([&]() -> yld_Sequence<int> {
+        const yld_SubFieldBody& block = body();
+        const sto_Set& set = chosen.set();
+        std::vector<int> found;
+        if (block.description.hasSet()) {
+            const sto_Set own = block.description.set();
+            if (own.setType() == set.setType() && chosen.name() == own.setLabel().c_str()) {
+                found.resize(static_cast<std::size_t>(block.storedLength));
+                for (std::size_t i = 0; i < found.size(); ++i) found[i] = static_cast<int>(i);
+                return sequenceOf(found);
+            }
         }
-    }
 
-    const std::vector<int> wanted = SetLabels(block, set).labels();
-    if (wanted.empty()) return {};
-    if (isElementNodal(block) && set.setType() == setC_Set::nodeSet) {
-        const std::unordered_set<int> labels(wanted.begin(), wanted.end());
-        const std::vector<int> own = block.nodeLabels(connectivityOf(block));
-        for (std::size_t i = 0; i < own.size(); ++i) {
-            if (labels.contains(own[i])) found.push_back(static_cast<int>(i));
+        const std::vector<int> wanted = SetLabels(block, set).labels();
+        if (wanted.empty()) return {};
+        if (isElementNodal(block) && set.setType() == setC_Set::nodeSet) {
+            const std::unordered_set<int> labels(wanted.begin(), wanted.end());
+            const std::vector<int> own = block.nodeLabels(connectivityOf(block));
+            for (std::size_t i = 0; i < own.size(); ++i) {
+                if (labels.contains(own[i])) found.push_back(static_cast<int>(i));
+            }
+        } else {
+            const int perEntity = block.valuesPerEntity();
+            merge(entityLabels(), wanted, [&](std::size_t entity) {
+                const int first = static_cast<int>(entity) * perEntity;
+                for (int k = 0; k < perEntity; ++k) found.push_back(first + k);
+            });
         }
-    } else {
-        const int perEntity = block.valuesPerEntity();
-        merge(entityLabels(), wanted, [&](std::size_t entity) {
-            const int first = static_cast<int>(entity) * perEntity;
-            for (int k = 0; k < perEntity; ++k) found.push_back(first + k);
-        });
-    }
-    if (!block.indices.isEmpty()) found = intersection(found, valuesOf(block.indices));
-    return sequenceOf(found);
+        if (!block.indices.isEmpty()) found = intersection(found, valuesOf(block.indices));
+        return sequenceOf(found);
+    });
 }
 
 yld_Sequence<int> yld_SubField::indicesOfElements(const yld_Sequence<int>& labels) const
 {
-    materialize();
-    const yld_SubFieldBody& block = body();
-    std::vector<int> found;
-    if (block.description.setType() == setC_Set::nodeSet) return {};
-    const int perEntity = block.valuesPerEntity();
-    const std::vector<int> wanted = valuesOf(labels);
-    const std::vector<int> own = entityLabels();
-    for (std::size_t entity = 0; entity < own.size(); ++entity) {
-        if (std::find(wanted.begin(), wanted.end(), own[entity]) == wanted.end()) continue;
-        const int first = static_cast<int>(entity) * perEntity;
-        for (int k = 0; k < perEntity; ++k) found.push_back(first + k);
-    }
-    return sequenceOf(found);
+    return yld_guard([&]() -> yld_Sequence<int> {
+        materialize();
+        const yld_SubFieldBody& block = body();
+        std::vector<int> found;
+        if (block.description.setType() == setC_Set::nodeSet) return {};
+        const int perEntity = block.valuesPerEntity();
+        const std::vector<int> wanted = valuesOf(labels);
+        const std::vector<int> own = entityLabels();
+        for (std::size_t entity = 0; entity < own.size(); ++entity) {
+            if (std::find(wanted.begin(), wanted.end(), own[entity]) == wanted.end()) continue;
+            const int first = static_cast<int>(entity) * perEntity;
+            for (int k = 0; k < perEntity; ++k) found.push_back(first + k);
+        }
+        return sequenceOf(found);
+    });
 }
 
 yld_Sequence<int> yld_SubField::indicesOfNodes(const yld_Sequence<int>& labels) const
 {
-    materialize();
-    const yld_SubFieldBody& block = body();
-    std::vector<int> own;
-    if (block.description.setType() == setC_Set::nodeSet) own = entityLabels();
-    else if (isElementNodal(block)) own = block.nodeLabels(connectivityOf(block));
-    yld_Sequence<int> found;
-    for (const int label : labels) {
-        const auto first = std::find(own.begin(), own.end(), label);
-        if (first != own.end()) found.append(static_cast<int>(first - own.begin()));
-    }
-    return found;
+    return yld_guard([&]() -> yld_Sequence<int> {
+        materialize();
+        const yld_SubFieldBody& block = body();
+        std::vector<int> own;
+        if (block.description.setType() == setC_Set::nodeSet) own = entityLabels();
+        else if (isElementNodal(block)) own = block.nodeLabels(connectivityOf(block));
+        yld_Sequence<int> found;
+        for (const int label : labels) {
+            const auto first = std::find(own.begin(), own.end(), label);
+            if (first != own.end()) found.append(static_cast<int>(first - own.begin()));
+        }
+        return found;
+    });
 }
 
 yld_SubField yld_SubField::subsetAt(const yld_Sequence<int>& indices, yld_Enum::yld_ResultPositionEnum position) const
 {
-    const yld_SubFieldBody& block = body();
-    yld_SubField subset;
-    if (position == this->position()) {
+    return yld_guard([&]() -> yld_SubField {
+        const yld_SubFieldBody& block = body();
+        yld_SubField subset;
+        if (position == this->position()) {
+            if (indices.isEmpty()) return subset;
+            subset = *this;
+            subset.setIndices(indices);
+            return subset;
+        }
+        yld_SubFieldBody& made = subset.ownBody();
+        made.label = block.label;
+        made.assembly = block.assembly;
+        made.type = block.type;
         if (indices.isEmpty()) return subset;
-        subset = *this;
-        subset.setIndices(indices);
+        yld_FieldSubset taken(block);
+        taken.extract(valuesOf(indices), position);
+        taken.writeWithTempSet(made, position, block.description.mesh());
         return subset;
-    }
-    yld_SubFieldBody& made = subset.ownBody();
-    made.label = block.label;
-    made.assembly = block.assembly;
-    made.type = block.type;
-    if (indices.isEmpty()) return subset;
-    yld_FieldSubset taken(block);
-    taken.extract(valuesOf(indices), position);
-    taken.writeWithTempSet(made, position, block.description.mesh());
-    return subset;
+    });
 }
 
 namespace {
@@ -391,13 +399,15 @@ int servingSubset(const yld_SubFieldBody& block, std::size_t count)
 
 void yld_SubField::materialize() const
 {
-    if (!m_body || m_body->indices.isEmpty()) return;
-    yld_SubFieldBody& block = *m_body;
-    const yld_Enum::yld_ResultPositionEnum at = position();
-    yld_FieldSubset taken(block);
-    taken.extract(valuesOf(block.indices), at);
-    const int subset = servingSubset(block, taken.labels().size());
-    if (subset >= 0) taken.writeOrphanField(block, at, block.subsetSet.ConstGet(), subset);
-    else taken.writeWithTempSet(block, at, block.description.mesh());
-    block.indices.clearAll();
+    yld_guard([&] {
+        if (!m_body || m_body->indices.isEmpty()) return;
+        yld_SubFieldBody& block = *m_body;
+        const yld_Enum::yld_ResultPositionEnum at = position();
+        yld_FieldSubset taken(block);
+        taken.extract(valuesOf(block.indices), at);
+        const int subset = servingSubset(block, taken.labels().size());
+        if (subset >= 0) taken.writeOrphanField(block, at, block.subsetSet.ConstGet(), subset);
+        else taken.writeWithTempSet(block, at, block.description.mesh());
+        block.indices.clearAll();
+    });
 }
