@@ -319,6 +319,20 @@ void fio_FileBody::replace(long long id, const std::shared_ptr<pcl_Persistent>& 
     entry.changed = true;
 }
 
+void fio_FileBody::keepBeside(long long owner, const std::string& name, const lnk_AnyShortCut& object)
+{
+    m_beside[owner][name] = object;
+}
+
+std::vector<lnk_AnyShortCut> fio_FileBody::beside(long long owner) const
+{
+    std::vector<lnk_AnyShortCut> all;
+    const auto found = m_beside.find(owner);
+    if (found == m_beside.end()) return all;
+    for (const auto& [name, object] : found->second) all.push_back(object);
+    return all;
+}
+
 mrp_Entries& fio_FileBody::entries(long long container)
 {
     fio_Database& db = database();
@@ -505,6 +519,7 @@ void fio_FileBody::save()
 
 void fio_FileBody::close()
 {
+    m_beside.clear();
     m_containers.clear();
     m_objects.clear();
     m_tables.clear();
@@ -533,6 +548,7 @@ bool fio_FileBody::refresh()
     const long long before = m_saveCount;
     readHeader();
     if (m_saveCount == before) return false;
+    m_beside.clear();
     m_containers.clear();
     m_objects.clear();
     m_tables.clear();
