@@ -5,6 +5,7 @@
 #include "platform/store/pcl_Persistent.h"
 
 #include <string>
+#include <vector>
 
 class axs_DatumCsys;
 class mshK_Assembly;
@@ -31,6 +32,11 @@ public:
         visit("parts", self.m_parts);
         visit("root assembly", self.m_rootAssembly);
         visit("steps", self.m_steps);
+        visit("solver input", self.m_solverInput);
+        visit("top level solver input", self.m_topLevelSolverInput);
+        visit("sector axis", self.m_sectorAxis);
+        visit("sectors", self.m_sectors);
+        visit("sector ties", self.m_sectorTies);
         visit("datums", self.m_datums);
         visit("sections", self.m_sections);
     }
@@ -52,6 +58,11 @@ public:
     mrp_Container<mshK_Part> m_parts;
     lnk_ShortCut<mshK_Assembly> m_rootAssembly;
     mrp_Container<mshK_Step> m_steps;
+    std::string m_solverInput;
+    std::string m_topLevelSolverInput;
+    std::vector<double> m_sectorAxis; ///< two points of the axis of cyclic symmetry, six coordinates; empty without
+    int m_sectors = 0;
+    std::vector<std::string> m_sectorTies; ///< names of the constraints that tie neighbouring sectors
     mrp_Container<axs_DatumCsys> m_datums; ///< by name; null until there is one, as the sections are
     mrp_Container<secC_Section> m_sections;
 };

@@ -14,7 +14,7 @@ public:
     static constexpr int classVersion = 1;
     template<class Self, class V> static void attributes(Self& self, V&& visit)
     {
-        visit("region", self.m_region.m_set);
+        visit("region", self.m_region);
         visit("name", self.m_name);
         dfrC_DatumRef::attributes(self.m_datum, visit, "datum id", "datum");
         visit("axis", self.m_axis);
@@ -39,7 +39,7 @@ public:
     static constexpr int classVersion = 1;
     template<class Self, class V> static void attributes(Self& self, V&& visit)
     {
-        visit("region", self.m_region.m_set);
+        visit("region", self.m_region);
         visit("method", self.m_method);
         visit("vector", self.m_vector);
     }
@@ -58,7 +58,7 @@ public:
     static constexpr int classVersion = 1;
     template<class Self, class V> static void attributes(Self& self, V&& visit)
     {
-        visit("region", self.m_region.m_set);
+        visit("region", self.m_region);
         dfrC_DatumRef::attributes(self.m_first.datum, visit, "first datum id", "first datum");
         visit("first datum name", self.m_first.datumName);
         visit("first axis", self.m_first.axis);

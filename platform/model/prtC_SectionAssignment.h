@@ -12,7 +12,7 @@ public:
     static constexpr int classVersion = 1;
     template<class Self, class V> static void attributes(Self& self, V&& visit)
     {
-        visit("region", self.m_region.m_set);
+        visit("region", self.m_region);
         visit("section name", self.m_sectionName);
         visit("offset", self.m_offset);
     }

@@ -3,17 +3,15 @@
 
 #include "platform/model/setC_Set.h"
 
-/// What an assignment applies to: a set, whatever its members become.
-class setC_Region
+/// The place in the model that a setting is about: a set, by reference, so that it follows the set. Null for none.
+class setC_Region : public lnk_ShortCut<setC_Set>
 {
 public:
     setC_Region() = default;
-    explicit setC_Region(const lnk_ShortCut<setC_Set>& set) : m_set(set) {}
+    explicit setC_Region(const lnk_ShortCut<setC_Set>& set) : lnk_ShortCut<setC_Set>(set) {}
 
-    /// Reads the set's row. Raises when there is no set.
-    std::shared_ptr<const setC_Set> ConstSet() const { return m_set.fetch(); }
-
-    lnk_ShortCut<setC_Set> m_set;
+    /// Raises for a region of no set.
+    std::shared_ptr<const setC_Set> ConstSet() const { return fetch(); }
 };
 
 #endif

@@ -289,7 +289,20 @@ void sto_Mesh::setControlsOfLastClass(const sto_ElemCtrlParams& params)
 sto_SetList sto_Mesh::set() const
 {
     const std::shared_ptr<const mshK_Mesh> body = mesh();
-    return sto_SetList(body->m_sets, body->m_internalSets);
+    return sto_SetList(body->m_sets, body->m_internalSets, modelFile()->beside(m_reference.id()));
+}
+
+sto_Set sto_Mesh::temporarySet(int type, const std::string& name, const int* labels, int count) const
+{
+    setC_Set set;
+    set.m_label = name;
+    set.m_type = type;
+    set.m_internal = true;
+    if (count > 0 && type == setC_Set::nodeSet) appendNodes(set, labels, count);
+    else if (count > 0) appendElements(set, labels, count);
+    const auto made = lnk_ShortCut<setC_Set>::apart(modelFile(), std::move(set));
+    modelFile()->keepBeside(m_reference.id(), setC_Set::key(type, name), made);
+    return sto_Set(made);
 }
 
 void sto_Mesh::appendNodes(setC_Set& set, const int* labels, int count) const

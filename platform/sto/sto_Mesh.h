@@ -106,6 +106,11 @@ public:
     sto_Set Nset(const std::string& name, const int* labels, int count, bool isInternal, bool isUnsorted);
     sto_Set Elset(const std::string& name, const int* labels, int count, bool isInternal);
     sto_Set Surface(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets, bool isInternal);
+    /// Makes an internal set in memory alone, in the place of one made so before under that name: no save writes it,
+    /// and it works for files that are open for reading only. Whoever holds the set before keeps it as it is. Without
+    /// labels the set has no subset. Raises for an unknown label.
+    /// @param type  nodes or elements
+    sto_Set temporarySet(int type, const std::string& name, const int* labels, int count) const;
     /// No set where there is none of that name.
     sto_Set nset(const std::string& name) const { return set().find(setC_Set::nodeSet, name); }
     sto_Set elset(const std::string& name) const { return set().find(setC_Set::elementSet, name); }

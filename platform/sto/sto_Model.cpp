@@ -1,6 +1,7 @@
 #include "platform/sto/sto_Model.h"
 
 #include "platform/store/fio_File.h"
+#include "platform/sto/sto_StoStep.h"
 #include "platform/text/exc_Exception.h"
 #include "platform/text/msg_Format.h"
 
@@ -17,21 +18,33 @@ sto_Model sto_Model::create(const std::shared_ptr<fio_FileBody>& file, const std
     model.m_parts = mrp_Container<mshK_Part>::create(file);
     model.m_rootAssembly = lnk_ShortCut<mshK_Assembly>::create(file, std::move(assembly));
     model.m_steps = mrp_Container<mshK_Step>::create(file);
-    return sto_Model(lnk_ShortCut<mshK_Model>::create(file, std::move(model)));
+    const sto_Model made(lnk_ShortCut<mshK_Model>::create(file, std::move(model)));
+    made.step(mshK_Step::InitialStepName());
+    return made;
 }
 
-void sto_Model::setModelTitle(const std::string& title)
+void sto_Model::setModelTitle(const std::string& title) { change(&mshK_Model::m_title, title); }
+
+void sto_Model::setGlobalJob(const std::string& job) { change(&mshK_Model::m_globalJob, job); }
+
+void sto_Model::setShellToSolid(bool shellToSolid) { change(&mshK_Model::m_shellToSolid, shellToSolid); }
+
+void sto_Model::setSolverInput(const std::string& text) { change(&mshK_Model::m_solverInput, text); }
+
+void sto_Model::setTopLevelSolverInput(const std::string& text) { change(&mshK_Model::m_topLevelSolverInput, text); }
+
+void sto_Model::DefineCyclicSymmetry(const float* startPoint, const float* endPoint, int sectors)
 {
     const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-    changed->m_title = title;
+    changed->m_sectorAxis.assign(startPoint, startPoint + 3);
+    changed->m_sectorAxis.insert(changed->m_sectorAxis.end(), endPoint, endPoint + 3);
+    changed->m_sectors = sectors;
     m_reference.replace(changed);
 }
 
-void sto_Model::setGlobalJob(const std::string& job)
+void sto_Model::setCyclicSymmTieConstraints(const std::vector<std::string>& names)
 {
-    const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-    changed->m_globalJob = job;
-    m_reference.replace(changed);
+    change(&mshK_Model::m_sectorTies, names);
 }
 
 int sto_Model::dimension() const
