@@ -15,6 +15,8 @@ public:
     /// @param labels  the list from its beginning, at least as far as at the last call
     /// @return the place of the label among the first `count`, or -1
     int find(const int* labels, int count, int label);
+    /// Room for that many labels, so that they come in without being moved.
+    void reserve(int count);
 
 private:
     void grow(const int* labels, int count);
