@@ -133,6 +133,20 @@ TEST_F(yld_Paths, pathOf4000BytesIsRefused)
     expectRefused(path, "the path is longer than 504 bytes");
 }
 
+TEST_F(yld_Paths, aShortLinkToALongPathIsRefusedToo)
+{
+    const std::string path = deepPath(600, true);
+    makeDatabase(m_folder.file("job.yld"));
+    std::filesystem::copy_file(m_folder.file("job.yld"), path);
+    std::filesystem::create_symlink(path, m_folder.file("link.yld"));
+    expectRefused(m_folder.file("link.yld"), "the path is longer than 504 bytes");
+    std::filesystem::create_directory_symlink(std::filesystem::path(path).parent_path(), m_folder.file("folder"));
+    expectRefused(m_folder.file("folder/job.yld"), "the path is longer than 504 bytes");
+    const std::string inFolder = m_folder.file("folder/new.yld");
+    EXPECT_EQ(createFailure(inFolder),
+              "Cannot create file " + inFolder + ". " + inFolder + ": the path is longer than 504 bytes");
+}
+
 TEST_F(yld_Paths, pathThatTheSystemCannotTakeIsRefused)
 {
     const std::string path = deepPath(5000, false);

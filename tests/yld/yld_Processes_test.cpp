@@ -207,6 +207,40 @@ TEST_F(yld_Processes, aReaderFollowsARunningWriter)
     EXPECT_EQ(writer.finish(), 0);
 }
 
+TEST_F(yld_Processes, aReaderKeepsUpWithAWriterThatNeverPauses)
+{
+    constexpr int frames = 60;
+    OtherProcess writer([&](OtherProcess& test) {
+        const Library library;
+        test.await();
+        yld_Yld& open = openYld(m_path.c_str(), false);
+        test.done();
+        yld_Step& step = open.Step("second", "", yld_Enum::TIME, 1.0);
+        for (int i = 1; i <= frames; ++i) {
+            step.Frame(i, i / 64.0);
+            open.save();
+        }
+        open.close();
+    });
+    const Library library;
+    yld_Yld& reader = openYld(m_path.c_str(), true);
+    EXPECT_EQ(reader.steps().size(), 1);
+    ASSERT_TRUE(writer.go());
+    int seen = 0;
+    while (seen < frames) {
+        reader.update();
+        if (!reader.steps().isMember("second")) continue;
+        yld_Step& step = reader.steps().get("second");
+        const int count = step.frames().size();
+        ASSERT_GE(count, seen) << "what was there stays";
+        for (int i = seen; i < count; ++i) ASSERT_EQ(step.frames(i).frameValue(), (i + 1) / 64.0);
+        seen = count;
+        if (seen == 0) usleep(500);
+    }
+    reader.close();
+    EXPECT_EQ(writer.finish(), 0);
+}
+
 TEST_F(yld_Processes, twoWritersWithoutALockAreToldApartAtTheSave)
 {
     // A new database has no lock file, so its maker and a second writer do not see each other.

@@ -210,10 +210,12 @@ yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_
 {
     yld_YldRepository& registry = yld_YldRepository::Instance();
     const yld_String path = freePath(registry, name, givenPath);
-    sto_Sto store;
+    bool isMade = false;
     try {
         sto_StoContainer& container = registry.StoContainer();
+        sto_Sto store;
         container.CreateSto(store, path, description);
+        isMade = true;
         sto_Model model = store.Model(defaultModel);
         store.Result();
         store.UserData();
@@ -228,7 +230,7 @@ yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_
         return registry.get(name);
     } catch (const exc_Exception& failure) {
         // What was begun here and not brought to its end is no database.
-        if (store.file()) {
+        if (isMade) {
             sto_StoToolset::Instance().CloseYld(path);
             std::remove(path.cStr());
         }
