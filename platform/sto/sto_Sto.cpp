@@ -4,6 +4,7 @@
 #include "platform/result/fld_Result.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Result.h"
+#include "platform/sto/sto_UserData.h"
 #include "platform/store/fio_Error.h"
 
 namespace {
@@ -57,14 +58,19 @@ sto_Result sto_Sto::result() const { return sto_Result(root().fetch()->m_result)
 
 bool sto_Sto::hasResult() const { return root().fetch()->m_result.isValid(); }
 
-void sto_Sto::UserData()
+sto_UserData sto_Sto::UserData()
 {
+    if (hasUserData()) return userData();
+    const sto_UserData made = sto_UserData::create(m_file);
     const auto changed = root().fetchWritable();
-    changed->m_hasUserData = true;
+    changed->m_userData = made.shortCut();
     root().replace(changed);
+    return made;
 }
 
-bool sto_Sto::hasUserData() const { return root().fetch()->m_hasUserData; }
+sto_UserData sto_Sto::userData() const { return sto_UserData(root().fetch()->m_userData); }
+
+bool sto_Sto::hasUserData() const { return root().fetch()->m_userData.isValid(); }
 
 shr_String sto_Sto::description() const { return shr_String(root().fetch()->m_description.c_str()); }
 

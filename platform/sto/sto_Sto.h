@@ -11,6 +11,8 @@ class fld_Result;
 class mshK_Model;
 class sto_Model;
 class sto_Result;
+class sto_UserData;
+class sto_UserDataContent;
 
 /// The root object of a database, to which everything else hangs.
 class sto_StoData : public pcl_Class<sto_StoData>
@@ -25,7 +27,7 @@ public:
         visit("analysis version", self.m_analysisVersion);
         visit("models", self.m_models);
         visit("result", self.m_result);
-        visit("user data", self.m_hasUserData);
+        visit("user data", self.m_userData);
         visit("only user defined data", self.m_onlyHasUserDefinedData);
         visit("api extensions", self.m_apiExtensions);
     }
@@ -34,7 +36,7 @@ public:
     std::string m_analysisVersion;
     mrp_Container<mshK_Model> m_models;
     lnk_ShortCut<fld_Result> m_result;
-    bool m_hasUserData = false;
+    lnk_ShortCut<sto_UserDataContent> m_userData;
     bool m_onlyHasUserDefinedData = false;
     mrp_Container<sto_ApiExtension> m_apiExtensions; ///< by type; made with the first
 };
@@ -61,7 +63,10 @@ public:
     sto_Result Result();
     sto_Result result() const;
     bool hasResult() const;
-    void UserData();
+    /// Makes the user data, or gives them.
+    sto_UserData UserData();
+    /// Invalid where there are none.
+    sto_UserData userData() const;
     bool hasUserData() const;
 
     shr_String description() const;

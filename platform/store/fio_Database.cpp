@@ -1,23 +1,19 @@
 #include "platform/store/fio_Database.h"
 
 #include "platform/store/fio_Error.h"
+#include "platform/store/fio_SharingVfs.h"
 
 #include <sqlite3.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace {
-
-// Longest wait for another process that holds the file. Waits start short, since a save holds the file for
-// milliseconds, and grow so that a stuck peer costs no processor time.
-constexpr int longestWaitMilliseconds = 10000;
 
 // No value of a row is longer, bulk goes in extents: what claims more was not written here.
 constexpr int longestValue = 64 << 20;
@@ -28,16 +24,6 @@ constexpr long long mostMappedBytes = 128LL << 20;
 
 // Below this a database has not even its first page.
 constexpr off_t leastBytes = 4096;
-
-int waitForPeer(void*, int attempt)
-{
-    const int shift = attempt < 6 ? attempt : 6;
-    const auto pause = std::chrono::microseconds(250 << shift);
-    const auto waited = attempt <= 6 ? 0.25 * (1 << attempt) : 16.0 * (attempt - 5);
-    if (waited > longestWaitMilliseconds) return 0;
-    std::this_thread::sleep_for(pause);
-    return 1;
-}
 
 // SQLite takes an absent or empty file for a new database, and waits on special files: what is not a regular file
 // with content is told apart before.
@@ -152,7 +138,7 @@ fio_Database::fio_Database(const std::string& path, Access access) : m_path(path
         flags |= SQLITE_OPEN_READWRITE;
     }
     try {
-        const int code = sqlite3_open_v2(path.c_str(), &m_handle, flags, nullptr);
+        const int code = sqlite3_open_v2(path.c_str(), &m_handle, flags, isWritable() ? fio_sharingVfs() : nullptr);
         if ((code & 0xff) == SQLITE_CANTOPEN) refuseLongPath(path);
         if (code != SQLITE_OK) raiseCode(code);
         // SQLite opens for reading, without a word, what it may not write.
@@ -174,6 +160,8 @@ fio_Database::~fio_Database()
 {
     sqlite3_blob_close(m_blob);
     for (auto& [sql, statement] : m_prepared) sqlite3_finalize(statement);
+    // At rest the database is one plain file.
+    if (isWritable()) sqlite3_exec(m_handle, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
     sqlite3_close(m_handle);
 }
 
@@ -186,7 +174,7 @@ void fio_Database::configure()
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_limit(m_handle, SQLITE_LIMIT_ATTACHED, 0);
     sqlite3_limit(m_handle, SQLITE_LIMIT_LENGTH, longestValue);
-    sqlite3_busy_handler(m_handle, waitForPeer, nullptr);
+    sqlite3_busy_handler(m_handle, fio_waitForPeer, nullptr);
     if (m_access == Access::CREATE) {
         execute("PRAGMA page_size = 16384");
         execute("PRAGMA application_id = 0x796c6431");
@@ -198,8 +186,9 @@ void fio_Database::configure()
     execute(mapFile);
     if (!isWritable()) execute("PRAGMA query_only = ON");
     if (isWritable()) {
-        // A rollback journal needs no shared memory and leaves one plain file at rest.
-        execute("PRAGMA journal_mode = DELETE");
+        // A rollback journal needs no shared memory. While the file is open for writing its journal stays beside it,
+        // which spares making and deleting it with each transaction, and the syncs of the folder that make that last.
+        execute("PRAGMA journal_mode = PERSIST");
         execute("PRAGMA synchronous = FULL");
     }
 }
@@ -255,7 +244,8 @@ fio_Statement fio_Database::prepare(const std::string& sql)
 // map before: if another process has emptied the file, that would be a signal and no error.
 void fio_Database::refuseEmptiedFile() const
 {
-    if (!m_hasContent) return;
+    // Inside a transaction it has been asked already.
+    if (!m_hasContent || !sqlite3_get_autocommit(m_handle)) return;
     struct stat status{};
     if (stat(m_path.c_str(), &status) == 0 && status.st_size < leastBytes) raise("the file was cut short");
 }

@@ -459,7 +459,7 @@ void fio_FileBody::save()
     // Ascending ids put new rows at the end of their tables.
     std::sort(changed.begin(), changed.end());
     for (long long id : changed) m_objects[id].object->StoreArrays(shared_from_this());
-    flushBulk();
+    // What is left of the bulk goes with the rows: there is little of it, since full batches go as they come.
 
     const long long save = m_saveCount + 1;
     const long long now = std::chrono::duration_cast<std::chrono::seconds>(
@@ -468,6 +468,7 @@ void fio_FileBody::save()
     db.begin();
     try {
         claim();
+        extents().writeGathered();
         for (long long id : changed) writeObject(id, m_objects[id], save, now);
         for (auto& [id, entries] : m_containers) {
             if (entries->isChanged()) writeEntries(id, *entries, save);
@@ -498,6 +499,7 @@ void fio_FileBody::save()
         entries->m_unsaved = 0;
     }
     m_savedExtents = extents().limit();
+    extents().gatheredDone();
     extents().releaseDone();
 }
 

@@ -2,7 +2,7 @@
 #include "platform/sto/sto_Model.h"
 #include "platform/store/lnk_Root.h"
 #include "platform/text/msg_translate.h"
-#include "store/faulty_disk.h"
+#include "store/test_disk.h"
 #include "test_files.h"
 #include "yld.h"
 #include "yld/impl/yld_YldRepository.h"

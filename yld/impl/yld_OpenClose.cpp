@@ -2,6 +2,7 @@
 #include "platform/rmt/rmt_RemoteConnectionsRep.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Result.h"
+#include "platform/sto/sto_UserData.h"
 #include "platform/store/hdr_YLDHeaderParser.h"
 #include "platform/store/lnk_Root.h"
 #include "platform/text/msg_Format.h"

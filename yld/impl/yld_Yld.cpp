@@ -15,6 +15,7 @@
 #include "platform/sto/sto_StepContainer.h"
 #include "platform/sto/sto_Sto.h"
 #include "platform/sto/sto_StoStep.h"
+#include "platform/sto/sto_UserData.h"
 #include "platform/store/lnk_Root.h"
 #include "platform/text/msg_Format.h"
 #include "platform/text/prg_WIP.h"
@@ -42,10 +43,10 @@ sto_StoStep makeModelStep(const sto_Model& model, int position, const yld_String
                           const yld_String& procedure)
 {
     const auto perturbation = [&](int number) {
-        return sto_StoStep::PerturbationStep(model.shortCut(), position, name, description, number, timePeriod, previous);
+        return model.PerturbationStep(position, name, description, number, timePeriod, previous);
     };
     const auto general = [&](int number) {
-        return sto_StoStep::GeneralStep(model.shortCut(), position, name, description, number, timePeriod, previous, 1);
+        return model.GeneralStep(position, name, description, number, timePeriod, previous, 1);
     };
     sto_StoStep step;
     if (domain == yld_Enum::MODAL) {
@@ -404,7 +405,7 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
             if (last.timePeriod() > 0.0) begin += last.timePeriod();
         }
     }
-    sto_Step step = store.result().Step(name);
+    sto_Step step = store.result().Step(name, modelStep, modelStep.previousName());
     step.setTotalTime(begin);
     step.FieldStep();
     const shr_ArrayCOW<sto_Assembly> assembly(store.model(defaultModel).rootAssembly());
