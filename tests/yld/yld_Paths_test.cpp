@@ -70,8 +70,9 @@ protected:
 
 TEST_F(yld_Paths, blanksAndLettersOfAllLanguagesWork)
 {
-    for (const char* name : {"a job.yld", " job .yld", "Prüfstand é.yld", "解析 結果.yld", "quote'\".yld", "100%s%n.yld",
-                             "a:b.yld", "-job.yld", "job", ".yld", "tab\tline\nend.yld", "file?mode=ro.yld", "#1.yld"}) {
+    for (const char* name :
+         {"a job.yld", " job .yld", "Prüfstand é.yld", "解析 結果.yld", "quote'\".yld", "100%s%n.yld", "a:b.yld",
+          "-job.yld", "job", ".yld", "tab\tline\nend.yld", "file?mode=ro.yld", "#1.yld"}) {
         SCOPED_TRACE(name);
         expectWorks(m_folder.file(name));
     }

@@ -61,8 +61,8 @@ void refuseWhileReplaced(const yld_YldRepository& registry, const yld_String& pa
 {
     const yld_String phase = registry.GetLockPhase(path);
     if (phase.compare("Analysis Input File Processor") != 0 && phase.compare("ZANTRA/Explicit Packager") != 0) return;
-    yld_raise("The .lck file for the output database %1$s indicates that the %2$s is currently modifying the database.  "
-              "The database cannot be opened at this time.",
+    yld_raise("The .lck file for the output database %1$s indicates that the %2$s is currently modifying the "
+              "database.  The database cannot be opened at this time.",
               path, phase);
 }
 
