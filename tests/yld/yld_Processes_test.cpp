@@ -275,8 +275,6 @@ TEST_F(yld_Processes, twoWritersWithoutALockAreToldApartAtTheSave)
 
 namespace {
 
-constexpr int noReadOnlyMedium = 77;
-
 // Makes a folder or a file read-only for the calling process alone, which gets a mount table of its own.
 bool mountReadOnly(const std::string& path)
 {
@@ -285,19 +283,12 @@ bool mountReadOnly(const std::string& path)
            mount(nullptr, path.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) == 0;
 }
 
-// Gives up the right to write where the permissions forbid it.
-bool becomeNobody()
-{
-    constexpr uid_t nobody = 65534;
-    return geteuid() != 0 || (setgid(nobody) == 0 && setuid(nobody) == 0);
-}
-
 // Runs a function in a process for which a path is read-only; false where no mount is allowed.
 template<class Function>
 bool onReadOnlyMedium(const std::string& path, Function&& function)
 {
     const int status = inOtherProcess([&] {
-        if (!mountReadOnly(path)) _exit(noReadOnlyMedium);
+        if (!mountReadOnly(path)) _exit(notPossible);
         const int refused = ::open((path + (std::filesystem::is_directory(path) ? "/probe" : "")).c_str(),
                                    O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
         ASSERT_LT(refused, 0) << "the medium can be written";
@@ -305,7 +296,7 @@ bool onReadOnlyMedium(const std::string& path, Function&& function)
         const Library library;
         function();
     });
-    if (status == noReadOnlyMedium) return false;
+    if (status == notPossible) return false;
     EXPECT_EQ(status, 0);
     return true;
 }
@@ -346,12 +337,14 @@ TEST_F(yld_Processes, permissionsFallBackAsMediaDo)
     // With the folder open to all, the lock is made and removed again; closed, it is never made.
     for (const unsigned folder : {0777U, 0555U}) {
         std::filesystem::permissions(m_folder.path(), bits(folder));
-        EXPECT_EQ(inOtherProcess([&] {
-            ASSERT_TRUE(becomeNobody());
+        const int status = inOtherProcess([&] {
+            becomeNobody(m_path);
             const Library library;
             expectFallBack(m_path);
             EXPECT_FALSE(hasLock());
-        }), 0);
+        });
+        if (status == notPossible) GTEST_SKIP() << "the folder is out of the reach of other users";
+        EXPECT_EQ(status, 0);
     }
     std::filesystem::permissions(m_folder.path(), bits(0700));
     EXPECT_FALSE(hasLock());
