@@ -363,6 +363,32 @@ TEST_F(yld_Processes, aDatabaseAtRestOpensOnAReadOnlyMedium)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.path()), {}), 1) << "one plain file";
 }
 
+TEST_F(yld_Processes, whatAKilledWriterLeftOpensOnAReadOnlyMedium)
+{
+    OtherProcess writer([&](OtherProcess& test) {
+        const Library library;
+        test.await();
+        yld_Yld& open = openYld(m_path.c_str(), false);
+        open.Step("saved", "", yld_Enum::TIME, 1.0);
+        open.save();
+        test.done();
+        test.await();
+    });
+    ASSERT_TRUE(writer.go());
+    EXPECT_EQ(writer.kill(), -SIGKILL);
+    const bool could = onReadOnlyMedium(m_folder.path(), [&] {
+        yld_Yld* open = nullptr;
+        EXPECT_EQ(warningsOf([&] { open = &openYld(m_path.c_str(), true); }), "");
+        EXPECT_TRUE(open->steps().isMember("saved"));
+        open->close();
+        // The lock is seen before the medium.
+        EXPECT_EQ(warningsOf([&] { open = &openYld(m_path.c_str(), false); }), lockWarning(m_path, m_lock));
+        open->close();
+    });
+    if (!could) GTEST_SKIP() << "mounting is not allowed";
+    EXPECT_TRUE(hasLock());
+}
+
 TEST_F(yld_Processes, aDatabaseAtRestCanBeCopiedAndMoved)
 {
     const std::string copy = m_folder.file("copy.yld");
