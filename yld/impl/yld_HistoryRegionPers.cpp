@@ -73,7 +73,7 @@ yld_HistoryOutput& yld_HistoryRegionPers::HistoryOutput(const yld_String& name, 
         const yld_HistoryPoint& point = historyPoint();
         const sto_HistoryStep& step = *m_historyStep;
         const sto_HistoryClock clock = step.Clock();
-        const yld_Enum::yld_ResultPositionEnum place = point.plainPosition();
+        const yld_Enum::yld_ResultPositionEnum place = point.storedPosition();
         const fld_OutputPositionEnm position = unMapOutputPosition(place);
         const sto_PartInstance instance = point.instance().instance();
         const auto classOf = [&](const sto_Set& set) {
