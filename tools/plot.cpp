@@ -333,7 +333,8 @@ public:
 
 private:
     static constexpr double width = 800.0;
-    static constexpr double left = 96.0;
+    static constexpr double left = 108.0;
+    static constexpr std::size_t mostCharacters = 88; // of a line of text
     static constexpr double right = 776.0;
     static constexpr double plotHeight = 320.0;
     static constexpr double legendLine = 20.0;
@@ -342,7 +343,7 @@ private:
     static std::string label(double x, double y, const char* anchor, const std::string& text, const std::string& more = "")
     {
         return "<text x=\"" + number(x) + "\" y=\"" + number(y) + "\" text-anchor=\"" + anchor + "\"" + more + ">" +
-               escaped(text) + "</text>\n";
+               escaped(cut(text, mostCharacters)) + "</text>\n";
     }
     static std::string line(double x1, double y1, double x2, double y2, const char* colour)
     {
