@@ -47,6 +47,12 @@ public:
         visit("field step", self.m_fieldStep);
         visit("load case names", self.m_loadCaseNames);
         visit("frame load case names", self.m_frameLoadCaseNames);
+        visit("mass", self.m_mass);
+        visit("acoustic mass", self.m_acousticMass);
+        visit("mass center", self.m_massCenter);
+        visit("inertia about center", self.m_inertiaAboutCenter);
+        visit("inertia about origin", self.m_inertiaAboutOrigin);
+        visit("acoustic mass center", self.m_acousticMassCenter);
         visit("history step", self.m_historyStep);
     }
 
@@ -58,6 +64,13 @@ public:
     lnk_ShortCut<fld_FieldStep> m_fieldStep; ///< null until the step may have fields
     std::vector<std::string> m_loadCaseNames;
     std::vector<std::string> m_frameLoadCaseNames; ///< by frame, as far as any frame has one
+    // Of the whole model as the step found it; empty lists where nobody has worked them out.
+    double m_mass = 0.0;
+    double m_acousticMass = 0.0;
+    std::vector<double> m_massCenter;         ///< three coordinates
+    std::vector<double> m_inertiaAboutCenter; ///< 11, 22, 33, 12, 13, 23
+    std::vector<double> m_inertiaAboutOrigin;
+    std::vector<double> m_acousticMassCenter;
     lnk_ShortCut<fld_HistoryStep> m_historyStep; ///< null until the step may have history
 };
 

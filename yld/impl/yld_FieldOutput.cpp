@@ -8,6 +8,7 @@
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 #include "yld/impl/yld_FieldAddDataUtils.h"
+#include "yld/impl/yld_FieldCopy.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld_EnumMap.h"
 #include "yld_Instance.h"
@@ -92,26 +93,6 @@ const yld_SequenceFieldBulkData& yld_FieldOutput::bulkDataBlocks() const
 {
     m_bulkData = yld_SequenceFieldBulkData(m_values);
     return m_bulkData;
-}
-
-yld_FieldOutput yld_FieldOutput::getSubset(yld_Enum::yld_ResultPositionEnum position, bool, bool) const
-{
-    yld_FieldOutput subset(*this);
-    subset.m_values = m_values.getSubset(position);
-    subset.refreshLocations();
-    subset.m_isOrphan = true;
-    subset.narrowTensorType();
-    return subset;
-}
-
-yld_FieldOutput yld_FieldOutput::getSubset(const yld_Instance& instance) const
-{
-    yld_FieldOutput subset(*this);
-    subset.m_values = m_values.getSubset(instance);
-    subset.refreshLocations();
-    subset.m_isOrphan = true;
-    subset.narrowTensorType();
-    return subset;
 }
 
 bool yld_FieldOutput::addFieldKeys(const yld_Sequence<int>& keys)
@@ -360,6 +341,12 @@ void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const s
                               localCoordSystems, conjugateRows)
             .run();
     });
+}
+
+void yld_FieldOutput::addData(yld_FieldOutput& field)
+{
+    if (m_isOrphan) yld_raise("addData() not valid for an orphaned object.");
+    yld_guard([&] { yld_FieldCopy(*this, field).run(); });
 }
 
 void yld_FieldOutput::addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
