@@ -146,6 +146,13 @@ public:
                      int numLabels, const float* data, int numRows, int width,
                      const yld_SectionPoint& sectionPoint = yld_SectionPoint(), const float* conjugateData = nullptr);
 
+    /// Copies all blocks of another field, which may be an orphan or stand in another database, into this one. Instances,
+    /// sets and element classes are found by their names in this field's model; a set whose labels are others there is
+    /// made anew under the name "api set".
+    /// Warns of what this field's model has not. Raises "addData() not valid for an orphaned object." and "Fields are
+    /// not compatible. They are either associated with different structural models or have incompatible attributes.".
+    void addData(yld_FieldOutput& field);
+
     /// Adds stored fields by key; tells whether any was new.
     bool addFieldKeys(const yld_Sequence<int>& keys);
     /// Takes the caller's component labels, or the default ones of the type behind the field's name.
@@ -160,6 +167,8 @@ public:
 
 private:
     friend class yld_FieldAddDataUtils;
+    friend class yld_FieldCopy;
+    friend class yld_Frame;
 
     bool appendFieldKeys(const yld_Sequence<int>& keys);
     yld_FieldOutput subsetOf(const yld_SequenceFieldValue& values) const;

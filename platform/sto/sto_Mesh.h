@@ -94,6 +94,13 @@ public:
     void addElements(const sto_ElementArg& arg, const std::vector<sto_ScopedNode>& nodes,
                      const std::vector<std::string>& names, const sto_ElemCtrlParams* params);
 
+    /// Puts other element controls in the place of those of the class that was made last.
+    void setControlsOfLastClass(const sto_ElemCtrlParams& params);
+    /// What can be told about new nodes and elements without a mesh: labels, coordinates, number of nodes. Raise as
+    /// addNodes and addElements do.
+    static void checkNewNodes(const int* labels, const float* coordinates, int count, int dimension);
+    static void checkElementArg(const sto_ElementArg& arg);
+
     /// Make a set of this mesh. Members keep the order given and may repeat; labels must exist, a surface leaves out
     /// those that do not. A name that a set of the same type has is refused.
     sto_Set Nset(const std::string& name, const int* labels, int count, bool isInternal, bool isUnsorted);

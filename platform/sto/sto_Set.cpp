@@ -2,6 +2,8 @@
 
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
+#include "platform/text/exc_Exception.h"
+#include "platform/text/msg_Format.h"
 
 const int* sto_Subset::memberList() const
 {
@@ -82,6 +84,24 @@ sto_Set sto_SetList::find(int type, const std::string& label) const
         if (found.isNull() && each.key == wanted) found = each.set;
     }
     return sto_Set(found);
+}
+
+setC_Set sto_SetList::begin(int type, const std::string& name, bool isInternal, bool isUnsorted) const
+{
+    if (has(type, name)) throw exc_TextException(msg_Format("Duplicate set or surface name %s", name.c_str()));
+    setC_Set set;
+    set.m_label = name;
+    set.m_type = type;
+    set.m_internal = isInternal;
+    set.m_unsorted = isUnsorted;
+    return set;
+}
+
+lnk_ShortCut<setC_Set> sto_SetList::require(int type, const std::string& label) const
+{
+    const sto_Set found = find(type, label);
+    if (!found.isValid()) throw exc_TextException(msg_Format("Set \"%s\" does not exist.", label.c_str()));
+    return found.shortCut();
 }
 
 sto_Set sto_SetList::add(const std::shared_ptr<fio_FileBody>& file, setC_Set set)

@@ -92,6 +92,10 @@ public:
     sto_Set find(int type, const std::string& label) const;
     /// Whether the file has such a set.
     bool has(int type, const std::string& label) const { return findStored(setC_Set::key(type, label)).isValid(); }
+    /// A set in the making. Raises "Duplicate set or surface name %s" for a name that a set of the same type has.
+    setC_Set begin(int type, const std::string& name, bool isInternal, bool isUnsorted) const;
+    /// The set of that type and label. Raises "Set "%s" does not exist.".
+    lnk_ShortCut<setC_Set> require(int type, const std::string& label) const;
     /// Takes a new set in. @return a handle on it
     sto_Set add(const std::shared_ptr<fio_FileBody>& file, setC_Set set);
 

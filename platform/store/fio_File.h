@@ -150,7 +150,7 @@ public:
     fio_File() = default;
 
     /// Opens an existing database. @param flag  always true
-    /// Raises with the path when the file is missing, foreign or damaged.
+    /// Raises with the path when the file is missing, foreign or damaged, or the path is a URL.
     static fio_File Open(const char* path, bool forWriting, bool flag);
     /// Makes a new database; what stood at the path must be gone.
     static fio_File Create(const char* path);

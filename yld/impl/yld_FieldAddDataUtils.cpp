@@ -145,7 +145,7 @@ SetCache& setCache()
 }
 
 // "api_set " and the key, or, if another step or a call that failed has taken that name, the next number that is free.
-std::string freeSetName(const sto_Mesh& mesh, int type, int key)
+std::string freeNumberedName(const sto_Mesh& mesh, int type, int key)
 {
     const sto_SetList sets = mesh.set();
     int number = key;
@@ -192,6 +192,14 @@ yld_FieldAddDataUtils::yld_FieldAddDataUtils(yld_FieldOutput& field, yld_Enum::y
     : m_field(field), m_position(position), m_instance(instance), m_labels(labels), m_numLabels(numLabels), m_data(data),
       m_sectionPoint(sectionPoint), m_systems(systems), m_conjugate(conjugate), m_isPair(conjugate.size() > 0)
 {
+}
+
+std::string yld_FieldAddDataUtils::freeSetName(const sto_Mesh& mesh, int type, const std::string& name)
+{
+    const sto_SetList sets = mesh.set();
+    std::string free = name;
+    for (int number = 1; sets.has(type, free); ++number) free = name + " " + std::to_string(number);
+    return free;
 }
 
 bool yld_FieldAddDataUtils::isOnElements() const
@@ -286,7 +294,7 @@ void yld_FieldAddDataUtils::makeSet()
     const int type = isOnElements() ? setC_Set::elementSet : setC_Set::nodeSet;
     m_set = setCache().find(m_mesh, type, m_labels, m_numLabels);
     if (!m_set.isValid()) {
-        const std::string name = freeSetName(m_mesh, type, m_key);
+        const std::string name = freeNumberedName(m_mesh, type, m_key);
         if (isOnElements()) {
             const int bad = m_mesh.elementData().CheckUserElementLabels(m_labels, m_numLabels);
             if (bad < m_numLabels) yld_raise("Invalid element label %d", m_labels[bad]);
@@ -503,6 +511,32 @@ sto_Field yld_FieldAddDataUtils::writeOrientation(const sto_FieldDescription& or
     return frame.Orientation(orientation, key, buffer);
 }
 
+sto_FieldDescription yld_FieldAddDataUtils::enter(sto_FieldStep& step, fld_FieldDescription wanted,
+                                                  fld_DataTypeEnm systems, int systemsKey, int key)
+{
+    const bool hasSystems = systems != fld_DataTypeEnm::UNDEFINED;
+    const sto_FieldDescription present = step.find(wanted, hasSystems);
+    if (present.isValid()) return present;
+    if (hasSystems) {
+        fld_FieldDescription orientation;
+        orientation.m_key = systemsKey;
+        orientation.m_dataType = static_cast<int>(systems);
+        orientation.m_position = wanted.m_position;
+        orientation.m_locationIndex = wanted.m_locationIndex;
+        orientation.m_classIndex = wanted.m_classIndex;
+        orientation.m_instance = wanted.m_instance;
+        orientation.m_instanceName = wanted.m_instanceName;
+        orientation.m_meshIndex = wanted.m_meshIndex;
+        orientation.m_set = wanted.m_set;
+        orientation.m_label = "orientation";
+        orientation.m_description = "orientation for result";
+        orientation.m_length = wanted.m_length;
+        wanted.m_orientation = step.Field(std::move(orientation)).shortCut();
+    }
+    wanted.m_key = key;
+    return step.Field(std::move(wanted));
+}
+
 void yld_FieldAddDataUtils::writeOneBlock(Block block)
 {
     sto_FieldStep step = m_field.m_fieldStep.ConstGet();
@@ -524,30 +558,13 @@ void yld_FieldAddDataUtils::writeOneBlock(Block block)
     const fio_Buffer conjugate = m_isPair ? fill(wanted, m_conjugate, block, firstWidth) : fio_Buffer();
 
     int orientationKey = -1;
-    if (hasOrientation) orientationKey = m_key++;
-    sto_FieldDescription description = step.find(wanted, hasOrientation);
-    if (!description.isValid()) {
-        if (hasOrientation) {
-            fld_FieldDescription orientation;
-            orientation.m_key = orientationKey;
-            const bool isPlanar = type == yld_Enum::TENSOR_2D_PLANAR || type == yld_Enum::TENSOR_2D_SURFACE;
-            orientation.m_dataType = static_cast<int>(isPlanar ? fld_DataTypeEnm::QUATERNION_2D
-                                                               : fld_DataTypeEnm::QUATERNION_3D);
-            orientation.m_position = wanted.m_position;
-            orientation.m_locationIndex = wanted.m_locationIndex;
-            orientation.m_classIndex = wanted.m_classIndex;
-            orientation.m_instance = wanted.m_instance;
-            orientation.m_instanceName = wanted.m_instanceName;
-            orientation.m_meshIndex = wanted.m_meshIndex;
-            orientation.m_set = wanted.m_set;
-            orientation.m_label = "orientation";
-            orientation.m_description = "orientation for result";
-            orientation.m_length = wanted.m_length;
-            wanted.m_orientation = step.Field(std::move(orientation)).shortCut();
-        }
-        wanted.m_key = m_key;
-        description = step.Field(std::move(wanted));
+    fld_DataTypeEnm systems = fld_DataTypeEnm::UNDEFINED;
+    if (hasOrientation) {
+        orientationKey = m_key++;
+        const bool isPlanar = type == yld_Enum::TENSOR_2D_PLANAR || type == yld_Enum::TENSOR_2D_SURFACE;
+        systems = isPlanar ? fld_DataTypeEnm::QUATERNION_2D : fld_DataTypeEnm::QUATERNION_3D;
     }
+    const sto_FieldDescription description = enter(step, std::move(wanted), systems, orientationKey, m_key);
     const sto_Field orientation =
         hasOrientation ? writeOrientation(description.orientation(), orientationKey, block) : sto_Field();
     const sto_Field stored = frame.Field(description, m_key, values, conjugate, orientation);

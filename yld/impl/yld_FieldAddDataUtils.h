@@ -9,7 +9,10 @@
 #include "platform/sto/sto_PartInstance.h"
 #include "platform/store/fio_Buffer.h"
 
+#include <string>
 #include <vector>
+
+class sto_FieldStep;
 
 /// Rows of numbers, one behind the other in one array. Rows of the same width need no more than that; others say
 /// where each begins. The numbers are borrowed or held.
@@ -56,6 +59,13 @@ public:
                           const sto_PartInstance& instance, const int* labels, int numLabels, const yld_RowArray& data,
                           const yld_SectionPoint& sectionPoint, const Systems& systems, const yld_RowArray& conjugate);
     void run();
+
+    /// A name that no set of the mesh has: the given one, or else one with the first free number behind it.
+    static std::string freeSetName(const sto_Mesh& mesh, int type, const std::string& name);
+    /// The description of a block in a step: one that is there already, or a new one.
+    /// @param systems  the type of the block's local systems, which get a description too; UNDEFINED for none
+    static sto_FieldDescription enter(sto_FieldStep& step, fld_FieldDescription wanted, fld_DataTypeEnm systems,
+                                      int systemsKey, int key);
 
 private:
     // The stretch of rows that an element or node has.

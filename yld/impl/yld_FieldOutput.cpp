@@ -8,6 +8,7 @@
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 #include "yld/impl/yld_FieldAddDataUtils.h"
+#include "yld/impl/yld_FieldCopy.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld_EnumMap.h"
 #include "yld_Instance.h"
@@ -340,6 +341,12 @@ void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const s
                               localCoordSystems, conjugateRows)
             .run();
     });
+}
+
+void yld_FieldOutput::addData(yld_FieldOutput& field)
+{
+    if (m_isOrphan) yld_raise("addData() not valid for an orphaned object.");
+    yld_guard([&] { yld_FieldCopy(*this, field).run(); });
 }
 
 void yld_FieldOutput::addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
