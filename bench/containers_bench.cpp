@@ -173,6 +173,53 @@ void walkRuns(benchmark::State& state)
     }
 }
 
+// The walks once more with each element taken on its own, as everything but a bare sum makes the compiler do: what is
+// compared then is the walk, and not whether its body can be turned into vector instructions.
+#if defined(__GNUC__) && !defined(__clang__)
+#define EACH_ON_ITS_OWN __attribute__((optimize("no-tree-vectorize")))
+#else
+#define EACH_ON_ITS_OWN
+#endif
+
+EACH_ON_ITS_OWN int sumVector(const std::vector<int>& values)
+{
+    int sum = 0;
+    for (const int value : values) sum += value;
+    return sum;
+}
+
+EACH_ON_ITS_OWN int sumIndex(const yld_Sequence<int>& values)
+{
+    int sum = 0;
+    for (int i = 0; i < values.size(); ++i) sum += values[i];
+    return sum;
+}
+
+EACH_ON_ITS_OWN int sumWalk(const yld_Sequence<int>& values)
+{
+    int sum = 0;
+    for (const int value : values) sum += value;
+    return sum;
+}
+
+EACH_ON_ITS_OWN int sumIterator(const yld_Sequence<int>& values)
+{
+    int sum = 0;
+    for (shr_1DArrayIter<int> iter(values.Array()); !iter.IsDone(); iter.Next()) sum += iter.Current();
+    return sum;
+}
+
+template<class Values>
+void eachOnItsOwn(benchmark::State& state, const Values& values, int (*sum)(const Values&))
+{
+    for (auto _ : state) benchmark::DoNotOptimize(sum(values));
+}
+
+void eachVector(benchmark::State& state) { eachOnItsOwn(state, plainValues<int>(), sumVector); }
+void eachIndex(benchmark::State& state) { eachOnItsOwn(state, reservedSequence<int>(), sumIndex); }
+void eachWalk(benchmark::State& state) { eachOnItsOwn(state, reservedSequence<int>(), sumWalk); }
+void eachIterator(benchmark::State& state) { eachOnItsOwn(state, reservedSequence<int>(), sumIterator); }
+
 // A sum that depends on the order of its terms, as most real work on values does; the plain sum of integers
 // is turned into vector instructions where the elements lie side by side, and then measures memory.
 void orderedVector(benchmark::State& state)
@@ -337,6 +384,10 @@ BOTH(walkVector);
 BOTH(walkSequence);
 BOTH(walkIterator);
 BOTH(walkRuns);
+BENCHMARK(eachVector)->Unit(benchmark::kMicrosecond);
+BENCHMARK(eachIndex)->Unit(benchmark::kMicrosecond);
+BENCHMARK(eachWalk)->Unit(benchmark::kMicrosecond);
+BENCHMARK(eachIterator)->Unit(benchmark::kMicrosecond);
 BENCHMARK(orderedVector)->Unit(benchmark::kMicrosecond);
 BENCHMARK(orderedIndex)->Unit(benchmark::kMicrosecond);
 BENCHMARK(orderedWalk)->Unit(benchmark::kMicrosecond);
@@ -371,6 +422,10 @@ int main(int argc, char** argv)
         reporter.print("  shr_1DArrayIter", "walkIterator" + type, "walkVector" + type);
         reporter.print("  run by run", "walkRuns" + type, "walkVector" + type);
     }
+    std::printf("yld_Sequence<int>, each element on its own\n");
+    reporter.print("  operator[]", "eachIndex", "eachVector");
+    reporter.print("  range-for", "eachWalk", "eachVector");
+    reporter.print("  shr_1DArrayIter", "eachIterator", "eachVector");
     std::printf("yld_Sequence<int>, a sum in which the order counts\n");
     reporter.print("  operator[]", "orderedIndex", "orderedVector");
     reporter.print("  range-for", "orderedWalk", "orderedVector");

@@ -83,13 +83,39 @@ public:
     /// All blocks as plain arrays. The member behind the reference is rebuilt by every call.
     const yld_SequenceFieldBulkData& bulkDataBlocks() const;
 
-    /// The values at a position; an orphan that shares the blocks.
-    /// @param keepInMemory  derived values are kept in memory
-    /// @param orientations  derived values carry their local systems
+    // A subset is an orphan with name, labels, invariants and keys of this field. It shares the stored values; one that
+    // selects nothing has no values, and is no failure.
+
+    /// The values at a position. Where there are none, values at integration points are moved to CENTROID or
+    /// ELEMENT_NODAL; for any other position the subset is empty.
+    /// @param keepInMemory  moved values are kept in memory instead of being written into the frame; those of an orphan
+    ///                      always are
+    /// @param orientations  moved values carry their local systems
     yld_FieldOutput getSubset(yld_Enum::yld_ResultPositionEnum position, bool keepInMemory = true,
                               bool orientations = true) const;
-    /// The values of one part instance.
+    /// The values on a node set, an element set or a surface. Blocks whose own set has the name of the set are taken
+    /// whole, and if there are any, only they. Otherwise labels are compared: those of nodes with a node set (values at
+    /// ELEMENT_NODAL become values at NODAL), of elements with an element set, of surfaces with a surface. Labels of sets
+    /// and blocks are taken for ascending: what stands out of order is missed.
+    /// Raises "Unknown Set type." when a block belongs to no set. Reads labels, and of values only those that change
+    /// their position; linear in the labels.
+    yld_FieldOutput getSubset(const yld_Set& set) const;
+    /// The values with this local system, as yld_FieldValue::localCoordSystem() gives it, to the last digit.
+    /// Raises "Data is double precision.  Use localCoordSystemDouble". Reads all values.
+    yld_FieldOutput getSubset(const yld_Sequence<yld_Sequence<float>>& localCoordSystem) const;
+    /// The values at a section point, equal in number and text. This and the next, those of a type and of an instance
+    /// share whole blocks: they read nothing.
+    yld_FieldOutput getSubset(const yld_SectionPoint& sectionPoint) const;
+    /// The values at a position and at one of its section points; values without a section point stay.
+    yld_FieldOutput getSubset(const yld_FieldLocation& location) const;
+    /// The values of one node. Of values at ELEMENT_NODAL the first that a block has for the node, as a value at NODAL.
+    yld_FieldOutput getSubset(const yld_Node& node) const;
+    /// All values of one element.
+    yld_FieldOutput getSubset(const yld_Element& element) const;
+    /// The values of one part instance; of an instance named "rootAssembly" all values.
     yld_FieldOutput getSubset(const yld_Instance& instance) const;
+    /// The values on elements of a type, for example "HEX8".
+    yld_FieldOutput getSubset(const yld_String& elementType) const;
 
     /// Writes results into an attached field, to be kept by the next save.
     /// @param labels            node labels for NODAL, else element labels
@@ -145,6 +171,9 @@ private:
     friend class yld_Frame;
 
     bool appendFieldKeys(const yld_Sequence<int>& keys);
+    yld_FieldOutput subsetOf(const yld_SequenceFieldValue& values) const;
+    void moveToPosition(const yld_SequenceFieldValue& source, yld_Enum::yld_ResultPositionEnum position,
+                        bool keepInMemory, bool orientations);
     void adoptDescription(const sto_Field& field);
     void widenTensorType(const sto_FieldDescription& description);
     void narrowTensorType();

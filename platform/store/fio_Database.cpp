@@ -1,22 +1,17 @@
 #include "platform/store/fio_Database.h"
 
 #include "platform/store/fio_Error.h"
+#include "platform/store/fio_SharingVfs.h"
 
 #include <sqlite3.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace {
-
-// Longest wait for another process that holds the file. Waits start short, since a save holds the file for
-// milliseconds, and grow so that a stuck peer costs no processor time.
-constexpr int longestWaitMilliseconds = 10000;
 
 // No value of a row is longer, bulk goes in extents: what claims more was not written here.
 constexpr int longestValue = 64 << 20;
@@ -28,16 +23,6 @@ constexpr long long mostMappedBytes = 32LL << 20;
 // Below this a database has not even its first page.
 constexpr off_t leastBytes = 4096;
 
-int waitForPeer(void*, int attempt)
-{
-    const int shift = attempt < 6 ? attempt : 6;
-    const auto pause = std::chrono::microseconds(250 << shift);
-    const auto waited = attempt <= 6 ? 0.25 * (1 << attempt) : 16.0 * (attempt - 5);
-    if (waited > longestWaitMilliseconds) return 0;
-    std::this_thread::sleep_for(pause);
-    return 1;
-}
-
 // SQLite takes an absent or empty file for a new database, and waits on special files: what is not a regular file
 // with content is told apart before.
 void refuseWhatIsNoFile(const std::string& path)
@@ -47,6 +32,14 @@ void refuseWhatIsNoFile(const std::string& path)
     if (S_ISDIR(status.st_mode)) fio_raise(path, "is a directory");
     if (!S_ISREG(status.st_mode)) fio_raise(path, "is not a regular file");
     if (status.st_size == 0) fio_raise(path, "the file is empty");
+}
+
+// SQLite has room for so many bytes of a path and the ending of its journal, and tells a longer one from a missing
+// file by no more than a number.
+void refuseLongPath(const std::string& path)
+{
+    const auto most = static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - std::strlen("-journal");
+    if (path.size() > most) fio_raise(path, "the path is longer than " + std::to_string(most) + " bytes");
 }
 
 } // namespace
@@ -127,6 +120,8 @@ const void* fio_Statement::blob(int column, std::size_t& count) const
 fio_Database::fio_Database(const std::string& path, Access access) : m_path(path), m_access(access)
 {
     int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    if (access != Access::CREATE) refuseWhatIsNoFile(path);
+    refuseLongPath(path);
     if (access == Access::CREATE) {
         // The file is made here, exclusively, so that two programs never create one database.
         const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
@@ -134,13 +129,12 @@ fio_Database::fio_Database(const std::string& path, Access access) : m_path(path
         ::close(descriptor);
         flags |= SQLITE_OPEN_READWRITE;
     } else {
-        refuseWhatIsNoFile(path);
         // Also a reader has to roll back what a killed writer has left half written, where the file may be written;
         // anything else it is kept from by query_only.
         flags |= SQLITE_OPEN_READWRITE;
     }
     try {
-        const int code = sqlite3_open_v2(path.c_str(), &m_handle, flags, nullptr);
+        const int code = sqlite3_open_v2(path.c_str(), &m_handle, flags, isWritable() ? fio_sharingVfs() : nullptr);
         if (code != SQLITE_OK) raiseCode(code);
         // SQLite opens for reading, without a word, what it may not write.
         if (access == Access::WRITE && sqlite3_db_readonly(m_handle, "main") == 1) raise("the file cannot be written");
@@ -161,6 +155,8 @@ fio_Database::~fio_Database()
 {
     sqlite3_blob_close(m_blob);
     for (auto& [sql, statement] : m_prepared) sqlite3_finalize(statement);
+    // At rest the database is one plain file.
+    if (isWritable()) sqlite3_exec(m_handle, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
     sqlite3_close(m_handle);
 }
 
@@ -173,7 +169,7 @@ void fio_Database::configure()
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_limit(m_handle, SQLITE_LIMIT_ATTACHED, 0);
     sqlite3_limit(m_handle, SQLITE_LIMIT_LENGTH, longestValue);
-    sqlite3_busy_handler(m_handle, waitForPeer, nullptr);
+    sqlite3_busy_handler(m_handle, fio_waitForPeer, nullptr);
     if (m_access == Access::CREATE) {
         execute("PRAGMA page_size = 16384");
         execute("PRAGMA application_id = 0x796c6431");
@@ -185,8 +181,9 @@ void fio_Database::configure()
     execute(mapFile);
     if (!isWritable()) execute("PRAGMA query_only = ON");
     if (isWritable()) {
-        // A rollback journal needs no shared memory and leaves one plain file at rest.
-        execute("PRAGMA journal_mode = DELETE");
+        // A rollback journal needs no shared memory. While the file is open for writing its journal stays beside it,
+        // which spares making and deleting it with each transaction, and the syncs of the folder that make that last.
+        execute("PRAGMA journal_mode = PERSIST");
         execute("PRAGMA synchronous = FULL");
     }
 }
@@ -242,7 +239,8 @@ fio_Statement fio_Database::prepare(const std::string& sql)
 // map before: if another process has emptied the file, that would be a signal and no error.
 void fio_Database::refuseEmptiedFile() const
 {
-    if (!m_hasContent) return;
+    // Inside a transaction it has been asked already.
+    if (!m_hasContent || !sqlite3_get_autocommit(m_handle)) return;
     struct stat status{};
     if (stat(m_path.c_str(), &status) == 0 && status.st_size < leastBytes) raise("the file was cut short");
 }

@@ -98,6 +98,12 @@ void fio_Extents::writeGathered()
     }
 }
 
+void fio_Extents::gatheredDone()
+{
+    m_gathered.clear();
+    m_gatheredBytes = 0;
+}
+
 void fio_Extents::erase(long long first, long long count)
 {
     fio_Statement erase = m_database.prepare("DELETE FROM extent WHERE id >= ?1 AND id < ?2");

@@ -42,6 +42,9 @@ public:
     /// Writes what is gathered, in a transaction of its own.
     /// @param claim  called first inside the transaction: makes sure that the file is still this program's to write
     template<class Claim> void flush(Claim&& claim);
+    /// Writes what is gathered inside a transaction of the caller's, who tells with gatheredDone() that it stands.
+    void writeGathered();
+    void gatheredDone();
     bool hasGathered() const { return !m_gathered.empty(); }
     /// Whether so much is gathered that it should go to disk.
     bool isFull() const;
@@ -62,7 +65,6 @@ private:
         fio_Buffer bytes;
     };
     const Gathered* findGathered(long long first) const;
-    void writeGathered();
 
     fio_Database& m_database;
     std::deque<Gathered> m_gathered;
@@ -83,8 +85,7 @@ template<class Claim> void fio_Extents::flush(Claim&& claim)
         m_database.rollback();
         throw;
     }
-    m_gathered.clear();
-    m_gatheredBytes = 0;
+    gatheredDone();
 }
 
 #endif

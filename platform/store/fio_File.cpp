@@ -1,5 +1,6 @@
 #include "platform/store/fio_File.h"
 
+#include "platform/base/osu_UrlParser.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/pcl_Row.h"
 
@@ -43,6 +44,11 @@ std::vector<Column> columnsOf(const pcl_ClassMetadata::Attribute& attribute)
         return {{attribute.name, "INTEGER"}, {attribute.name + ".count", "INTEGER"}};
     }
     return {};
+}
+
+void refuseUrl(const char* path)
+{
+    if (osu_UrlParser::IsUrl(path)) fio_raise(path, "is a URL; only files of this machine can be opened");
 }
 
 std::string freshUid()
@@ -313,6 +319,20 @@ void fio_FileBody::replace(long long id, const std::shared_ptr<pcl_Persistent>& 
     entry.changed = true;
 }
 
+void fio_FileBody::keepBeside(long long owner, const std::string& name, const lnk_AnyShortCut& object)
+{
+    m_beside[owner][name] = object;
+}
+
+std::vector<lnk_AnyShortCut> fio_FileBody::beside(long long owner) const
+{
+    std::vector<lnk_AnyShortCut> all;
+    const auto found = m_beside.find(owner);
+    if (found == m_beside.end()) return all;
+    for (const auto& [name, object] : found->second) all.push_back(object);
+    return all;
+}
+
 mrp_Entries& fio_FileBody::entries(long long container)
 {
     fio_Database& db = database();
@@ -453,7 +473,7 @@ void fio_FileBody::save()
     // Ascending ids put new rows at the end of their tables.
     std::sort(changed.begin(), changed.end());
     for (long long id : changed) m_objects[id].object->StoreArrays(shared_from_this());
-    flushBulk();
+    // What is left of the bulk goes with the rows: there is little of it, since full batches go as they come.
 
     const long long save = m_saveCount + 1;
     const long long now = std::chrono::duration_cast<std::chrono::seconds>(
@@ -462,6 +482,7 @@ void fio_FileBody::save()
     db.begin();
     try {
         claim();
+        extents().writeGathered();
         for (long long id : changed) writeObject(id, m_objects[id], save, now);
         for (auto& [id, entries] : m_containers) {
             if (entries->isChanged()) writeEntries(id, *entries, save);
@@ -492,11 +513,13 @@ void fio_FileBody::save()
         entries->m_unsaved = 0;
     }
     m_savedExtents = extents().limit();
+    extents().gatheredDone();
     extents().releaseDone();
 }
 
 void fio_FileBody::close()
 {
+    m_beside.clear();
     m_containers.clear();
     m_objects.clear();
     m_tables.clear();
@@ -525,6 +548,7 @@ bool fio_FileBody::refresh()
     const long long before = m_saveCount;
     readHeader();
     if (m_saveCount == before) return false;
+    m_beside.clear();
     m_containers.clear();
     m_objects.clear();
     m_tables.clear();
@@ -538,11 +562,13 @@ fio_File::fio_File(const std::shared_ptr<fio_FileBody>& body)
 
 fio_File fio_File::Open(const char* path, bool forWriting, bool)
 {
+    refuseUrl(path);
     return fio_File(std::make_shared<fio_FileBody>(
         path, forWriting ? fio_Database::Access::WRITE : fio_Database::Access::READ));
 }
 
 fio_File fio_File::Create(const char* path)
 {
+    refuseUrl(path);
     return fio_File(std::make_shared<fio_FileBody>(path, fio_Database::Access::CREATE));
 }

@@ -2,6 +2,7 @@
 
 #include "platform/store/pcl_ClassMetadata.h"
 
+#include <cstring>
 #include <map>
 #include <string>
 #include <vector>
@@ -27,6 +28,12 @@ std::vector<Pending>& pendings()
     return list;
 }
 
+std::vector<const char*>& familyList()
+{
+    static std::vector<const char*> list;
+    return list;
+}
+
 std::map<std::string, Entry>& classes()
 {
     static std::map<std::string, Entry> table;
@@ -42,6 +49,17 @@ void pcl_MetadataRegistrar::initClassMetadata(pcl_MetadataFunction function, int
     }
     pendings().push_back({function, schema, false});
 }
+
+void pcl_MetadataRegistrar::formalize(const char* family, pcl_MetadataFunction function, int schema)
+{
+    for (const char* known : familyList()) {
+        if (std::strcmp(known, family) == 0) return;
+    }
+    familyList().push_back(family);
+    if (function) initClassMetadata(function, schema);
+}
+
+const std::vector<const char*>& pcl_MetadataRegistrar::families() { return familyList(); }
 
 void pcl_MetadataRegistrar::dropSchema(int schema)
 {

@@ -1,6 +1,8 @@
 #ifndef PCL_METADATA_REGISTRAR_H
 #define PCL_METADATA_REGISTRAR_H
 
+#include <vector>
+
 class pcl_ClassMetadata;
 class pcl_MetadataRegistrar;
 
@@ -14,6 +16,11 @@ class pcl_MetadataRegistrar
 public:
     /// Remembers a function that declares class metadata for a schema. Giving the same pair again has no effect.
     static void initClassMetadata(pcl_MetadataFunction function, int schema);
+    /// Enters a family of persistent classes, by its prefix (static), with the function that declares those of its
+    /// classes that stand; null for a family that has none. A family that is in stays where it is.
+    static void formalize(const char* family, pcl_MetadataFunction function = nullptr, int schema = 0);
+    /// The families in the order in which they came.
+    static const std::vector<const char*>& families();
     /// Forgets every function and class of the schema.
     static void dropSchema(int schema);
 

@@ -1,12 +1,13 @@
 // The store on a disk that fails, in processes that are killed, and on files that others damage.
 
-#include "faulty_disk.h"
 #include "platform/store/fio_File.h"
 #include "platform/text/exc_Exception.h"
+#include "test_disk.h"
 #include "test_files.h"
 
 #include <csignal>
 #include <fstream>
+#include <map>
 #include <random>
 
 namespace {
@@ -135,6 +136,157 @@ TEST_P(fio_Faults, everyFailingDiskCallGivesAnExceptionAndLeavesTheLastSavedStat
 
 INSTANTIATE_TEST_SUITE_P(inputOutputErrorAndFullDisk, fio_Faults, ::testing::Values(SQLITE_IOERR_WRITE, SQLITE_FULL),
                          [](const auto& which) { return which.param == SQLITE_FULL ? "full" : "error"; });
+
+namespace {
+
+// Writes down what goes to the disk, so that a test can tell what a power cut would leave of it.
+class RememberingDisk : public TestDisk
+{
+public:
+    struct Step
+    {
+        enum class Kind
+        {
+            WRITE,
+            TRUNCATE,
+            SYNC,
+            REMOVE
+        } kind;
+        std::string file;
+        long long offset; // or the new size
+        std::string bytes;
+    };
+    std::vector<Step> steps;
+
+private:
+    int onDelete(const std::string& name) override { return add(Step::Kind::REMOVE, name, 0, {}); }
+    int onWrite(const std::string& name, const char* bytes, std::size_t count, long long offset) override
+    {
+        return add(Step::Kind::WRITE, name, offset, std::string(bytes, count));
+    }
+    int onTruncate(const std::string& name, long long size) override { return add(Step::Kind::TRUNCATE, name, size, {}); }
+    int onSync(const std::string& name) override { return add(Step::Kind::SYNC, name, 0, {}); }
+
+    int add(Step::Kind kind, const std::string& name, long long offset, std::string bytes)
+    {
+        steps.push_back({kind, std::filesystem::path(name).filename().string(), offset, std::move(bytes)});
+        return SQLITE_OK;
+    }
+};
+
+struct FileImage
+{
+    bool exists = false;
+    std::string bytes;
+};
+using DiskImage = std::map<std::string, FileImage>;
+
+void apply(const RememberingDisk::Step& step, std::size_t count, DiskImage& image)
+{
+    FileImage& file = image[step.file];
+    const auto offset = static_cast<std::size_t>(step.offset);
+    switch (step.kind) {
+    case RememberingDisk::Step::Kind::WRITE:
+        if (count > 0) file.exists = true;
+        if (file.bytes.size() < offset + count) file.bytes.resize(offset + count, '\0');
+        file.bytes.replace(offset, count, step.bytes, 0, count);
+        break;
+    case RememberingDisk::Step::Kind::TRUNCATE:
+        file.bytes.resize(offset, '\0');
+        break;
+    case RememberingDisk::Step::Kind::REMOVE:
+        file = {};
+        break;
+    case RememberingDisk::Step::Kind::SYNC:
+        break;
+    }
+}
+
+// What may be on the disk when the power goes before a step: all that was synced, and any part of what was not, down to
+// sectors of a write and the removal of a file.
+DiskImage afterPowerCut(const std::vector<RememberingDisk::Step>& steps, std::size_t cut, std::mt19937& random)
+{
+    std::map<std::string, std::size_t> synced;
+    for (std::size_t i = 0; i < cut; ++i) {
+        if (steps[i].kind == RememberingDisk::Step::Kind::SYNC) synced[steps[i].file] = i;
+    }
+    DiskImage image;
+    const unsigned mood = random() % 4; // nothing more, everything, or each as it falls
+    for (std::size_t i = 0; i < cut; ++i) {
+        const RememberingDisk::Step& step = steps[i];
+        const bool isSure = synced.count(step.file) != 0 && i < synced[step.file];
+        std::size_t count = step.bytes.size();
+        bool happens = isSure || mood == 1;
+        if (!happens && mood >= 2) {
+            happens = random() % 2 != 0;
+            if (happens && random() % 3 == 0) count = std::min(count, random() % (count / 512 + 1) * 512);
+        }
+        if (happens) apply(step, count, image);
+    }
+    return image;
+}
+
+} // namespace
+
+TEST(fio_Faults, powerCutAtAnyInstantLeavesTheLastConfirmedSaveWhole)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("p.yld");
+    // How many steps had gone to the disk when a save was begun, and when it was confirmed.
+    std::vector<std::size_t> begun;
+    std::vector<std::size_t> confirmed;
+    std::vector<RememberingDisk::Step> steps;
+    {
+        RememberingDisk disk;
+        begun.push_back(0);
+        const Made root = makeFile(path);
+        confirmed.push_back(disk.steps.size());
+        for (int state = 1; state <= 4; ++state) {
+            begun.push_back(disk.steps.size());
+            change(root, state);
+            // A batch that goes before the save, and one with it.
+            if (state % 2 == 0) {
+                root.fetchWritable()->m_values.toDisk(root.file());
+                root.file()->flushBulk();
+            }
+            root.file()->keepSuperseded(-1);
+            root.file()->save();
+            confirmed.push_back(disk.steps.size());
+        }
+        root.file()->close();
+        steps = disk.steps;
+    }
+    std::filesystem::remove(path);
+
+    std::mt19937 random(891);
+    int older = 0;
+    int newer = 0;
+    for (std::size_t cut = confirmed[0]; cut <= steps.size(); ++cut) {
+        const auto count = [cut](const std::vector<std::size_t>& marks) {
+            return static_cast<int>(std::upper_bound(marks.begin(), marks.end(), cut) - marks.begin()) - 1;
+        };
+        for (int turn = 0; turn < 6; ++turn) {
+            for (const auto& [name, file] : afterPowerCut(steps, cut, random)) {
+                if (!file.exists) continue;
+                std::ofstream(folder.file(name), std::ios::binary)
+                    .write(file.bytes.data(), static_cast<std::streamsize>(file.bytes.size()));
+            }
+            int found = -1;
+            ASSERT_NO_THROW(found = wholeState(path)) << "cut before step " << cut << ", turn " << turn;
+            EXPECT_GE(found, count(confirmed)) << "cut before step " << cut << ", turn " << turn;
+            EXPECT_LE(found, count(begun)) << "cut before step " << cut << ", turn " << turn;
+            EXPECT_EQ(wholeState(path, true), found);
+            older += found == count(confirmed) ? 1 : 0;
+            newer += found > count(confirmed) ? 1 : 0;
+            std::filesystem::remove(path);
+            std::filesystem::remove(path + "-journal");
+        }
+    }
+    std::printf("%zu instants: the confirmed state %d times, the next one %d times\n", steps.size() - confirmed[0] + 1,
+                older, newer);
+    EXPECT_GT(older, 100);
+    EXPECT_GT(newer, 0);
+}
 
 TEST(fio_Faults, aFailedSaveCanBeTriedAgain)
 {

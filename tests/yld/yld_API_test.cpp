@@ -6,6 +6,7 @@
 #include "platform/store/pcl_MetadataRegistrar.h"
 #include "platform/text/arc_ArchCompTable.h"
 #include "platform/text/prg_WIP.h"
+#include "schema/kcnC_CORMLabelMap.h"
 #include "yld/impl/yld_Libraries.h"
 #include "yld/impl/yld_LibraryState.h"
 #include "yld/impl/yld_YldRepository.h"
@@ -104,6 +105,31 @@ TEST_F(yld_APITest, starts_in_order_and_stops_in_reverse)
     yld_finalizeAPI();
     EXPECT_EQ(stopped, reversed(startOrder));
     EXPECT_EQ(started.size(), 28u);
+}
+
+TEST_F(yld_APITest, families_of_persistent_classes_come_in_their_order)
+{
+    yld_initializeAPI();
+    std::vector<std::string> families;
+    for (const char* family : pcl_MetadataRegistrar::families()) families.push_back(family);
+    // The connector classes declare themselves when their library starts, and enter no family.
+    const std::vector<std::string> order = {"hvyC", "flwC", "outC", "prfC", "secC", "adpC", "lcsC"};
+    EXPECT_EQ(families, order);
+    yld_finalizeAPI();
+    yld_initializeAPI();
+    EXPECT_EQ(pcl_MetadataRegistrar::families().size(), order.size()) << "another start enters none twice";
+    yld_finalizeAPI();
+}
+
+TEST_F(yld_APITest, connector_classes_have_a_layout_entry_and_drop_their_labels_at_the_end)
+{
+    yld_initializeAPI();
+    ASSERT_NE(arc_ArchCompTable::Find(684), nullptr);
+    EXPECT_STREQ(arc_ArchCompTable::Find(684)->name, "kcnC");
+    EXPECT_STREQ(kcnC_CORMLabelMap::Instance().label(4), "UR1");
+    EXPECT_TRUE(kcnC_CORMLabelMap::Exists());
+    yld_finalizeAPI();
+    EXPECT_FALSE(kcnC_CORMLabelMap::Exists());
 }
 
 TEST_F(yld_APITest, a_second_start_only_raises_the_count)

@@ -4,6 +4,9 @@
 #include "platform/base/bas_Library.h"
 #include "platform/store/lnk_Root.h"
 #include "platform/store/pcl_MetadataRegistrar.h"
+#include "platform/text/arc_ArchCompTable.h"
+#include "schema/clvS_Families.h"
+#include "schema/kcnC_CORMLabelMap.h"
 
 #include <iterator>
 
@@ -29,26 +32,28 @@ void stopRoot()
     lnk_Root::Instance().detachAll();
 }
 
-// The families of persistent classes that are declared when class evolution starts, in this order. A family
-// that declares none has no function.
-struct Family
-{
-    const char* prefix;
-    void (*formalize)();
-};
-
-constexpr Family families[] = {
-    {"hvyC", nullptr}, {"flwC", nullptr}, {"outC", nullptr}, {"prfC", nullptr},
-    {"secC", nullptr}, {"adpC", nullptr}, {"lcsC", nullptr}, {"kcnC", nullptr},
-};
-
 void startEvolution()
 {
-    for (const Family& family : families) {
-        if (family.formalize) {
-            family.formalize();
-        }
-    }
+    hvyC_formalize();
+    flwC_formalize();
+    outC_formalize();
+    prfC_formalize();
+    secC_formalize();
+    adpC_formalize();
+    lcsC_formalize();
+    kcnC_formalize();
+}
+
+// The connector classes declare themselves at their start, and so need the heavy classes before the others do.
+void startConnectors()
+{
+    arc_ArchCompTable::InsertEntry(kcnC_componentNumber, arc_LayoutEntry::ofThisMachine("kcnC"));
+    hvyC_formalize();
+}
+
+void stopConnectors()
+{
+    kcnC_CORMLabelMap::Finalize();
 }
 
 // What a library does at its first start and last stop stands behind its name.
@@ -77,7 +82,7 @@ constinit bas_Library lnk_library("lnk", nullptr, stopRoot);
 constinit bas_Library setC_library("setC");
 constinit bas_Library ldcC_library("ldcC");
 constinit bas_Library sto_library("sto");
-constinit bas_Library kcnC_library("kcnC");
+constinit bas_Library kcnC_library("kcnC", startConnectors, stopConnectors);
 constinit bas_Library calC_library("calC", startCalculator);
 constinit bas_Library clvS_library("clvS", startEvolution);
 
