@@ -20,7 +20,7 @@ constexpr int longestValue = 64 << 20;
 
 constexpr const char* mapFile = "PRAGMA mmap_size = 0x7fffffffffff";
 // Pages read through the map stay resident; having read this much, the map is taken down and made anew.
-constexpr long long mostMappedBytes = 128LL << 20;
+constexpr long long mostMappedBytes = 32LL << 20;
 
 // Below this a database has not even its first page.
 constexpr off_t leastBytes = 4096;
