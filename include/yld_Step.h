@@ -7,6 +7,7 @@
 #include "yld_Frame.h"
 #include "yld_MassScaling.h"
 #include "yld_NodalDofs.h"
+#include "yld_HistoryRegionPers.h"
 #include "yld_Repository.h"
 #include "yld_RestartRequest.h"
 #include "yld_Sequence.h"
@@ -18,6 +19,7 @@ class sto_Step;
 class sto_Sto;
 class sto_StoStep;
 class stpC_Step;
+class yld_StepHistory;
 class yld_Yld;
 
 /// The frames of a step. It holds one frame at a time: a reference to a frame is good until the next is asked for.
@@ -116,11 +118,32 @@ public:
     yld_Sequence<int> findFrames(const yld_LoadCase& loadCase, double value,
                                  yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
 
+    /// A new history region, good as long as the step. A node or element of an instance gets that instance. The region
+    /// is kept in the database with its first curve.
+    /// Raises "A historyRegion named '%1$s' already exists in step '%2$s'.", and with a load case that the step has not
+    /// "Invalid LoadCase".
+    yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description,
+                                     const yld_HistoryPoint& point);
+    yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description,
+                                     const yld_HistoryPoint& point, const yld_LoadCase& loadCase);
+    yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description, const yld_Node& node);
+    yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description, const yld_Node& node,
+                                     const yld_LoadCase& loadCase);
+    /// The regions as they stand; nothing is read.
+    yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegion();
+    /// The regions, read on first demand without any of their values.
+    yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegions();
+    const yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegions() const;
+    /// The first region at a place, in the order of their names; warns of each further one. A linear search.
+    /// Raises "HistoryRegion not found.".
+    yld_HistoryRegion& getHistoryRegion(const yld_HistoryPoint& point);
+    yld_HistoryRegion& getHistoryRegion(const yld_HistoryPoint& point, const yld_LoadCase& loadCase);
+
     /// A new load case. Raises "Invalid LoadCase" for a name that the step has.
     yld_LoadCase& LoadCase(const yld_String& name);
     const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
 
-    /// Looks for frames and load cases that came in since the last look, and for fields of the frame at hand if all
+    /// Looks for frames, load cases and, if history was read, curves that came in since the last look, and for fields of the frame at hand if all
     /// of its fields have been read; tells whether there were any.
     bool update();
     /// Gives back the memory of the frame at hand and its fields.
@@ -147,6 +170,9 @@ private:
     yld_Step* withoutFrames() const;
     yld_SequenceNodalDofs nodalDofs(bool isRetained) const;
     void markFrames(const yld_FieldOutput& field, void (sto_Frame::*mark)(int)) const;
+    yld_StepHistory& history() const;
+    yld_StepHistory& readHistory() const;
+    bool updateHistory();
     yld_Frame newFrame(const yld_String& description, double frameValue, int incrementNumber,
                        const yld_LoadCase& loadCase);
 
@@ -162,6 +188,7 @@ private:
     yld_Repository<yld_String, yld_LoadCase> m_loadCases;
     shr_CountedHld<sto_StoStep> m_modelStep;
     shr_CountedHld<yld_RestartRequest> m_restartRequest;
+    mutable shr_CountedHld<yld_StepHistory> m_history; // shared by all copies; null until asked for
 };
 
 /// The steps of a database, in the order of the analysis.

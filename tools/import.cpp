@@ -76,7 +76,9 @@ public:
         const auto mention = [&](bool isThere, const char* what) {
             if (isThere) append(left, what, ", ");
         };
-        add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
+        // Without times there is no step for them.
+        if (m_reader.times().empty())
+            add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
         add(m_reader.variables(exo_NODE_SET).size(), "node set variable", "node set variables");
         add(m_reader.variables(exo_SIDE_SET).size(), "side set variable", "side set variables");
         bool attributes = false;
@@ -283,6 +285,7 @@ private:
             m_reader.title().empty() ? "time steps of " + fileName : m_reader.title();
         yld_Step& step = m_database.Step("Step-1", description.c_str(), yld_Enum::TIME,
                                          times.back() > 0.0 ? times.back() : 1.0);
+        std::vector<yld_HistoryOutput> curves = addCurves(step);
         tool_Progress progress("importing", static_cast<int>(times.size()));
         for (std::size_t i = 0; i < times.size(); ++i) {
             {
@@ -292,8 +295,28 @@ private:
                     addField(frame, field, index, instance);
             }
             step.ClearFrameContainer();
+            m_reader.globalValues(static_cast<int>(i), m_column);
+            for (std::size_t c = 0; c < curves.size(); ++c)
+                curves[c].addData(times[i], static_cast<double>(single(m_column[c])));
             progress.show(static_cast<int>(i) + 1);
         }
+    }
+
+    // A curve for each global variable, in their order.
+    std::vector<yld_HistoryOutput> addCurves(yld_Step& step)
+    {
+        std::vector<yld_HistoryOutput> curves;
+        const std::vector<std::string>& variables = m_reader.variables(exo_GLOBAL);
+        if (variables.empty()) return curves;
+        const yld_HistoryPoint point(m_database.rootAssembly());
+        yld_HistoryRegion& region = step.HistoryRegion(point.shortText(), point.longText(), point);
+        std::set<std::string> given;
+        for (std::size_t i = 0; i < variables.size(); ++i) {
+            const std::string name =
+                uniqueName(variables[i], "global_", static_cast<std::int64_t>(i) + 1, given);
+            curves.push_back(region.HistoryOutput(name.c_str(), variables[i].c_str(), yld_Enum::SCALAR));
+        }
+        return curves;
     }
 
     void addField(yld_Frame& frame, const tool_PlannedField& planned, int index, const yld_Instance& instance)

@@ -9,6 +9,7 @@
 
 class fld_FieldDescription;
 class fld_Frame;
+class fld_HistoryStep;
 class mshK_Step;
 
 /// What the fields of a step have in common: their descriptions, one for each distinct combination, so that a
@@ -52,6 +53,7 @@ public:
         visit("inertia about center", self.m_inertiaAboutCenter);
         visit("inertia about origin", self.m_inertiaAboutOrigin);
         visit("acoustic mass center", self.m_acousticMassCenter);
+        visit("history step", self.m_historyStep);
     }
 
     std::string m_name;
@@ -69,6 +71,7 @@ public:
     std::vector<double> m_inertiaAboutCenter; ///< 11, 22, 33, 12, 13, 23
     std::vector<double> m_inertiaAboutOrigin;
     std::vector<double> m_acousticMassCenter;
+    lnk_ShortCut<fld_HistoryStep> m_historyStep; ///< null until the step may have history
 };
 
 #endif

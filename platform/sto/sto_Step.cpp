@@ -8,6 +8,7 @@
 #include "platform/store/fio_File.h"
 #include "platform/sto/sto_FieldStep.h"
 #include "platform/sto/sto_Frame.h"
+#include "platform/sto/sto_HistoryStep.h"
 #include "platform/sto/sto_ModelOf.h"
 #include "platform/sto/sto_StoStep.h"
 
@@ -94,6 +95,21 @@ void sto_Step::FieldStep()
 bool sto_Step::hasField() const { return m_step.fetch()->m_fieldStep.isValid(); }
 
 sto_FieldStep sto_Step::fieldStep() const { return sto_FieldStep(m_step.fetch()->m_fieldStep, m_index); }
+
+void sto_Step::HistoryStep()
+{
+    if (hasHistory()) return;
+    fld_HistoryStep history;
+    history.m_histories = mrp_Container<fld_History>::create(m_step.file());
+    history.m_times = mrp_Container<fld_Series>::create(m_step.file());
+    const std::shared_ptr<fld_Step> step = m_step.fetchWritable();
+    step->m_historyStep = lnk_ShortCut<fld_HistoryStep>::create(m_step.file(), std::move(history));
+    m_step.replace(step);
+}
+
+bool sto_Step::hasHistory() const { return m_step.fetch()->m_historyStep.isValid(); }
+
+sto_HistoryStep sto_Step::historyStep() const { return sto_HistoryStep(m_step.fetch()->m_historyStep); }
 
 std::vector<std::string> sto_Step::loadCaseNames() const { return m_step.fetch()->m_loadCaseNames; }
 

@@ -12,6 +12,7 @@
 class sto_FieldStep;
 class sto_FieldStepIndex;
 class sto_Frame;
+class sto_HistoryStep;
 class sto_StoStep;
 
 /// A handle on the result side of a step. Copies stand for the same step.
@@ -50,6 +51,11 @@ public:
     void FieldStep();
     bool hasField() const;
     sto_FieldStep fieldStep() const;
+
+    /// Lets the step have history.
+    void HistoryStep();
+    bool hasHistory() const;
+    sto_HistoryStep historyStep() const;
 
     std::vector<std::string> loadCaseNames() const;
     void addLoadCaseName(const shr_String& name);

@@ -81,9 +81,10 @@ class ExpectedTest(programs.ProgramTest):
         if facts["num_time_steps"]:
             self.check_last_step()
             self.check_histories()
+            self.check_globals()
 
     def check_notes(self, facts, text):
-        left_out = {"global variable": facts.get("global_variables"),
+        left_out = {"global variable": [],
                     "node set variable": facts.get("node_set_variables"),
                     "side set variable": facts.get("side_set_variables")}
         for what, names in left_out.items():
@@ -91,6 +92,16 @@ class ExpectedTest(programs.ProgramTest):
                 self.assertIn("%d %s" % (len(names), what), text)
             else:
                 self.assertNotIn(what, text)
+
+    def check_globals(self):
+        names = self.facts.get("global_variables") or []
+        regions = self.json("history", self.target, "--json")["regions"]
+        self.assertEqual(["Assembly Assembly"] if names else [], [r["name"] for r in regions])
+        for name in names:
+            curve, = self.json("history", self.target, "--output", name, "--json")["curves"]
+            self.assertEqual(self.facts["num_time_steps"], len(curve["data"]))
+            self.assertEqual(self.facts["times"]["last"], curve["data"][-1][0])
+            self.assert_single(self.facts["global_last_step"][name], curve["data"][-1][1], name)
 
     def name_of(self, entity, prefix):
         return entity.get("name") or prefix + str(entity["id"])

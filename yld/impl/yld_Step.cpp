@@ -11,6 +11,7 @@
 #include "platform/sto/sto_ModelOf.h"
 #include "platform/sto/sto_StoStep.h"
 #include "yld/impl/yld_Raise.h"
+#include "yld/impl/yld_StepHistory.h"
 
 #include <cmath>
 #include <limits>
@@ -92,6 +93,7 @@ yld_Step::yld_Step(const yld_String& name, const sto_Step& step, const yld_Strin
     for (const std::string& loadCase : step.loadCaseNames()) {
         m_loadCases.insert(loadCase.c_str(), yld_LoadCase(loadCase.c_str()));
     }
+    m_history = new yld_StepHistory;
     m_frames = yld_SequenceFrame(*this);
     m_knownFrames = m_frames.size();
 }
@@ -114,6 +116,7 @@ yld_Step* yld_Step::withoutFrames() const
     step->m_loadCases = m_loadCases;
     step->m_modelStep = m_modelStep;
     step->m_restartRequest = m_restartRequest;
+    step->m_history = m_history;
     return step;
 }
 
@@ -435,6 +438,7 @@ bool yld_Step::update()
     if (isNew) m_frames = yld_SequenceFrame(*this);
     else isNew = m_frames.updateCurrent();
     m_knownFrames = frames;
+    if (updateHistory()) isNew = true;
     return isNew;
 }
 

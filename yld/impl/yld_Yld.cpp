@@ -408,6 +408,7 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
     sto_Step step = store.result().Step(name, modelStep, modelStep.previousName());
     step.setTotalTime(begin);
     step.FieldStep();
+    step.HistoryStep();
     const shr_ArrayCOW<sto_Assembly> assembly(store.model(defaultModel).rootAssembly());
     all.file(yld_Step(name, step, description, assembly, domain, previousStepName,
                       yld_String(sto_Procedure::keyword(modelStep.getProcedureType()))),
