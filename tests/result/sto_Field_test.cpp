@@ -293,7 +293,8 @@ TEST_F(StoredFields, bothHalvesOfAPairChangeTheirPrecision)
     sto_Field field = frame().field().get(1);
     field.setStorageType(1);
     reopen();
-    const sto_FieldView<double> view = frame().field().get(1).view<double>();
+    const sto_Field read = frame().field().get(1);
+    const sto_FieldView<double> view = read.view<double>();
     EXPECT_EQ(view.data()[1], 2.0);
     ASSERT_NE(view.conjugate(), nullptr);
     EXPECT_EQ(view.conjugate()[1], 4.0);
