@@ -7,11 +7,13 @@ file(GLOB public_headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/*.h)
 file(GLOB container_headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/containers/*.h)
 install(FILES ${public_headers} DESTINATION ${YLD_HEADER_DIR})
 install(FILES ${container_headers} DESTINATION ${YLD_HEADER_DIR}/containers)
-# What public headers include from the floors below: value types and the bases of strings and exceptions. The
-# install test finds out when one is missing.
+# What public headers include from the floors below: value types and the bases of strings and exceptions; and the
+# table of remote connections, which clients fill. The install test finds out when one is missing.
 set(YLD_SUPPORT_HEADERS
     platform/base/mmo_Memory.h
     platform/base/sys_Timer.h
+    platform/rmt/rmt_RemoteConnectionsRep.h
+    platform/store/mrp_MapOfCowsRepository.h
     platform/store/pcl_Uid.h
     platform/text/exc_Exception.h
     platform/text/msg_StringBase.h

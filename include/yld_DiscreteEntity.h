@@ -41,9 +41,13 @@ public:
 
     /// @param index  the zero-based place in the mesh. Raises "Element index out of range.".
     yld_Element elements(int index) const;
+    /// Every element. Looks at the store again first, so that what was added shows.
+    yld_SequenceElement& elements();
     const yld_SequenceElement& elements() const;
     /// Raises "Node index out of range.".
     yld_Node nodes(int index) const;
+    /// Every node, as elements().
+    yld_SequenceNode& nodes();
     const yld_SequenceNode& nodes() const;
     yld_Node getNodeFromLabel(int label) const;
     /// Raises "Element index not found.".

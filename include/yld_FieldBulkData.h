@@ -102,7 +102,8 @@ class YLD_API yld_SequenceFieldBulkData
 {
 public:
     yld_SequenceFieldBulkData();
-    /// Reads every block of the sequence.
+    /// Reads every block of the sequence. A block that shows only some of its values materialises, for all who share it:
+    /// its values are in single precision from then on.
     explicit yld_SequenceFieldBulkData(const yld_SequenceFieldValue& values);
     yld_SequenceFieldBulkData(const yld_SequenceFieldBulkData&);
     yld_SequenceFieldBulkData& operator=(const yld_SequenceFieldBulkData&);
@@ -118,7 +119,6 @@ public:
 
 private:
     yld_SequenceFieldValue m_values;
-    yld_Sequence<yld_FieldValueList> m_gathered;
     int m_count = 0;
     mutable shr_1DArray<shr_COW<yld_FieldBulkData>> m_bulk;
 };

@@ -84,13 +84,39 @@ public:
     /// All blocks as plain arrays. The member behind the reference is rebuilt by every call.
     const yld_SequenceFieldBulkData& bulkDataBlocks() const;
 
-    /// The values at a position; an orphan that shares the blocks.
-    /// @param keepInMemory  derived values are kept in memory
-    /// @param orientations  derived values carry their local systems
+    // A subset is an orphan with name, labels, invariants and keys of this field. It shares the stored values; one that
+    // selects nothing has no values, and is no failure.
+
+    /// The values at a position. Where there are none, values at integration points are moved to CENTROID or
+    /// ELEMENT_NODAL; for any other position the subset is empty.
+    /// @param keepInMemory  moved values are kept in memory instead of being written into the frame; those of an orphan
+    ///                      always are
+    /// @param orientations  moved values carry their local systems
     yld_FieldOutput getSubset(yld_Enum::yld_ResultPositionEnum position, bool keepInMemory = true,
                               bool orientations = true) const;
-    /// The values of one part instance.
+    /// The values on a node set, an element set or a surface. Blocks whose own set has the name of the set are taken
+    /// whole, and if there are any, only they. Otherwise labels are compared: those of nodes with a node set (values at
+    /// ELEMENT_NODAL become values at NODAL), of elements with an element set, of surfaces with a surface. Labels of sets
+    /// and blocks are taken for ascending: what stands out of order is missed.
+    /// Raises "Unknown Set type." when a block belongs to no set. Reads labels, and of values only those that change
+    /// their position; linear in the labels.
+    yld_FieldOutput getSubset(const yld_Set& set) const;
+    /// The values with this local system, as yld_FieldValue::localCoordSystem() gives it, to the last digit.
+    /// Raises "Data is double precision.  Use localCoordSystemDouble". Reads all values.
+    yld_FieldOutput getSubset(const yld_Sequence<yld_Sequence<float>>& localCoordSystem) const;
+    /// The values at a section point, equal in number and text. This and the next, those of a type and of an instance
+    /// share whole blocks: they read nothing.
+    yld_FieldOutput getSubset(const yld_SectionPoint& sectionPoint) const;
+    /// The values at a position and at one of its section points; values without a section point stay.
+    yld_FieldOutput getSubset(const yld_FieldLocation& location) const;
+    /// The values of one node. Of values at ELEMENT_NODAL the first that a block has for the node, as a value at NODAL.
+    yld_FieldOutput getSubset(const yld_Node& node) const;
+    /// All values of one element.
+    yld_FieldOutput getSubset(const yld_Element& element) const;
+    /// The values of one part instance; of an instance named "rootAssembly" all values.
     yld_FieldOutput getSubset(const yld_Instance& instance) const;
+    /// The values on elements of a type, for example "HEX8".
+    yld_FieldOutput getSubset(const yld_String& elementType) const;
 
     /// Writes results into an attached field, to be kept by the next save. The rows go to one block for each element
     /// class, in the order of the labels; this object shows them at once. Blocks that were written before a failure
@@ -140,12 +166,6 @@ public:
                  const yld_Sequence<yld_Sequence<float>>& data,
                  const yld_SectionPoint& sectionPoint = yld_SectionPoint(),
                  const yld_Sequence<yld_Sequence<float>>& conjugateData = yld_Sequence<yld_Sequence<float>>());
-    /// Copies the blocks of another field, attached or not, of this or of another database. Instances, sets and element
-    /// classes are found by their names, rows go to the nodes and elements of the same labels; a label that the other
-    /// field has no row for gets zeros. A block that shows a part of its values makes a set of that part.
-    /// Raises "Fields are not compatible. They are either associated with different structural models or have
-    /// incompatible attributes."; a warning says what is missing.
-    void addData(yld_FieldOutput& field);
     /// Results as plain arrays: the same checks in the same order, the same blocks, without a sequence of sequences.
     /// All arrays are borrowed for the call alone. Labels in the order of the mesh are recognised by one comparison.
     /// @param numLabels          how many labels
@@ -164,6 +184,13 @@ public:
                      const yld_SectionPoint& sectionPoint = yld_SectionPoint(), const double* conjugateData = nullptr,
                      const float* localCoordSystems = nullptr, int numSystems = 0);
 
+    /// Copies all blocks of another field, which may be an orphan or stand in another database, into this one. Instances,
+    /// sets and element classes are found by their names in this field's model; a set whose labels are others there is
+    /// made anew under the name "api set".
+    /// Warns of what this field's model has not. Raises "addData() not valid for an orphaned object." and "Fields are
+    /// not compatible. They are either associated with different structural models or have incompatible attributes.".
+    void addData(yld_FieldOutput& field);
+
     /// Adds stored fields by key; tells whether any was new.
     bool addFieldKeys(const yld_Sequence<int>& keys);
     /// Takes the caller's component labels, or the default ones of the type behind the field's name.
@@ -177,9 +204,10 @@ public:
     bool operator==(const yld_FieldOutput& other) const { return this == &other; }
 
 private:
-    friend class yld_FieldAddDataField;
     friend class yld_FieldAddDataSet;
     friend class yld_FieldAddDataUtils;
+    friend class yld_FieldCopy;
+    friend class yld_Frame;
 
     void checkAttached() const;
     template<class T>
@@ -187,6 +215,9 @@ private:
                    int numLabels, const T* data, int numRows, int width, const yld_SectionPoint& sectionPoint,
                    const T* conjugateData, const float* localCoordSystems, int numSystems);
     bool appendFieldKeys(const yld_Sequence<int>& keys);
+    yld_FieldOutput subsetOf(const yld_SequenceFieldValue& values) const;
+    void moveToPosition(const yld_SequenceFieldValue& source, yld_Enum::yld_ResultPositionEnum position,
+                        bool keepInMemory, bool orientations);
     void adoptDescription(const sto_Field& field);
     void widenTensorType(const sto_FieldDescription& description);
     void narrowTensorType();

@@ -115,6 +115,12 @@ public:
     yld_FieldOutput& VectorOutput(const yld_String& name, const yld_String& description, int size);
     yld_FieldOutput& MatrixOutput(const yld_String& name, const yld_String& description, int rows, int cols);
     yld_FieldOutput& SymmetricMatrixOutput(const yld_String& name, const yld_String& description, int size);
+    /// A copy of a field of another frame, step or database, with its values and with its orphan flag: the copy of an
+    /// orphan stands in this frame and is kept, and takes no more data.
+    /// @param name  with its description; an empty name stands for the source's name and description
+    /// Raises "A field named '%s' already exists.", and what yld_FieldOutput::addData(field) raises.
+    yld_FieldOutput& FieldOutput(yld_FieldOutput& source, const yld_String& name = yld_String(),
+                                 const yld_String& description = yld_String());
 
     yld_FieldOutputRepository& fieldOutputs() { return m_fieldOutputs; }
     const yld_FieldOutputRepository& fieldOutputs() const { return m_fieldOutputs; }

@@ -1,15 +1,17 @@
 #ifndef YLD_INSTANCE_H
 #define YLD_INSTANCE_H
 
-#include "yld_DiscreteEntity.h"
 #include "yld_Part.h"
+#include "yld_PartOrInstance.h"
 
 class sto_Model;
 class sto_PartInstance;
 class yld_Mesh;
 
+extern template class yld_PartOrInstance<sto_PartInstance>;
+
 /// A part placed in the assembly. It has sets of its own; nodes and elements come from the part.
-class YLD_API yld_Instance : public yld_DiscreteEntity
+class YLD_API yld_Instance : public yld_PartOrInstance<sto_PartInstance>
 {
 public:
     yld_Instance();
@@ -30,27 +32,20 @@ public:
                      const yld_SectionCategory& category = yld_SectionCategory(),
                      const yld_ElemCtrlParams& params = yld_ElemCtrlParams()) override;
 
+    using yld_PartOrInstance::ElementSet;
+    using yld_PartOrInstance::NodeSet;
     /// Labels are sorted and made unique first unless isUnsorted is set.
     /// Raises "Duplicate set or surface name %s", "Invalid node label %d".
     yld_Set& NodeSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
                      bool isUnsorted = false, bool skipRefresh = false);
-    yld_Set& NodeSet(const yld_String& name, const yld_SequenceNode& nodes);
+    /// Raises "Duplicate set or surface name %s", "Invalid element label %d".
     yld_Set& ElementSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
                         bool skipRefresh = false);
-    yld_Set& ElementSet(const yld_String& name, const yld_SequenceElement& elements);
-    /// Raises "Number of surface faces and elements must agree.".
-    yld_Set& Surface(const yld_String& name, const yld_Sequence<int>& labels,
-                     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces, bool isInternal = false);
-    yld_Set& Surface(const yld_String& name, const yld_SequenceElement& elements,
-                     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces);
 
     /// The name of the part that is placed here.
     yld_String partName() const;
     /// The stored instance, by a handle of its own.
     sto_PartInstance instance() const;
-
-private:
-    shr_CountedHld<sto_PartInstance> m_instance;
 };
 
 /// The part instances of the assembly, by name, with all meshes of the model.

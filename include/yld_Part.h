@@ -1,7 +1,7 @@
 #ifndef YLD_PART_H
 #define YLD_PART_H
 
-#include "yld_DiscreteEntity.h"
+#include "yld_PartOrInstance.h"
 
 class sto_ElemCtrlParams;
 class sto_Model;
@@ -29,8 +29,10 @@ private:
     bool m_isSet = false;
 };
 
+extern template class yld_PartOrInstance<sto_Part>;
+
 /// A part: a mesh with its sets, to be placed in the assembly by instances.
-class YLD_API yld_Part : public yld_DiscreteEntity
+class YLD_API yld_Part : public yld_PartOrInstance<sto_Part>
 {
 public:
     yld_Part();
@@ -53,21 +55,14 @@ public:
                      const yld_SectionCategory& category = yld_SectionCategory(),
                      const yld_ElemCtrlParams& params = yld_ElemCtrlParams()) override;
 
-    /// Raises "Duplicate set or surface name %s", "Invalid node label %d". The reference holds until the part's
-    /// sets are next changed.
+    using yld_PartOrInstance::ElementSet;
+    using yld_PartOrInstance::NodeSet;
+    /// Labels go in as they are, in their order, repeated ones too.
+    /// Raises "Duplicate set or surface name %s", "Invalid node label %d".
     yld_Set& NodeSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
                      bool isUnsorted = false);
-    /// Raises besides "SequenceNode is not associated with this entity.".
-    yld_Set& NodeSet(const yld_String& name, const yld_SequenceNode& nodes);
     /// Raises "Duplicate set or surface name %s", "Invalid element label %d".
     yld_Set& ElementSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false);
-    /// Raises besides "SequenceElement is not associated with this entity.".
-    yld_Set& ElementSet(const yld_String& name, const yld_SequenceElement& elements);
-    /// @param faces  one face a label. Raises "Number of faces and elements should agree for a Surface.".
-    yld_Set& Surface(const yld_String& name, const yld_Sequence<int>& labels,
-                     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces, bool isInternal = false);
-    yld_Set& Surface(const yld_String& name, const yld_SequenceElement& elements,
-                     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces);
 
     /// The stored part, by a handle of its own.
     sto_Part part() const;
@@ -75,8 +70,6 @@ public:
 private:
     void bindMesh();
     void joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type);
-
-    shr_CountedHld<sto_Part> m_part;
 };
 
 /// The parts of a database, by name.

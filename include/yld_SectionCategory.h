@@ -46,7 +46,7 @@ public:
 
     /// Appends a section point and returns the new last entry. Neither the number nor duplicates are checked.
     /// The reference holds until the category is next changed or copied.
-    const yld_SectionPoint& SectionPoint(int number, const yld_String& description);
+    yld_SectionPoint& SectionPoint(int number, const yld_String& description);
 
     /// The point at an index counted from 0. The index is not checked.
     const yld_SectionPoint& sectionPoint(int index) const { return m_sectionPoints[index]; }

@@ -49,8 +49,21 @@ public:
     /// Always raises "Appending an yld_SequenceFieldValue not allowed.".
     void append(yld_SequenceFieldValue& other);
 
+    /// The values at a position. This and the next four share the blocks with this sequence and read no value.
     yld_SequenceFieldValue getSubset(yld_Enum::yld_ResultPositionEnum position) const;
+    /// The values at a section point, equal in number and text.
+    yld_SequenceFieldValue getSubset(const yld_SectionPoint& sectionPoint) const;
+    /// The values at a position and at one of its section points; values without a section point stay.
+    yld_SequenceFieldValue getSubset(const yld_FieldLocation& location) const;
+    /// The values on elements of a type.
+    yld_SequenceFieldValue getSubset(const yld_String& elementType) const;
+    /// The values of one part instance; of "rootAssembly" all values.
     yld_SequenceFieldValue getSubset(const yld_Instance& instance) const;
+    /// The values on a set; see yld_FieldOutput.
+    yld_SequenceFieldValue getSubset(const yld_Set& set) const;
+    yld_SequenceFieldValue getSubset(const yld_Sequence<yld_Sequence<float>>& localCoordSystem) const;
+    yld_SequenceFieldValue getSubset(const yld_Node& node) const;
+    yld_SequenceFieldValue getSubset(const yld_Element& element) const;
 
     const yld_Sequence<yld_SubField>& blocks() const { return m_blocks; }
     int numBlocks() const { return m_numBlocks; }
@@ -59,6 +72,8 @@ public:
     const yld_FieldValueList& list(int block) const;
 
 private:
+    template<class Keeps> yld_SequenceFieldValue filtered(Keeps keeps) const;
+
     bool m_firstFlag = false;
     bool m_isListOnly = false;
     yld_Sequence<yld_SubField> m_blocks;

@@ -1,33 +1,15 @@
 #include "info.h"
 
-#include "failure.h"
 #include "json_text.h"
 #include "names.h"
 #include "output.h"
 #include "yld.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstdio>
-#include <memory>
 #include <utility>
 #include <vector>
 
 namespace {
-
-// A database is an SQLite file, which keeps its user's version number in four bytes of the header, highest
-// first.
-int databaseVersion(const std::string& path)
-{
-    constexpr long offset = 60;
-    unsigned char bytes[4] = {};
-    const auto closer = [](std::FILE* open) { std::fclose(open); };
-    const std::unique_ptr<std::FILE, decltype(closer)> file(std::fopen(path.c_str(), "rb"), closer);
-    if (!file || std::fseek(file.get(), offset, SEEK_SET) != 0 || std::fread(bytes, 1, 4, file.get()) != 4)
-        throw tool_Failure("cannot read: " + path);
-    return static_cast<int>(std::uint32_t(bytes[0]) << 24 | std::uint32_t(bytes[1]) << 16 |
-                            std::uint32_t(bytes[2]) << 8 | std::uint32_t(bytes[3]));
-}
 
 // The sets of an entity, without a walk over their members.
 struct Sets
@@ -64,11 +46,11 @@ std::vector<Position> positionsOf(const yld_FieldOutput& field)
 class JsonReport
 {
 public:
-    JsonReport(const std::string& path, yld_Yld& database, tool_Output& output)
+    JsonReport(yld_Yld& database, tool_Output& output)
         : m_database(database), m_json(output)
     {
         m_json.beginObject();
-        m_json.member("version", databaseVersion(path));
+        m_json.member("version", database.databaseVersion());
         m_json.member("title", tool_text(database.analysisTitle()));
         m_json.member("description", tool_text(database.description()));
         yld_PartRepository& parts = database.parts();
@@ -196,7 +178,7 @@ public:
     TextReport(const std::string& path, yld_Yld& database, tool_Output& output) : m_output(output)
     {
         m_output << path << '\n';
-        line("version", std::to_string(databaseVersion(path)));
+        line("version", std::to_string(database.databaseVersion()));
         line("title", tool_text(database.analysisTitle()));
         line("description", tool_text(database.description()));
         yld_PartRepository& parts = database.parts();
@@ -320,7 +302,7 @@ void tool_info(const std::string& path, bool asJson)
     tool_Database database(path);
     tool_Output output;
     if (asJson)
-        JsonReport(path, *database, output);
+        JsonReport(*database, output);
     else
         TextReport(path, *database, output);
     output.finish();

@@ -5,13 +5,16 @@
 
 #include <string>
 
+class stpC_Restart;
+class stpC_Step;
+
 /// The model side of a step: what was analysed, apart from what came out of it.
 class mshK_Step : public pcl_Class<mshK_Step>
 {
 public:
     static constexpr const char* className = "mshK_Step";
     static constexpr unsigned classId = 0x00200001;
-    static constexpr int classVersion = 1;
+    static constexpr int classVersion = 2;
     template<class Self, class V> static void attributes(Self& self, V&& visit)
     {
         visit("step id", self.m_stepId);
@@ -24,6 +27,10 @@ public:
         visit("nlgeom", self.m_isNlgeom);
         visit("perturbation", self.m_isPerturbation);
         visit("analysis step", self.m_isAnalysisStep);
+        visit("solver input", self.m_solverInput);
+        visit("settings", self.m_settings);
+        visit("settings class", self.m_settingsClass);
+        visit("restart", self.m_restart);
     }
 
     /// The name under which the state before the first step stands.
@@ -39,6 +46,10 @@ public:
     bool m_isNlgeom = false;
     bool m_isPerturbation = false;
     bool m_isAnalysisStep = true;
+    std::string m_solverInput;          ///< text for the solver that stands behind the step
+    lnk_ShortCut<stpC_Step> m_settings; ///< read through stpC_Step::fetch; null for a step made for results alone
+    std::string m_settingsClass;        ///< which class of step that is
+    lnk_ShortCut<stpC_Restart> m_restart;
 };
 
 #endif

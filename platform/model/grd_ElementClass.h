@@ -40,6 +40,12 @@ public:
     /// The first call reads the array and raises unless every index is a node of the mesh.
     /// @param numNodes, numForeign  how many nodes the mesh has and refers to
     const int* connectivity(int numNodes, int numForeign) const;
+    /// Element controls: texts and numbers, in the order in which they were given.
+    void SetElemControlParams(const std::vector<std::string>& texts, const std::vector<double>& values)
+    {
+        m_controlTexts = texts;
+        m_controlValues = values;
+    }
     /// Raises when the parts of the row do not fit each other.
     void verify(const std::string& path) const;
 

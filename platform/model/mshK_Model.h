@@ -5,10 +5,13 @@
 #include "platform/store/pcl_Persistent.h"
 
 #include <string>
+#include <vector>
 
+class axs_DatumCsys;
 class mshK_Assembly;
 class mshK_Part;
 class mshK_Step;
+class secC_Section;
 
 /// The model of a database: parts, root assembly, the model side of the steps.
 class mshK_Model : public pcl_Class<mshK_Model>
@@ -29,7 +32,17 @@ public:
         visit("parts", self.m_parts);
         visit("root assembly", self.m_rootAssembly);
         visit("steps", self.m_steps);
+        visit("solver input", self.m_solverInput);
+        visit("top level solver input", self.m_topLevelSolverInput);
+        visit("sector axis", self.m_sectorAxis);
+        visit("sectors", self.m_sectors);
+        visit("sector ties", self.m_sectorTies);
+        visit("datums", self.m_datums);
+        visit("sections", self.m_sections);
     }
+
+    /// The name of the datum with that id; empty for an id that none has. Looks at the row of each.
+    std::string datumNameFromID(int id) const;
 
     /// Turns the progress messages of the model layer on or off for the process.
     static void GenerateWipMessages(bool on);
@@ -45,6 +58,13 @@ public:
     mrp_Container<mshK_Part> m_parts;
     lnk_ShortCut<mshK_Assembly> m_rootAssembly;
     mrp_Container<mshK_Step> m_steps;
+    std::string m_solverInput;
+    std::string m_topLevelSolverInput;
+    std::vector<double> m_sectorAxis; ///< two points of the axis of cyclic symmetry, six coordinates; empty without
+    int m_sectors = 0;
+    std::vector<std::string> m_sectorTies; ///< names of the constraints that tie neighbouring sectors
+    mrp_Container<axs_DatumCsys> m_datums; ///< by name; null until there is one, as the sections are
+    mrp_Container<secC_Section> m_sections;
 };
 
 #endif

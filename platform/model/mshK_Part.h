@@ -1,6 +1,7 @@
 #ifndef MSHK_PART_H
 #define MSHK_PART_H
 
+#include "platform/model/prtC_AssignmentLists.h"
 #include "platform/store/pcl_Persistent.h"
 
 class mshK_Mesh;
@@ -11,7 +12,7 @@ class mshK_Part : public pcl_Class<mshK_Part>
 public:
     static constexpr const char* className = "mshK_Part";
     static constexpr unsigned classId = 0x00100005;
-    static constexpr int classVersion = 1;
+    static constexpr int classVersion = 2;
     // Stored: never renumber.
     static constexpr int spaceThreeD = 2000;
     static constexpr int spaceTwoDPlanar = 2001;
@@ -23,12 +24,19 @@ public:
         visit("space", self.m_space);
         visit("type", self.m_type);
         visit("mesh", self.m_mesh);
+        prtC_AssignmentLists::attributes(self.m_assigned, visit);
+    }
+
+    void AssignSection(const std::shared_ptr<fio_FileBody>& file, const prtC_SectionAssignment& assignment)
+    {
+        prtC_append(file, m_assigned.m_sections, assignment.m_sectionName, assignment);
     }
 
     std::string m_name;
     int m_space = spaceThreeD;
     int m_type = typeDeformable;
     lnk_ShortCut<mshK_Mesh> m_mesh;
+    prtC_AssignmentLists m_assigned;
 };
 
 #endif

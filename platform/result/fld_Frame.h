@@ -17,7 +17,7 @@ class fld_Frame : public pcl_Class<fld_Frame>
 public:
     static constexpr const char* className = "fld_Frame";
     static constexpr unsigned classId = 0x00300004;
-    static constexpr int classVersion = 1;
+    static constexpr int classVersion = 2;
     template<class Self, class V> static void attributes(Self& self, V&& visit)
     {
         visit("label", self.m_label);
@@ -30,6 +30,8 @@ public:
         visit("imaginary", self.m_isImaginary);
         visit("fields", self.m_fields);
         visit("field keys", self.m_fieldKeys);
+        visit("default primary variable", self.m_defaultPrimaryVariable);
+        visit("default deformed variable", self.m_defaultDeformedVariable);
     }
 
     std::string m_label;
@@ -42,6 +44,9 @@ public:
     bool m_isImaginary = false;
     mrp_Container<fld_Field> m_fields;
     std::vector<int> m_fieldKeys; ///< of each entry of the container, in its order
+    // The keys of the fields that a viewer shows first, and deforms the model by; -1 for none.
+    int m_defaultPrimaryVariable = -1;
+    int m_defaultDeformedVariable = -1;
 };
 
 #endif

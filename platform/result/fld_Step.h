@@ -9,6 +9,7 @@
 
 class fld_FieldDescription;
 class fld_Frame;
+class fld_HistoryStep;
 class mshK_Step;
 
 /// What the fields of a step have in common: their descriptions, one for each distinct combination, so that a
@@ -35,7 +36,7 @@ class fld_Step : public pcl_Class<fld_Step>
 public:
     static constexpr const char* className = "fld_Step";
     static constexpr unsigned classId = 0x00300002;
-    static constexpr int classVersion = 1;
+    static constexpr int classVersion = 2;
     template<class Self, class V> static void attributes(Self& self, V&& visit)
     {
         visit("name", self.m_name);
@@ -46,6 +47,13 @@ public:
         visit("field step", self.m_fieldStep);
         visit("load case names", self.m_loadCaseNames);
         visit("frame load case names", self.m_frameLoadCaseNames);
+        visit("mass", self.m_mass);
+        visit("acoustic mass", self.m_acousticMass);
+        visit("mass center", self.m_massCenter);
+        visit("inertia about center", self.m_inertiaAboutCenter);
+        visit("inertia about origin", self.m_inertiaAboutOrigin);
+        visit("acoustic mass center", self.m_acousticMassCenter);
+        visit("history step", self.m_historyStep);
     }
 
     std::string m_name;
@@ -56,6 +64,14 @@ public:
     lnk_ShortCut<fld_FieldStep> m_fieldStep; ///< null until the step may have fields
     std::vector<std::string> m_loadCaseNames;
     std::vector<std::string> m_frameLoadCaseNames; ///< by frame, as far as any frame has one
+    // Of the whole model as the step found it; empty lists where nobody has worked them out.
+    double m_mass = 0.0;
+    double m_acousticMass = 0.0;
+    std::vector<double> m_massCenter;         ///< three coordinates
+    std::vector<double> m_inertiaAboutCenter; ///< 11, 22, 33, 12, 13, 23
+    std::vector<double> m_inertiaAboutOrigin;
+    std::vector<double> m_acousticMassCenter;
+    lnk_ShortCut<fld_HistoryStep> m_historyStep; ///< null until the step may have history
 };
 
 #endif

@@ -17,6 +17,29 @@ void sto_Assembly::setName(const std::string& name)
     m_reference.replace(assembly);
 }
 
+void sto_Assembly::AssignSection(const setC_Region& region, const std::string& sectionName, double offset)
+{
+    sto_requireRegion(region, modelFile());
+    const std::shared_ptr<mshK_Assembly> changed = m_reference.fetchWritable();
+    changed->AssignSection(modelFile(), prtC_SectionAssignment(region, sectionName, offset));
+    m_reference.replace(changed);
+}
+
+void sto_Assembly::AssignConnectorOrientation(const prtC_ConnectorOrientation& orientation)
+{
+    sto_requireRegion(orientation.m_region, modelFile());
+    const std::shared_ptr<mshK_Assembly> changed = m_reference.fetchWritable();
+    changed->AssignConnectorOrientation(modelFile(), orientation);
+    m_reference.replace(changed);
+}
+
+void sto_Assembly::setSolverInput(const std::string& text)
+{
+    const std::shared_ptr<mshK_Assembly> changed = m_reference.fetchWritable();
+    changed->m_solverInput = text;
+    m_reference.replace(changed);
+}
+
 sto_Mesh sto_Assembly::Mesh(const sto_NodeArg& arg)
 {
     if (hasMesh()) return mesh();
@@ -29,7 +52,7 @@ sto_Mesh sto_Assembly::Mesh(const sto_NodeArg& arg)
 
 sto_PartInstance sto_Assembly::instance(int index) const
 {
-    return sto_PartInstance(m_reference.fetch()->m_instances.at(index));
+    return sto_PartInstance(m_reference.fetch()->m_instances.at(index), m_model);
 }
 
 bool sto_Assembly::hasInstance(const std::string& name) const
@@ -41,7 +64,7 @@ sto_PartInstance sto_Assembly::instance(const std::string& name) const
 {
     const lnk_ShortCut<mshK_PartInstance> found = m_reference.fetch()->m_instances.get(name);
     if (found.isNull()) throw exc_TextException(msg_Format("There is no part instance named \"%s\".", name.c_str()));
-    return sto_PartInstance(found);
+    return sto_PartInstance(found, m_model);
 }
 
 sto_Mesh sto_Assembly::meshOf(const std::string& instanceName) const
@@ -55,30 +78,12 @@ sto_SetList sto_Assembly::set() const
     return sto_SetList(assembly->m_sets, assembly->m_internalSets);
 }
 
-namespace {
-
-lnk_ShortCut<setC_Set> present(const sto_Set& set, const std::string& name)
-{
-    if (!set.isValid()) throw exc_TextException(msg_Format("Set \"%s\" does not exist.", name.c_str()));
-    return set.shortCut();
-}
-
-setC_Set newSet(const sto_SetList& list, int type, const std::string& name, bool isInternal, bool isUnsorted)
-{
-    if (list.has(type, name)) throw exc_TextException(msg_Format("Duplicate set or surface name %s", name.c_str()));
-    setC_Set set;
-    set.m_label = name;
-    set.m_type = type;
-    set.m_internal = isInternal;
-    set.m_unsorted = isUnsorted;
-    return set;
-}
-
-} // namespace
-
 void sto_Assembly::addNodes(const int* labels, const float* coordinates, int count, const std::string& setName)
 {
-    Mesh().addNodes(labels, coordinates, count, std::string());
+    // Before a mesh is made for them.
+    const sto_NodeArg arg;
+    if (!hasMesh()) sto_Mesh::checkNewNodes(labels, coordinates, count, arg.dimension);
+    Mesh(arg).addNodes(labels, coordinates, count, std::string());
     if (setName.empty()) return;
     const sto_Set joined = set().find(setC_Set::nodeSet, setName);
     if (!joined.isValid()) {
@@ -92,7 +97,8 @@ void sto_Assembly::addNodes(const int* labels, const float* coordinates, int cou
 
 void sto_Assembly::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params)
 {
-    mesh().addElements(arg, std::string(), params);
+    mesh().addElements(arg, std::string(), nullptr);
+    if (params) mesh().setControlsOfLastClass(*params);
     joinElements(arg, setName);
 }
 
@@ -100,7 +106,9 @@ void sto_Assembly::addElements(const sto_ElementArg& arg, const std::vector<sto_
                                const std::vector<std::string>& names, const std::string& setName,
                                const sto_ElemCtrlParams* params)
 {
-    Mesh().addElements(arg, nodes, names, params);
+    if (!hasMesh()) sto_Mesh::checkElementArg(arg);
+    Mesh().addElements(arg, nodes, names, nullptr);
+    if (params) mesh().setControlsOfLastClass(*params);
     joinElements(arg, setName);
 }
 
@@ -121,7 +129,7 @@ sto_Set sto_Assembly::Nset(const std::string& name, const std::vector<sto_SetStr
                            bool isUnsorted)
 {
     sto_SetList list = set();
-    setC_Set made = newSet(list, setC_Set::nodeSet, name, isInternal, isUnsorted);
+    setC_Set made = list.begin(setC_Set::nodeSet, name, isInternal, isUnsorted);
     for (const sto_SetStruct& group : groups) {
         meshOf(group.instanceName).appendNodes(made, group.labels.data(), static_cast<int>(group.labels.size()));
     }
@@ -131,7 +139,7 @@ sto_Set sto_Assembly::Nset(const std::string& name, const std::vector<sto_SetStr
 sto_Set sto_Assembly::Elset(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal)
 {
     sto_SetList list = set();
-    setC_Set made = newSet(list, setC_Set::elementSet, name, isInternal, false);
+    setC_Set made = list.begin(setC_Set::elementSet, name, isInternal, false);
     for (const sto_SetStruct& group : groups) {
         meshOf(group.instanceName).appendElements(made, group.labels.data(), static_cast<int>(group.labels.size()));
     }
@@ -141,7 +149,7 @@ sto_Set sto_Assembly::Elset(const std::string& name, const std::vector<sto_SetSt
 sto_Set sto_Assembly::Surface(const std::string& name, const std::vector<mshK_SurfStruct>& groups, bool isInternal)
 {
     sto_SetList list = set();
-    setC_Set made = newSet(list, setC_Set::surface, name, isInternal, false);
+    setC_Set made = list.begin(setC_Set::surface, name, isInternal, false);
     for (const mshK_SurfStruct& group : groups) meshOf(group.instanceName).appendFacets(made, group.subsets);
     return list.add(m_reference.file(), std::move(made));
 }
@@ -149,7 +157,7 @@ sto_Set sto_Assembly::Surface(const std::string& name, const std::vector<mshK_Su
 void sto_Assembly::modifyNodeSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups,
                                        bool /*isInternal*/, bool isUnsorted)
 {
-    const lnk_ShortCut<setC_Set> reference = present(set().find(setC_Set::nodeSet, name), name);
+    const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::nodeSet, name);
     const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
     changed->clear();
     changed->m_unsorted = isUnsorted;
@@ -160,11 +168,12 @@ void sto_Assembly::modifyNodeSetLabels(const std::string& name, const std::vecto
 }
 
 void sto_Assembly::modifyElementSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups,
-                                          bool /*isInternal*/)
+                                          bool /*isInternal*/, bool isUnsorted)
 {
-    const lnk_ShortCut<setC_Set> reference = present(set().find(setC_Set::elementSet, name), name);
+    const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::elementSet, name);
     const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
     changed->clear();
+    changed->m_unsorted = isUnsorted;
     for (const sto_SetStruct& group : groups) {
         meshOf(group.instanceName).appendElements(*changed, group.labels.data(), static_cast<int>(group.labels.size()));
     }
@@ -174,7 +183,7 @@ void sto_Assembly::modifyElementSetLabels(const std::string& name, const std::ve
 void sto_Assembly::modifySurfaceLabels(const std::string& name, const std::vector<mshK_SurfStruct>& groups,
                                        bool /*isInternal*/)
 {
-    const lnk_ShortCut<setC_Set> reference = present(set().find(setC_Set::surface, name), name);
+    const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::surface, name);
     const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
     changed->clear();
     for (const mshK_SurfStruct& group : groups) meshOf(group.instanceName).appendFacets(*changed, group.subsets);

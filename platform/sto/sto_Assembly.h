@@ -18,6 +18,7 @@ struct mshK_SurfStruct
 {
     std::string instanceName;
     std::vector<sto_SurfaceSubset> subsets;
+    std::vector<int> faces; ///< as they were given: the number of each face less one
 };
 
 /// Whether an element type may stand in the assembly's own mesh: point masses, rigid nodes and connectors.
@@ -44,7 +45,8 @@ public:
     sto_Mesh Mesh(const sto_NodeArg& arg = sto_NodeArg());
     /// Makes the mesh if need be, and appends nodes to it, see sto_Mesh. The set is one of the assembly.
     void addNodes(const int* labels, const float* coordinates, int count, const std::string& setName);
-    /// The same for elements; the mesh must be there.
+    /// The same for elements; the mesh must be there. Element controls go to the class that was made last, here and
+    /// below.
     void addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params);
     /// The same for elements whose nodes may live in instances; the mesh is made if need be.
     void addElements(const sto_ElementArg& arg, const std::vector<sto_ScopedNode>& nodes,
@@ -58,6 +60,13 @@ public:
     /// Raises when there is no instance of that name.
     sto_PartInstance instance(const std::string& name) const;
 
+    /// Append to the lists of what is assigned, as those of a part do.
+    void AssignSection(const setC_Region& region, const std::string& sectionName, double offset);
+    void AssignConnectorOrientation(const prtC_ConnectorOrientation& orientation);
+
+    std::string solverInput() const { return m_reference.fetch()->m_solverInput; }
+    void setSolverInput(const std::string& text);
+
     sto_SetList set() const;
     /// Make a set over several instances. Labels must exist, a surface leaves out those that do not. A name that a set
     /// of the same type has is refused.
@@ -68,7 +77,8 @@ public:
     /// is settled when it is made; the flag is taken and changes nothing.
     void modifyNodeSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal,
                              bool isUnsorted);
-    void modifyElementSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal);
+    void modifyElementSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal,
+                                bool isUnsorted);
     void modifySurfaceLabels(const std::string& name, const std::vector<mshK_SurfStruct>& groups, bool isInternal);
 
     const lnk_ShortCut<mshK_Assembly>& shortCut() const { return m_reference; }

@@ -21,8 +21,9 @@ void sto_ElemCtrlParams::SetElemCtrlParams(const char* text1, double value2, dou
 }
 
 sto_ElementClass::sto_ElementClass(const lnk_ShortCut<grd_ElementClass>& reference,
-                                   const lnk_ShortCut<grd_NodeData>& nodes, int firstIndex)
-    : m_reference(reference), m_nodes(nodes), m_data(reference.fetch()), m_firstIndex(firstIndex)
+                                   const lnk_ShortCut<grd_NodeData>& nodes, int firstIndex, int classIndex)
+    : m_reference(reference), m_nodes(nodes), m_data(reference.fetch()), m_firstIndex(firstIndex),
+      m_classIndex(classIndex)
 {
     m_data->verify(reference.file()->path());
 }
@@ -80,7 +81,7 @@ sto_ElementClass sto_ElementData::elementClass(int index, int firstIndex) const
         fio_raise(m_classes.file() ? m_classes.file()->path() : std::string("mesh"),
                   "there is no element class " + std::to_string(index));
     }
-    return sto_ElementClass(m_classes.at(index), m_nodes, firstIndex);
+    return sto_ElementClass(m_classes.at(index), m_nodes, firstIndex, index);
 }
 
 int sto_ElementData::numElements() const { return firstElementIndex(numClasses()); }

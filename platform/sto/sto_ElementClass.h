@@ -34,8 +34,9 @@ public:
     /// No class.
     sto_ElementClass() = default;
     /// @param firstIndex  the index in the mesh of the class's first element
+    /// @param classIndex  the class's place in the mesh
     sto_ElementClass(const lnk_ShortCut<grd_ElementClass>& reference, const lnk_ShortCut<grd_NodeData>& nodes,
-                     int firstIndex);
+                     int firstIndex, int classIndex = -1);
 
     bool isValid() const { return m_data != nullptr; }
     int numElements() const { return m_data ? m_data->NumElements() : 0; }
@@ -55,6 +56,8 @@ public:
     /// Null when the element type is not known.
     const shc_Topology* shape() const;
 
+    /// The class's place among those of its mesh.
+    int classIndex() const { return m_classIndex; }
     /// The index in the mesh of the first element.
     int FirstElementIndex() const { return m_firstIndex; }
     /// User labels by index; null for a class whose elements have none. Borrowed until the mesh is changed or saved.
@@ -81,6 +84,7 @@ private:
     lnk_ShortCut<grd_NodeData> m_nodes;
     std::shared_ptr<const grd_ElementClass> m_data;
     int m_firstIndex = 0;
+    int m_classIndex = -1;
 };
 
 /// The elements of a stored mesh: its classes in the order in which they were made.

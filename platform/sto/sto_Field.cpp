@@ -3,6 +3,8 @@
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 
+#include <algorithm>
+
 struct sto_Field::Loaded
 {
     bool hasValues = false;
@@ -13,8 +15,9 @@ struct sto_Field::Loaded
 
 namespace {
 
+// Raises unless the file has as many values as the field says.
 template<class T>
-fio_Buffer load(const fld_Field& field, const pcl_Array<T>& array, const std::shared_ptr<fio_FileBody>& file)
+void check(const fld_Field& field, const pcl_Array<T>& array, const std::shared_ptr<fio_FileBody>& file)
 {
     const long long count = static_cast<long long>(field.m_rows) * field.m_width;
     if (field.m_rows < 0 || field.m_width < 0 || array.size() != count) {
@@ -22,12 +25,49 @@ fio_Buffer load(const fld_Field& field, const pcl_Array<T>& array, const std::sh
                                     std::to_string(field.m_rows) + " rows of " + std::to_string(field.m_width) +
                                     "; the file is damaged");
     }
-    const auto bytes = static_cast<std::size_t>(count) * sizeof(T);
     // Before memory is taken: a damaged count must not cost more than the look.
-    if (!array.isLoaded()) file->extents().verify(array.stored().firstExtent, bytes);
-    fio_Buffer buffer(bytes);
-    array.read(0, count, reinterpret_cast<T*>(buffer.writable()));
+    if (!array.isLoaded()) {
+        file->extents().verify(array.stored().firstExtent, static_cast<std::size_t>(count) * sizeof(T));
+    }
+}
+
+template<class T>
+fio_Buffer load(const fld_Field& field, const pcl_Array<T>& array, const std::shared_ptr<fio_FileBody>& file)
+{
+    check(field, array, file);
+    if (array.isLoaded()) return array.buffer();
+    fio_Buffer buffer(static_cast<std::size_t>(array.size()) * sizeof(T));
+    array.read(0, array.size(), reinterpret_cast<T*>(buffer.writable()));
     return buffer;
+}
+
+// Rows that are read in one go: from one to the end of another, with what lies between them.
+struct Stretch
+{
+    int first;
+    int last;
+    std::size_t from; // in the list of rows
+    std::size_t to;
+};
+
+// Rows close to each other cost one read together.
+std::vector<Stretch> stretchesOf(const std::vector<int>& rows, int rowBytes)
+{
+    constexpr int closeBytes = 4096;
+    const int gap = std::max(1, closeBytes / std::max(1, rowBytes));
+    std::vector<Stretch> stretches;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (!stretches.empty()) {
+            Stretch& current = stretches.back();
+            if (rows[i] >= current.first && rows[i] - current.last <= gap) {
+                current.last = std::max(current.last, rows[i]);
+                current.to = i + 1;
+                continue;
+            }
+        }
+        stretches.push_back({rows[i], rows[i], i, i + 1});
+    }
+    return stretches;
 }
 
 template<class T> const pcl_Array<T>& valuesOf(const fld_Field& field)
@@ -70,6 +110,56 @@ template<class T> sto_FieldView<T> sto_Field::view() const
 
 template sto_FieldView<float> sto_Field::view<float>() const;
 template sto_FieldView<double> sto_Field::view<double>() const;
+
+bool sto_Field::isSparse(const std::vector<int>& rows) const
+{
+    if (isLoaded()) return false;
+    const std::shared_ptr<const fld_Field> field = m_field.fetch();
+    if (field->m_values.isLoaded() && field->m_doubleValues.isLoaded()) return false;
+    const int rowBytes = field->m_width * static_cast<int>(field->m_storageType == 1 ? sizeof(double) : sizeof(float));
+    const std::vector<Stretch> stretches = stretchesOf(rows, rowBytes);
+    long long spanned = 0;
+    for (const Stretch& each : stretches) spanned += static_cast<long long>(each.last) - each.first + 1;
+    constexpr std::size_t mostReads = 1024;
+    constexpr int share = 4;
+    return stretches.size() <= mostReads && spanned <= field->m_rows / share;
+}
+
+template<class T> fio_Buffer sto_Field::rowsAt(const std::vector<int>& rows, bool ofConjugate) const
+{
+    const std::shared_ptr<const fld_Field> field = m_field.fetch();
+    for (const int row : rows) {
+        if (row < 0 || row >= field->m_rows) fio_raise(m_field.file()->path(), "a subset goes beyond its values");
+    }
+    const auto width = static_cast<std::size_t>(std::max(0, field->m_width));
+    fio_Buffer buffer(rows.size() * width * sizeof(T));
+    T* to = reinterpret_cast<T*>(buffer.writable());
+    if (!isSparse(rows)) {
+        const sto_FieldView<T> all = view<T>();
+        const T* values = ofConjugate ? all.conjugate() : all.data();
+        for (const int row : rows) {
+            std::copy_n(values + static_cast<std::size_t>(row) * width, width, to);
+            to += width;
+        }
+        return buffer;
+    }
+    const pcl_Array<T>& array = ofConjugate ? conjugateOf<T>(*field) : valuesOf<T>(*field);
+    check(*field, array, m_field.file());
+    const fio_ReadSession session(*m_field.file());
+    std::vector<T> read;
+    for (const Stretch& each : stretchesOf(rows, static_cast<int>(width * sizeof(T)))) {
+        const std::size_t count = (static_cast<std::size_t>(each.last - each.first) + 1) * width;
+        read.resize(count);
+        array.read(static_cast<long long>(each.first) * field->m_width, static_cast<long long>(count), read.data());
+        for (std::size_t i = each.from; i < each.to; ++i, to += width) {
+            std::copy_n(read.data() + static_cast<std::size_t>(rows[i] - each.first) * width, width, to);
+        }
+    }
+    return buffer;
+}
+
+template fio_Buffer sto_Field::rowsAt<float>(const std::vector<int>&, bool) const;
+template fio_Buffer sto_Field::rowsAt<double>(const std::vector<int>&, bool) const;
 
 bool sto_Field::hasConjugate() const
 {

@@ -4,8 +4,10 @@
 #include "platform/result/fld_Field.h"
 #include "platform/sto/sto_FieldDescription.h"
 #include "platform/sto/sto_FieldView.h"
+#include "platform/store/fio_Buffer.h"
 
 #include <memory>
+#include <vector>
 
 /// A handle on one stored block of values. The values are read when they are first asked for, once, and belong to this
 /// handle and its copies: when the last of them goes, so do the values.
@@ -29,6 +31,12 @@ public:
     /// All values; T is the one that storageType() tells. Reads them on the first call.
     /// Raises when the file has other values than the field says.
     template<class T> sto_FieldView<T> view() const;
+    /// Whether rowsAt() reads these rows alone: the values are not in memory, and the rows are few of them.
+    bool isSparse(const std::vector<int>& rows) const;
+    /// Copies rows out, side by side in the order given. Few rows are read alone, for many all are read and kept.
+    /// Raises for a row that the field has not.
+    /// @param ofConjugate  of the imaginary half, which must be there
+    template<class T> fio_Buffer rowsAt(const std::vector<int>& rows, bool ofConjugate = false) const;
     bool hasConjugate() const;
     bool hasOrientation() const { return m_field.fetch()->m_orientation.isValid(); }
     /// The local systems as a quaternion field; what is read of it lives as long as this handle.

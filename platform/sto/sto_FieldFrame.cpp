@@ -100,6 +100,23 @@ std::vector<int> sto_FieldFrame::fieldKeys(std::string_view name) const
     return keys;
 }
 
+int sto_FieldFrame::firstKeyOf(const std::vector<sto_FieldDescription>& descriptions) const
+{
+    std::vector<std::string> names;
+    names.reserve(descriptions.size());
+    for (const sto_FieldDescription& description : descriptions) names.push_back(description.data()->keyName());
+    const std::vector<int> keys = fieldKeys();
+    const std::shared_ptr<const fld_Frame> frame = m_frame.fetch();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const int place = static_cast<int>(i);
+        if (std::find(names.begin(), names.end(), frame->m_fields.key(place)) == names.end()) continue;
+        const lnk_ShortCut<fld_FieldDescription> own = frame->m_fields.at(place).fetch()->m_description;
+        const auto isOwn = [&own](const sto_FieldDescription& each) { return each.shortCut() == own; };
+        if (std::any_of(descriptions.begin(), descriptions.end(), isOwn)) return keys[i];
+    }
+    return -1;
+}
+
 fio_Buffer sto_FieldFrame::allocateField(const sto_FieldDescription& description, int storageType)
 {
     const std::shared_ptr<const fld_FieldDescription> data = description.data();

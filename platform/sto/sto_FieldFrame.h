@@ -33,6 +33,10 @@ public:
     /// The keys of all fields of a name, ascending. Reads no field.
     std::vector<int> fieldKeys(std::string_view name) const;
 
+    /// The key of the first field, in the store's order, that one of these descriptions describes; -1 for none.
+    /// Reads the rows of those fields alone that have a name and a position in common with one.
+    int firstKeyOf(const std::vector<sto_FieldDescription>& descriptions) const;
+
     /// Room for all values of a description, to be filled and handed to Field().
     /// @param storageType  0 single precision, 1 double
     static fio_Buffer allocateField(const sto_FieldDescription& description, int storageType = 0);

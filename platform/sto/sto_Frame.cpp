@@ -55,6 +55,20 @@ void sto_Frame::setImaginary(bool imaginary)
     edit(m_frame, [imaginary](fld_Frame& frame) { frame.m_isImaginary = imaginary; });
 }
 
+int sto_Frame::defaultPrimaryVariable() const { return m_frame.fetch()->m_defaultPrimaryVariable; }
+
+void sto_Frame::setDefaultPrimaryVariable(int key)
+{
+    edit(m_frame, [key](fld_Frame& frame) { frame.m_defaultPrimaryVariable = key; });
+}
+
+int sto_Frame::defaultDeformedVariable() const { return m_frame.fetch()->m_defaultDeformedVariable; }
+
+void sto_Frame::setDefaultDeformedVariable(int key)
+{
+    edit(m_frame, [key](fld_Frame& frame) { frame.m_defaultDeformedVariable = key; });
+}
+
 bool sto_Frame::hasField() const { return m_frame.fetch()->m_fields.isValid(); }
 
 sto_FieldFrame sto_Frame::fieldFrame() const { return sto_FieldFrame(m_frame); }

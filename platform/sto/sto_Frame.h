@@ -32,6 +32,12 @@ public:
     bool isImaginary() const;
     void setImaginary(bool imaginary);
 
+    /// The key of the field to be shown first, and of the one to deform the model by; -1 for none.
+    int defaultPrimaryVariable() const;
+    void setDefaultPrimaryVariable(int key);
+    int defaultDeformedVariable() const;
+    void setDefaultDeformedVariable(int key);
+
     bool hasField() const;
     sto_FieldFrame fieldFrame() const;
 

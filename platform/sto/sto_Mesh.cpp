@@ -47,23 +47,6 @@ ClassMembers& membersOf(std::vector<ClassMembers>& groups, std::vector<int>& pla
     return groups[static_cast<std::size_t>(place)];
 }
 
-setC_Set newSet(const sto_SetList& list, int type, const std::string& name, bool isInternal, bool isUnsorted)
-{
-    if (list.has(type, name)) throw exc_TextException(msg_Format("Duplicate set or surface name %s", name.c_str()));
-    setC_Set set;
-    set.m_label = name;
-    set.m_type = type;
-    set.m_internal = isInternal;
-    set.m_unsorted = isUnsorted;
-    return set;
-}
-
-lnk_ShortCut<setC_Set> present(const sto_Set& set, const std::string& name)
-{
-    if (!set.isValid()) throw exc_TextException(msg_Format("Set \"%s\" does not exist.", name.c_str()));
-    return set.shortCut();
-}
-
 } // namespace
 
 const std::string& sto_ScopedNodeData::getPartInstance(int index) const
@@ -142,18 +125,23 @@ std::shared_ptr<const aux_CoordCont3D> sto_Mesh::coordinates() const
     return std::make_shared<aux_CoordCont3D>(nodes.data()->m_coordinates, nodes.Dim(), placement);
 }
 
-void sto_Mesh::addNodes(const int* labels, const float* coordinates, int count, const std::string& setName)
+void sto_Mesh::checkNewNodes(const int* labels, const float* coordinates, int count, int dimension)
 {
     checkNewLabels(labels, count, "Invalid node label %d: labels begin at 1.", "Node label %d is given twice.");
+    const long long numbers = static_cast<long long>(count) * dimension;
+    for (long long i = 0; i < numbers; ++i) {
+        if (!std::isfinite(coordinates[i])) {
+            throw exc_TextException(msg_Format("The coordinates of node %d are not numbers.", labels[i / dimension]));
+        }
+    }
+}
+
+void sto_Mesh::addNodes(const int* labels, const float* coordinates, int count, const std::string& setName)
+{
     const lnk_ShortCut<grd_NodeData> reference = mesh()->m_nodeData;
     const sto_NodeData before(reference);
     const long long numbers = static_cast<long long>(count) * before.Dim();
-    for (long long i = 0; i < numbers; ++i) {
-        if (!std::isfinite(coordinates[i])) {
-            throw exc_TextException(
-                msg_Format("The coordinates of node %d are not numbers.", labels[i / before.Dim()]));
-        }
-    }
+    checkNewNodes(labels, coordinates, count, before.Dim());
     const int present = before.data()->m_labels.firstPresent(labels, count);
     if (present < count) {
         throw exc_TextException(msg_Format("Node label %d exists already.", labels[present]));
@@ -177,7 +165,7 @@ void sto_Mesh::addNodes(const int* labels, const float* coordinates, int count, 
     joined.shortCut().replace(set);
 }
 
-void sto_Mesh::checkNewElements(const sto_ElementArg& arg) const
+void sto_Mesh::checkElementArg(const sto_ElementArg& arg)
 {
     if (arg.nodesPerElement > grd_ElementClass::maxNodes) {
         throw exc_TextException(msg_Format("An element can have %d nodes at most; %d were given.",
@@ -185,6 +173,11 @@ void sto_Mesh::checkNewElements(const sto_ElementArg& arg) const
     }
     checkNewLabels(arg.labels, arg.numElements, "Invalid element label %d: labels begin at 1.",
                    "Element label %d is given twice.");
+}
+
+void sto_Mesh::checkNewElements(const sto_ElementArg& arg) const
+{
+    checkElementArg(arg);
     const std::shared_ptr<const mshK_Mesh> body = mesh();
     const sto_ElementData elements(body->m_classes, body->m_nodeData);
     for (int i = 0; i < elements.numClasses(); ++i) {
@@ -236,10 +229,7 @@ void sto_Mesh::appendChecked(const sto_ElementArg& arg, const sto_ElemCtrlParams
     }
     into->m_labels.append(arg.labels, arg.numElements);
     into->m_numElements += arg.numElements;
-    if (params && !params->isEmpty()) {
-        into->m_controlTexts = params->texts();
-        into->m_controlValues = params->values();
-    }
+    if (params && !params->isEmpty()) into->SetElemControlParams(params->texts(), params->values());
     if (reference.isNull()) {
         reference = lnk_ShortCut<grd_ElementClass>::create(modelFile(), std::move(*into));
         classes.append(key, reference);
@@ -286,10 +276,33 @@ void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName
     joined.shortCut().replace(set);
 }
 
+void sto_Mesh::setControlsOfLastClass(const sto_ElemCtrlParams& params)
+{
+    const mrp_Container<grd_ElementClass> classes = mesh()->m_classes;
+    if (classes.isEmpty()) return;
+    const lnk_ShortCut<grd_ElementClass> last = classes.at(classes.size() - 1);
+    const std::shared_ptr<grd_ElementClass> changed = last.fetchWritable();
+    changed->SetElemControlParams(params.texts(), params.values());
+    last.replace(changed);
+}
+
 sto_SetList sto_Mesh::set() const
 {
     const std::shared_ptr<const mshK_Mesh> body = mesh();
-    return sto_SetList(body->m_sets, body->m_internalSets);
+    return sto_SetList(body->m_sets, body->m_internalSets, modelFile()->beside(m_reference.id()));
+}
+
+sto_Set sto_Mesh::temporarySet(int type, const std::string& name, const int* labels, int count) const
+{
+    setC_Set set;
+    set.m_label = name;
+    set.m_type = type;
+    set.m_internal = true;
+    if (count > 0 && type == setC_Set::nodeSet) appendNodes(set, labels, count);
+    else if (count > 0) appendElements(set, labels, count);
+    const auto made = lnk_ShortCut<setC_Set>::apart(modelFile(), std::move(set));
+    modelFile()->keepBeside(m_reference.id(), setC_Set::key(type, name), made);
+    return sto_Set(made);
 }
 
 void sto_Mesh::appendNodes(setC_Set& set, const int* labels, int count) const
@@ -367,7 +380,7 @@ void sto_Mesh::appendFacets(setC_Set& set, const std::vector<sto_SurfaceSubset>&
 sto_Set sto_Mesh::Nset(const std::string& name, const int* labels, int count, bool isInternal, bool isUnsorted)
 {
     sto_SetList list = set();
-    setC_Set made = newSet(list, setC_Set::nodeSet, name, isInternal, isUnsorted);
+    setC_Set made = list.begin(setC_Set::nodeSet, name, isInternal, isUnsorted);
     appendNodes(made, labels, count);
     return list.add(modelFile(), std::move(made));
 }
@@ -375,7 +388,7 @@ sto_Set sto_Mesh::Nset(const std::string& name, const int* labels, int count, bo
 sto_Set sto_Mesh::Elset(const std::string& name, const int* labels, int count, bool isInternal)
 {
     sto_SetList list = set();
-    setC_Set made = newSet(list, setC_Set::elementSet, name, isInternal, false);
+    setC_Set made = list.begin(setC_Set::elementSet, name, isInternal, false);
     appendElements(made, labels, count);
     return list.add(modelFile(), std::move(made));
 }
@@ -383,7 +396,7 @@ sto_Set sto_Mesh::Elset(const std::string& name, const int* labels, int count, b
 sto_Set sto_Mesh::Surface(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets, bool isInternal)
 {
     sto_SetList list = set();
-    setC_Set made = newSet(list, setC_Set::surface, name, isInternal, false);
+    setC_Set made = list.begin(setC_Set::surface, name, isInternal, false);
     appendFacets(made, subsets);
     return list.add(modelFile(), std::move(made));
 }
@@ -391,7 +404,7 @@ sto_Set sto_Mesh::Surface(const std::string& name, const std::vector<sto_Surface
 void sto_Mesh::modifyNodeSetLabels(const std::string& name, const int* labels, int count, bool /*isInternal*/,
                                    bool isUnsorted)
 {
-    const lnk_ShortCut<setC_Set> reference = present(nset(name), name);
+    const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::nodeSet, name);
     const std::shared_ptr<setC_Set> set = reference.fetchWritable();
     set->clear();
     set->m_unsorted = isUnsorted;
@@ -401,7 +414,7 @@ void sto_Mesh::modifyNodeSetLabels(const std::string& name, const int* labels, i
 
 void sto_Mesh::modifyElementSetLabels(const std::string& name, const int* labels, int count, bool /*isInternal*/)
 {
-    const lnk_ShortCut<setC_Set> reference = present(elset(name), name);
+    const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::elementSet, name);
     const std::shared_ptr<setC_Set> set = reference.fetchWritable();
     set->clear();
     appendElements(*set, labels, count);
@@ -411,7 +424,7 @@ void sto_Mesh::modifyElementSetLabels(const std::string& name, const int* labels
 void sto_Mesh::modifySurfaceSetLabels(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets,
                                       bool /*isInternal*/)
 {
-    const lnk_ShortCut<setC_Set> reference = present(surface(name), name);
+    const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::surface, name);
     const std::shared_ptr<setC_Set> set = reference.fetchWritable();
     set->clear();
     appendFacets(*set, subsets);

@@ -94,11 +94,23 @@ public:
     void addElements(const sto_ElementArg& arg, const std::vector<sto_ScopedNode>& nodes,
                      const std::vector<std::string>& names, const sto_ElemCtrlParams* params);
 
+    /// Puts other element controls in the place of those of the class that was made last.
+    void setControlsOfLastClass(const sto_ElemCtrlParams& params);
+    /// What can be told about new nodes and elements without a mesh: labels, coordinates, number of nodes. Raise as
+    /// addNodes and addElements do.
+    static void checkNewNodes(const int* labels, const float* coordinates, int count, int dimension);
+    static void checkElementArg(const sto_ElementArg& arg);
+
     /// Make a set of this mesh. Members keep the order given and may repeat; labels must exist, a surface leaves out
     /// those that do not. A name that a set of the same type has is refused.
     sto_Set Nset(const std::string& name, const int* labels, int count, bool isInternal, bool isUnsorted);
     sto_Set Elset(const std::string& name, const int* labels, int count, bool isInternal);
     sto_Set Surface(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets, bool isInternal);
+    /// Makes an internal set in memory alone, in the place of one made so before under that name: no save writes it,
+    /// and it works for files that are open for reading only. Whoever holds the set before keeps it as it is. Without
+    /// labels the set has no subset. Raises for an unknown label.
+    /// @param type  nodes or elements
+    sto_Set temporarySet(int type, const std::string& name, const int* labels, int count) const;
     /// No set where there is none of that name.
     sto_Set nset(const std::string& name) const { return set().find(setC_Set::nodeSet, name); }
     sto_Set elset(const std::string& name) const { return set().find(setC_Set::elementSet, name); }

@@ -1,6 +1,7 @@
 #include "platform/sto/sto_Model.h"
 
 #include "platform/store/fio_File.h"
+#include "platform/sto/sto_StoStep.h"
 #include "platform/text/exc_Exception.h"
 #include "platform/text/msg_Format.h"
 
@@ -17,21 +18,33 @@ sto_Model sto_Model::create(const std::shared_ptr<fio_FileBody>& file, const std
     model.m_parts = mrp_Container<mshK_Part>::create(file);
     model.m_rootAssembly = lnk_ShortCut<mshK_Assembly>::create(file, std::move(assembly));
     model.m_steps = mrp_Container<mshK_Step>::create(file);
-    return sto_Model(lnk_ShortCut<mshK_Model>::create(file, std::move(model)));
+    const sto_Model made(lnk_ShortCut<mshK_Model>::create(file, std::move(model)));
+    made.step(mshK_Step::InitialStepName());
+    return made;
 }
 
-void sto_Model::setModelTitle(const std::string& title)
+void sto_Model::setModelTitle(const std::string& title) { change(&mshK_Model::m_title, title); }
+
+void sto_Model::setGlobalJob(const std::string& job) { change(&mshK_Model::m_globalJob, job); }
+
+void sto_Model::setShellToSolid(bool shellToSolid) { change(&mshK_Model::m_shellToSolid, shellToSolid); }
+
+void sto_Model::setSolverInput(const std::string& text) { change(&mshK_Model::m_solverInput, text); }
+
+void sto_Model::setTopLevelSolverInput(const std::string& text) { change(&mshK_Model::m_topLevelSolverInput, text); }
+
+void sto_Model::DefineCyclicSymmetry(const float* startPoint, const float* endPoint, int sectors)
 {
     const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-    changed->m_title = title;
+    changed->m_sectorAxis.assign(startPoint, startPoint + 3);
+    changed->m_sectorAxis.insert(changed->m_sectorAxis.end(), endPoint, endPoint + 3);
+    changed->m_sectors = sectors;
     m_reference.replace(changed);
 }
 
-void sto_Model::setGlobalJob(const std::string& job)
+void sto_Model::setCyclicSymmTieConstraints(const std::vector<std::string>& names)
 {
-    const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-    changed->m_globalJob = job;
-    m_reference.replace(changed);
+    change(&mshK_Model::m_sectorTies, names);
 }
 
 int sto_Model::dimension() const
@@ -47,14 +60,14 @@ sto_Part sto_Model::part(const std::string& name) const
 {
     const lnk_ShortCut<mshK_Part> found = model()->m_parts.get(name);
     if (found.isNull()) throw exc_TextException(msg_Format("There is no part named \"%s\".", name.c_str()));
-    return sto_Part(found);
+    return sto_Part(found, m_reference);
 }
 
 sto_Part sto_Model::Part(const std::string& name, int space, int type)
 {
     mrp_Container<mshK_Part> parts = model()->m_parts;
     const lnk_ShortCut<mshK_Part> present = parts.get(name);
-    if (!present.isNull()) return sto_Part(present);
+    if (!present.isNull()) return sto_Part(present, m_reference);
 
     const bool plane = space == mshK_Part::spaceTwoDPlanar || space == mshK_Part::spaceAxisymmetric;
     mshK_Part part;
@@ -64,7 +77,7 @@ sto_Part sto_Model::Part(const std::string& name, int space, int type)
     part.m_mesh = sto_Mesh::create(modelFile(), sto_newMeshIndex(m_reference), plane ? 2 : 3).shortCut();
     const lnk_ShortCut<mshK_Part> made = lnk_ShortCut<mshK_Part>::create(modelFile(), std::move(part));
     parts.append(name, made);
-    return sto_Part(made);
+    return sto_Part(made, m_reference);
 }
 
 sto_PartInstance sto_Model::PartInstanceFromPart(const std::string& partName, const std::string& instanceName,
@@ -95,7 +108,105 @@ sto_PartInstance sto_Model::PartInstanceFromPart(const std::string& partName, co
     mesh.replace(placed);
     mrp_Container<mshK_PartInstance> instances = assembly.shortCut().fetch()->m_instances;
     instances.append(instanceName, made);
-    return sto_PartInstance(made);
+    return sto_PartInstance(made, m_reference);
+}
+
+sto_Datum sto_Model::datum(const std::string& name) const
+{
+    const lnk_ShortCut<axs_DatumCsys> found = model()->m_datums.get(name);
+    if (found.isNull()) throw exc_TextException(msg_Format("There is no datum named \"%s\".", name.c_str()));
+    return sto_Datum(found);
+}
+
+sto_DatumCsys sto_Model::file(const std::string& name, axs_DatumCsys datum)
+{
+    datum.m_name = name;
+    const lnk_ShortCut<axs_DatumCsys> present = model()->m_datums.get(name);
+    if (present.isValid()) {
+        datum.m_id = present.fetch()->m_id;
+        present.replace(std::make_shared<axs_DatumCsys>(std::move(datum)));
+        return sto_DatumCsys(present);
+    }
+    const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
+    // Datums are never taken out, so their number is an id that none has.
+    datum.m_id = changed->m_datums.size() + 1;
+    prtC_append(modelFile(), changed->m_datums, name, std::move(datum));
+    m_reference.replace(changed);
+    return sto_DatumCsys(changed->m_datums.get(name));
+}
+
+sto_DatumCsys sto_Model::DatumCsys(const std::string& name, const geo_Vector& x, const geo_Vector& y,
+                                   const geo_Vector& z, axs_CsysTypeEnm type, const geo_Vector& origin)
+{
+    axs_DatumCsys made;
+    made.setAxes(origin, x, y, z);
+    made.m_systemType = static_cast<int>(type);
+    return file(name, std::move(made));
+}
+
+geo_Vector sto_Model::nodePosition(int meshIndex, int label) const
+{
+    std::vector<sto_Mesh> meshes;
+    const sto_Assembly assembly = rootAssembly();
+    for (int i = 0; i < assembly.numInstances(); ++i) meshes.push_back(assembly.instance(i).mesh());
+    if (assembly.hasMesh()) meshes.push_back(assembly.mesh());
+    for (int i = 0; i < numParts(); ++i) meshes.push_back(part(i).mesh());
+    for (const sto_Mesh& mesh : meshes) {
+        if (mesh.meshIndex() != meshIndex) continue;
+        const int node = mesh.nodeData().GetNodeIndexFromLabel(label);
+        if (node < 0) break;
+        float place[3];
+        mesh.coordinates()->GetCoord(node, place);
+        return geo_Vector(place[0], place[1], place[2]);
+    }
+    throw exc_TextException(msg_Format("Invalid node label %d", label));
+}
+
+axs_DatumCsys sto_Model::followingNodes(int follows, const int meshIndices[], const int labels[],
+                                        axs_CsysTypeEnm type) const
+{
+    geo_Vector places[3];
+    axs_DatumCsys made;
+    for (int i = 0; i < axs_DatumCsys::numNodes(follows); ++i) {
+        places[i] = nodePosition(meshIndices[i], labels[i]);
+        made.m_nodes.append(meshIndices[i], labels[i]);
+    }
+    if (follows == axs_DatumCsys::threeNodes) made.setAxesThrough(places[0], places[1], places[2]);
+    else if (follows == axs_DatumCsys::threeNodesOnCircle) made.setAxesOnCircle(places[0], places[1], places[2]);
+    else made.setAxes(places[0], {1, 0, 0}, {0, 1, 0}, {0, 0, 1});
+    made.m_systemType = static_cast<int>(type);
+    made.m_follows = follows;
+    return made;
+}
+
+sto_DatumCsys sto_Model::DatumCsys3Nodes(const std::string& name, const int meshIndices[3], const int labels[3],
+                                         axs_CsysTypeEnm type)
+{
+    return file(name, followingNodes(axs_DatumCsys::threeNodes, meshIndices, labels, type));
+}
+
+sto_DatumCsys sto_Model::DatumCsys3CircNodes(const std::string& name, const int meshIndices[3], const int labels[3],
+                                             axs_CsysTypeEnm type)
+{
+    return file(name, followingNodes(axs_DatumCsys::threeNodesOnCircle, meshIndices, labels, type));
+}
+
+sto_DatumCsys sto_Model::DatumCsys6dofNode(const std::string& name, int meshIndex, int label, axs_CsysTypeEnm type)
+{
+    return file(name, followingNodes(axs_DatumCsys::sixDofNode, &meshIndex, &label, type));
+}
+
+lnk_ShortCut<secC_Section> sto_Model::Section(const std::string& name, int subType)
+{
+    const lnk_ShortCut<secC_Section> present = section(name);
+    if (present.isValid()) return present;
+    secC_Section made;
+    made.m_name = name;
+    made.m_subType = subType;
+    const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
+    prtC_append(modelFile(), changed->m_sections, name, std::move(made));
+    m_reference.replace(changed);
+    return changed->m_sections.get(name);
 }
 
 int sto_newMeshIndex(const lnk_ShortCut<mshK_Model>& model)

@@ -1,9 +1,16 @@
 #ifndef STO_MODEL_H
 #define STO_MODEL_H
 
+#include "platform/attribute/secC_Section.h"
 #include "platform/model/mshK_Model.h"
 #include "platform/sto/sto_Assembly.h"
+#include "platform/sto/sto_ModelSectorDefinition.h"
+#include "platform/sto/sto_Datum.h"
 #include "platform/sto/sto_Part.h"
+#include "platform/text/shr_String.h"
+
+class sto_StoStep;
+class stpC_Step;
 
 /// A handle on a stored model. What it tells is up to date with every call.
 class sto_Model
@@ -22,12 +29,26 @@ public:
     void setModelTitle(const std::string& title);
     std::string globalJob() const { return model()->m_globalJob; }
     void setGlobalJob(const std::string& job);
+    bool shellToSolid() const { return model()->m_shellToSolid; }
+    void setShellToSolid(bool shellToSolid);
+    std::string solverInput() const { return model()->m_solverInput; }
+    void setSolverInput(const std::string& text);
+    std::string topLevelSolverInput() const { return model()->m_topLevelSolverInput; }
+    void setTopLevelSolverInput(const std::string& text);
+
+    /// One sector stands for a whole of cyclic symmetry: the axis goes through two points of three coordinates.
+    void DefineCyclicSymmetry(const float* startPoint, const float* endPoint, int sectors);
+    /// The names of the constraints that tie neighbouring sectors.
+    void setCyclicSymmTieConstraints(const std::vector<std::string>& names);
+    std::vector<std::string> cyclicSymmTieConstraints() const { return model()->m_sectorTies; }
+    bool HasSectorDefinition() const { return sto_ModelSectorDefinition(m_reference).isValid(); }
+    sto_ModelSectorDefinition modelSectorDefinition() const { return sto_ModelSectorDefinition(m_reference); }
     /// 2 when there are parts and none of them is in space, else 3.
     int dimension() const;
 
     int numParts() const { return model()->m_parts.size(); }
     std::string partName(int index) const { return model()->m_parts.key(index); }
-    sto_Part part(int index) const { return sto_Part(model()->m_parts.at(index)); }
+    sto_Part part(int index) const { return sto_Part(model()->m_parts.at(index), m_reference); }
     bool hasPart(const std::string& name) const { return model()->m_parts.find(name) >= 0; }
     /// Raises when there is no part of that name.
     sto_Part part(const std::string& name) const;
@@ -42,10 +63,63 @@ public:
     sto_PartInstance PartInstanceFromPart(const std::string& partName, const std::string& instanceName, int meshIndex,
                                           const float* placement);
 
+    /// The datums, in the order in which they were made.
+    int numDatums() const { return model()->m_datums.size(); }
+    std::string datumName(int index) const { return model()->m_datums.key(index); }
+    sto_Datum datum(int index) const { return sto_Datum(model()->m_datums.at(index)); }
+    bool hasDatum(const std::string& name) const { return model()->m_datums.find(name) >= 0; }
+    /// Raises when there is no datum of that name.
+    sto_Datum datum(const std::string& name) const;
+    /// Make a datum system, fixed or following nodes; one of a name that is taken is changed into it. Nodes are given
+    /// by mesh index and label; their places when the system is made give its axes. Raise for a node that is not there.
+    sto_DatumCsys DatumCsys(const std::string& name, const geo_Vector& x, const geo_Vector& y, const geo_Vector& z,
+                            axs_CsysTypeEnm type, const geo_Vector& origin);
+    sto_DatumCsys DatumCsys3Nodes(const std::string& name, const int meshIndices[3], const int labels[3],
+                                  axs_CsysTypeEnm type);
+    sto_DatumCsys DatumCsys3CircNodes(const std::string& name, const int meshIndices[3], const int labels[3],
+                                      axs_CsysTypeEnm type);
+    sto_DatumCsys DatumCsys6dofNode(const std::string& name, int meshIndex, int label, axs_CsysTypeEnm type);
+    /// Files a finished system under a name.
+    sto_DatumCsys file(const std::string& name, axs_DatumCsys datum);
+
+    /// The sections, by name.
+    int numSections() const { return model()->m_sections.size(); }
+    bool hasSection(const std::string& name) const { return model()->m_sections.find(name) >= 0; }
+    /// A null reference where there is none of that name.
+    lnk_ShortCut<secC_Section> section(const std::string& name) const { return model()->m_sections.get(name); }
+    /// Makes a section, or gives the one of that name as it is.
+    lnk_ShortCut<secC_Section> Section(const std::string& name, int subType);
+    /// The model side of a step. Raises when there is no step of that name; the initial step is there always.
+    sto_StoStep step(const shr_String& name) const;
+    /// A new step with its analysis settings, which tell procedure, period and flags; behind the one that it follows,
+    /// or at the end without one. A name that another step has is taken, and goes on standing for the other.
+    /// @param position  how many steps the caller has; the number that the step gets is the model's own
+    sto_StoStep Step(int position, const shr_String& name, const shr_String& description, const stpC_Step& settings,
+                     const shr_String& previous) const;
+    /// The same for a step in time without settings.
+    /// @param procedure  a procedure number, see sto_Procedure; it decides the domain
+    /// @param period     the time that the step lasts
+    /// @param flag       1: geometric nonlinearity may be on
+    sto_StoStep GeneralStep(int position, const shr_String& name, const shr_String& description, int procedure,
+                            double period, const shr_String& previous, int flag) const;
+    /// The same for a perturbation about the state that the step before has reached.
+    sto_StoStep PerturbationStep(int position, const shr_String& name, const shr_String& description, int procedure,
+                                 double period, const shr_String& previous) const;
+
     const lnk_ShortCut<mshK_Model>& shortCut() const { return m_reference; }
     const std::shared_ptr<fio_FileBody>& modelFile() const { return m_reference.file(); }
 
 private:
+    // Changes one value of the stored model.
+    template<class Value> void change(Value mshK_Model::* member, Value value)
+    {
+        const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
+        (*changed).*member = std::move(value);
+        m_reference.replace(changed);
+    }
+    geo_Vector nodePosition(int meshIndex, int label) const;
+    axs_DatumCsys followingNodes(int follows, const int meshIndices[], const int labels[], axs_CsysTypeEnm type) const;
+
     lnk_ShortCut<mshK_Model> m_reference;
 };
 

@@ -2,23 +2,25 @@
 #define STO_PART_H
 
 #include "platform/model/mshK_Part.h"
-#include "platform/sto/sto_Mesh.h"
+#include "platform/sto/sto_MeshOwner.h"
+
+extern template class sto_MeshOwner<mshK_Part>;
 
 /// A handle on a stored part.
-class sto_Part
+class sto_Part : public sto_MeshOwner<mshK_Part>
 {
 public:
     /// No part.
     sto_Part() = default;
-    explicit sto_Part(const lnk_ShortCut<mshK_Part>& reference) : m_reference(reference) {}
+    explicit sto_Part(const lnk_ShortCut<mshK_Part>& reference, const lnk_ShortCut<mshK_Model>& model = {})
+        : sto_MeshOwner(reference, model)
+    {
+    }
 
-    bool isValid() const { return m_reference.isValid(); }
-    std::string name() const { return m_reference.fetch()->m_name; }
     /// The code of the space: 2000 three dimensions, 2001 plane, 2002 axisymmetric.
     int space() const { return m_reference.fetch()->m_space; }
     /// The code of the type of body: 4001 deformable.
     int type() const { return m_reference.fetch()->m_type; }
-    sto_Mesh mesh() const { return sto_Mesh(m_reference.fetch()->m_mesh); }
     /// Whether the mesh has nodes or elements.
     bool hasMesh() const { return mesh().hasContents(); }
     int GetMeshIndex() const { return mesh().meshIndex(); }
@@ -31,11 +33,6 @@ public:
     {
         mesh().addElements(arg, setName, params);
     }
-
-    const lnk_ShortCut<mshK_Part>& shortCut() const { return m_reference; }
-
-private:
-    lnk_ShortCut<mshK_Part> m_reference;
 };
 
 #endif

@@ -12,7 +12,8 @@ public:
         BUCKLE = 15,
         RANDOM_RESPONSE = 35,
         STATIC_PERTURBATION = 38,
-        STATIC_RIKS = 39
+        STATIC_RIKS = 39,
+        SUBSTRUCTURE_GENERATE = 40
     };
 
     /// The keyword of a number, spelt as users know it; empty for a number that has none.

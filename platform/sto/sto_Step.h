@@ -12,6 +12,7 @@
 class sto_FieldStep;
 class sto_FieldStepIndex;
 class sto_Frame;
+class sto_HistoryStep;
 class sto_StoStep;
 
 /// A handle on the result side of a step. Copies stand for the same step.
@@ -33,10 +34,28 @@ public:
     /// The other side of the step. Raises when the model has none of this name.
     sto_StoStep modelStep() const;
 
+    /// What the model weighs as the step finds it.
+    double mass() const;
+    double acousticMass() const;
+    void setMass(double mass, double acousticMass);
+    /// Three coordinates; empty where nobody has told.
+    std::vector<double> massCenter() const;
+    std::vector<double> acousticMassCenter() const;
+    void setMassCenter(const std::vector<double>& center, const std::vector<double>& acousticCenter);
+    /// Six components, 11, 22, 33, 12, 13, 23; empty where nobody has told.
+    std::vector<double> inertiaAboutCenter() const;
+    std::vector<double> inertiaAboutOrigin() const;
+    void setInertia(const std::vector<double>& aboutCenter, const std::vector<double>& aboutOrigin);
+
     /// Lets the step have fields.
     void FieldStep();
     bool hasField() const;
     sto_FieldStep fieldStep() const;
+
+    /// Lets the step have history.
+    void HistoryStep();
+    bool hasHistory() const;
+    sto_HistoryStep historyStep() const;
 
     std::vector<std::string> loadCaseNames() const;
     void addLoadCaseName(const shr_String& name);
@@ -55,6 +74,8 @@ public:
     static lnk_ShortCut<mshK_Step> findModelStep(const std::shared_ptr<fio_FileBody>& file, const std::string& name);
 
 private:
+    template<class Change> void edit(Change change);
+
     lnk_ShortCut<fld_Step> m_step;
     std::shared_ptr<sto_FieldStepIndex> m_index; // shared by the copies of this handle
 };

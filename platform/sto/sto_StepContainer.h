@@ -26,12 +26,12 @@ public:
     void flush();
 
     /// The place behind the step of that name, which is also where a step without a known previous one goes: the end.
-    /// Behind the initial step is the first place.
+    /// Behind the initial step, which need not be in the list, is the first place of all others.
     template<class T> static int placeBehind(const mrp_Container<T>& steps, const char* previous)
     {
-        if (std::string(previous) == mshK_Step::InitialStepName()) return 0;
         const int found = *previous == '\0' ? -1 : steps.find(previous);
-        return found < 0 ? steps.size() : found + 1;
+        if (found >= 0) return found + 1;
+        return std::string(previous) == mshK_Step::InitialStepName() ? 0 : steps.size();
     }
 
 private:

@@ -4,15 +4,28 @@
 #include "platform/result/fld_Result.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Result.h"
+#include "platform/sto/sto_UserData.h"
 #include "platform/store/fio_Error.h"
+
+namespace {
+
+constexpr const char* noStore = "no store is open here";
+
+} // namespace
 
 lnk_ShortCut<sto_StoData> sto_Sto::root() const
 {
-    if (!m_file) fio_raise("store", "no store is open here");
+    if (!m_file) fio_raise("store", noStore);
     return lnk_ShortCut<sto_StoData>(m_file, m_file->rootObject());
 }
 
 shr_String sto_Sto::FileName() const { return m_file ? shr_String(m_file->path().c_str()) : shr_String(); }
+
+int sto_Sto::version() const
+{
+    if (!m_file) fio_raise("store", noStore);
+    return m_file->version();
+}
 
 sto_Model sto_Sto::Model(const char* name)
 {
@@ -45,14 +58,19 @@ sto_Result sto_Sto::result() const { return sto_Result(root().fetch()->m_result)
 
 bool sto_Sto::hasResult() const { return root().fetch()->m_result.isValid(); }
 
-void sto_Sto::UserData()
+sto_UserData sto_Sto::UserData()
 {
+    if (hasUserData()) return userData();
+    const sto_UserData made = sto_UserData::create(m_file);
     const auto changed = root().fetchWritable();
-    changed->m_hasUserData = true;
+    changed->m_userData = made.shortCut();
     root().replace(changed);
+    return made;
 }
 
-bool sto_Sto::hasUserData() const { return root().fetch()->m_hasUserData; }
+sto_UserData sto_Sto::userData() const { return sto_UserData(root().fetch()->m_userData); }
+
+bool sto_Sto::hasUserData() const { return root().fetch()->m_userData.isValid(); }
 
 shr_String sto_Sto::description() const { return shr_String(root().fetch()->m_description.c_str()); }
 
@@ -81,8 +99,26 @@ void sto_Sto::setOnlyHasUserDefinedData(bool only)
     root().replace(changed);
 }
 
+void sto_Sto::ExtendApi(const sto_ApiExtension& extension)
+{
+    const std::string key = std::to_string(extension.m_type);
+    mrp_Container<sto_ApiExtension> extensions = root().fetch()->m_apiExtensions;
+    if (extensions.isNull()) {
+        extensions = mrp_Container<sto_ApiExtension>::create(m_file);
+        const auto changed = root().fetchWritable();
+        changed->m_apiExtensions = extensions;
+        root().replace(changed);
+    }
+    if (extensions.find(key) < 0) extensions.append(key, lnk_ShortCut<sto_ApiExtension>::create(m_file, extension));
+}
+
+lnk_ShortCut<sto_ApiExtension> sto_Sto::apiExtension(int type) const
+{
+    return root().fetch()->m_apiExtensions.get(std::to_string(type));
+}
+
 void sto_Sto::Save()
 {
-    if (!m_file) fio_raise("store", "no store is open here");
+    if (!m_file) fio_raise("store", noStore);
     m_file->save();
 }

@@ -1,6 +1,7 @@
 #ifndef STO_STO_H
 #define STO_STO_H
 
+#include "platform/sto/sto_ApiExtension.h"
 #include "platform/store/fio_File.h"
 #include "platform/store/mrp_Container.h"
 #include "platform/store/pcl_Persistent.h"
@@ -10,6 +11,8 @@ class fld_Result;
 class mshK_Model;
 class sto_Model;
 class sto_Result;
+class sto_UserData;
+class sto_UserDataContent;
 
 /// The root object of a database, to which everything else hangs.
 class sto_StoData : public pcl_Class<sto_StoData>
@@ -24,16 +27,18 @@ public:
         visit("analysis version", self.m_analysisVersion);
         visit("models", self.m_models);
         visit("result", self.m_result);
-        visit("user data", self.m_hasUserData);
+        visit("user data", self.m_userData);
         visit("only user defined data", self.m_onlyHasUserDefinedData);
+        visit("api extensions", self.m_apiExtensions);
     }
 
     std::string m_description;
     std::string m_analysisVersion;
     mrp_Container<mshK_Model> m_models;
     lnk_ShortCut<fld_Result> m_result;
-    bool m_hasUserData = false;
+    lnk_ShortCut<sto_UserDataContent> m_userData;
     bool m_onlyHasUserDefinedData = false;
+    mrp_Container<sto_ApiExtension> m_apiExtensions; ///< by type; made with the first
 };
 
 /// A handle on an open store. Copies stand for the same store.
@@ -47,6 +52,8 @@ public:
     bool isValid() const { return m_file != nullptr && m_file->isOpen(); }
     const std::shared_ptr<fio_FileBody>& file() const { return m_file; }
     shr_String FileName() const;
+    /// The version of the file's layout.
+    int version() const;
 
     /// Makes a model with its empty root assembly, or gives the one of that name.
     sto_Model Model(const char* name);
@@ -56,7 +63,10 @@ public:
     sto_Result Result();
     sto_Result result() const;
     bool hasResult() const;
-    void UserData();
+    /// Makes the user data, or gives them.
+    sto_UserData UserData();
+    /// Invalid where there are none.
+    sto_UserData userData() const;
     bool hasUserData() const;
 
     shr_String description() const;
@@ -65,6 +75,13 @@ public:
     void setAnalysisVersion(const shr_String& version);
     void setOnlyHasUserDefinedData(bool only);
     bool onlyHasUserDefinedData() const;
+
+    /// The root object itself.
+    lnk_ShortCut<sto_StoData> shortCut() const { return root(); }
+    /// Keeps what a program adds to the interface under its type; one that the type has already stays.
+    void ExtendApi(const sto_ApiExtension& extension);
+    /// A null reference where the type has none.
+    lnk_ShortCut<sto_ApiExtension> apiExtension(int type) const;
 
     /// Writes everything that changed.
     void Save();

@@ -5,7 +5,7 @@
 #include "platform/store/lnk_ShortCut.h"
 #include "platform/text/shr_String.h"
 
-class mshK_Model;
+class sto_Restart;
 
 /// A handle on the model side of a step.
 class sto_StoStep
@@ -13,22 +13,6 @@ class sto_StoStep
 public:
     sto_StoStep() = default;
     explicit sto_StoStep(const lnk_ShortCut<mshK_Step>& step) : m_step(step) {}
-
-    /// A new step in time behind the one that it follows, or at the end without one.
-    /// @param position   how many steps there are
-    /// @param procedure  a procedure number, see sto_Procedure; it decides the domain
-    /// @param period     the time that the step lasts
-    /// @param flag       1: geometric nonlinearity may be on
-    static sto_StoStep GeneralStep(const lnk_ShortCut<mshK_Model>& model, int position, const shr_String& name,
-                                   const shr_String& description, int procedure, double period,
-                                   const shr_String& previous, int flag);
-    /// A new perturbation about the state that the step before has reached.
-    static sto_StoStep PerturbationStep(const lnk_ShortCut<mshK_Model>& model, int position, const shr_String& name,
-                                        const shr_String& description, int procedure, double period,
-                                        const shr_String& previous);
-    /// The step of that name. Raises when the model has none.
-    static sto_StoStep step(const lnk_ShortCut<mshK_Model>& model, const shr_String& name);
-    static bool hasStep(const lnk_ShortCut<mshK_Model>& model, const shr_String& name);
 
     bool isValid() const { return m_step.isValid(); }
     const lnk_ShortCut<mshK_Step>& shortCut() const { return m_step; }
@@ -49,9 +33,40 @@ public:
     bool isNlgeom() const;
     bool isAnalisysStep() const;
     bool isPerturbation() const;
+    shr_String solverInput() const;
+    void setSolverInput(const shr_String& text);
+
+    bool hasAnalysisStep() const { return m_step.fetch()->m_settings.isValid(); }
+    /// The analysis settings; null for a step without any.
+    std::shared_ptr<const stpC_Step> analysisStep() const;
+
+    /// Asks for restart data; a later call replaces what an earlier one has asked for. The arguments are the solver's
+    /// and are kept in this order.
+    sto_Restart Restart(int first, bool second, bool third, int fourth);
+    bool hasRestart() const { return m_step.fetch()->m_restart.isValid(); }
+    sto_Restart restart() const;
 
 private:
     lnk_ShortCut<mshK_Step> m_step;
+};
+
+/// A handle on what a step asks for so that a job can be taken up again.
+class sto_Restart
+{
+public:
+    sto_Restart() = default;
+    explicit sto_Restart(const lnk_ShortCut<stpC_Restart>& restart) : m_restart(restart) {}
+
+    bool isValid() const { return m_restart.isValid(); }
+    const lnk_ShortCut<stpC_Restart>& shortCut() const { return m_restart; }
+    /// The arguments of sto_StoStep::Restart, in their order.
+    int first() const;
+    bool second() const;
+    bool third() const;
+    int fourth() const;
+
+private:
+    lnk_ShortCut<stpC_Restart> m_restart;
 };
 
 /// The name of the state before the first step.

@@ -37,6 +37,11 @@ void sto_StoToolset::CloseYld(const shr_String& path)
     for (sto_StoToolsetClient* client : std::vector(m_clients)) client->NotifyCloseYld(path.cStr());
 }
 
+void sto_StoToolset::UpdateSceneForDatum(bool, const char*)
+{
+    for (sto_StoToolsetClient* client : std::vector(m_clients)) client->UpdateSceneForDatum();
+}
+
 void sto_StoToolset::UpdateYld(const shr_String& path)
 {
     for (sto_StoToolsetClient* client : std::vector(m_clients)) client->NotifyUpdateYld(path.cStr());

@@ -35,6 +35,9 @@ public:
     void CloseYld(const shr_String& path);
     /// Tells the clients that the file has changed.
     void UpdateYld(const shr_String& path);
+    /// Tells the clients that a datum of the model was made.
+    /// @param existed  whether there was one of that name before
+    void UpdateSceneForDatum(bool existed, const char* name);
 
 private:
     std::vector<sto_StoToolsetClient*> m_clients;

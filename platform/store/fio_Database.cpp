@@ -34,6 +34,14 @@ void refuseWhatIsNoFile(const std::string& path)
     if (status.st_size == 0) fio_raise(path, "the file is empty");
 }
 
+// SQLite has room for so many bytes of a path and the ending of its journal, and tells a longer one from a missing
+// file by no more than a number.
+void refuseLongPath(const std::string& path)
+{
+    const auto most = static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - std::strlen("-journal");
+    if (path.size() > most) fio_raise(path, "the path is longer than " + std::to_string(most) + " bytes");
+}
+
 } // namespace
 
 fio_Statement::fio_Statement(fio_Database& database, sqlite3_stmt* statement)
@@ -112,6 +120,8 @@ const void* fio_Statement::blob(int column, std::size_t& count) const
 fio_Database::fio_Database(const std::string& path, Access access) : m_path(path), m_access(access)
 {
     int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    if (access != Access::CREATE) refuseWhatIsNoFile(path);
+    refuseLongPath(path);
     if (access == Access::CREATE) {
         // The file is made here, exclusively, so that two programs never create one database.
         const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
@@ -119,7 +129,6 @@ fio_Database::fio_Database(const std::string& path, Access access) : m_path(path
         ::close(descriptor);
         flags |= SQLITE_OPEN_READWRITE;
     } else {
-        refuseWhatIsNoFile(path);
         // Also a reader has to roll back what a killed writer has left half written, where the file may be written;
         // anything else it is kept from by query_only.
         flags |= SQLITE_OPEN_READWRITE;

@@ -1,5 +1,6 @@
 #include "platform/store/fio_File.h"
 
+#include "platform/base/osu_UrlParser.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/pcl_Row.h"
 
@@ -43,6 +44,11 @@ std::vector<Column> columnsOf(const pcl_ClassMetadata::Attribute& attribute)
         return {{attribute.name, "INTEGER"}, {attribute.name + ".count", "INTEGER"}};
     }
     return {};
+}
+
+void refuseUrl(const char* path)
+{
+    if (osu_UrlParser::IsUrl(path)) fio_raise(path, "is a URL; only files of this machine can be opened");
 }
 
 std::string freshUid()
@@ -313,6 +319,20 @@ void fio_FileBody::replace(long long id, const std::shared_ptr<pcl_Persistent>& 
     entry.changed = true;
 }
 
+void fio_FileBody::keepBeside(long long owner, const std::string& name, const lnk_AnyShortCut& object)
+{
+    m_beside[owner][name] = object;
+}
+
+std::vector<lnk_AnyShortCut> fio_FileBody::beside(long long owner) const
+{
+    std::vector<lnk_AnyShortCut> all;
+    const auto found = m_beside.find(owner);
+    if (found == m_beside.end()) return all;
+    for (const auto& [name, object] : found->second) all.push_back(object);
+    return all;
+}
+
 mrp_Entries& fio_FileBody::entries(long long container)
 {
     fio_Database& db = database();
@@ -499,6 +519,7 @@ void fio_FileBody::save()
 
 void fio_FileBody::close()
 {
+    m_beside.clear();
     m_containers.clear();
     m_objects.clear();
     m_tables.clear();
@@ -527,6 +548,7 @@ bool fio_FileBody::refresh()
     const long long before = m_saveCount;
     readHeader();
     if (m_saveCount == before) return false;
+    m_beside.clear();
     m_containers.clear();
     m_objects.clear();
     m_tables.clear();
@@ -540,11 +562,13 @@ fio_File::fio_File(const std::shared_ptr<fio_FileBody>& body)
 
 fio_File fio_File::Open(const char* path, bool forWriting, bool)
 {
+    refuseUrl(path);
     return fio_File(std::make_shared<fio_FileBody>(
         path, forWriting ? fio_Database::Access::WRITE : fio_Database::Access::READ));
 }
 
 fio_File fio_File::Create(const char* path)
 {
+    refuseUrl(path);
     return fio_File(std::make_shared<fio_FileBody>(path, fio_Database::Access::CREATE));
 }

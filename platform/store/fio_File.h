@@ -6,6 +6,7 @@
 #include "platform/store/mrp_Container.h"
 #include "platform/store/pcl_Persistent.h"
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -45,6 +46,11 @@ public:
     std::shared_ptr<const pcl_Persistent> fetch(long long id, const pcl_ClassMetadata& metadata, lnk_MakeObject make);
     void replace(long long id, const std::shared_ptr<pcl_Persistent>& object);
     mrp_Entries& entries(long long container);
+    /// Keeps an object in memory with one of the file's, under a name and in the place of what had that name, until the
+    /// file is closed. No save writes it, and it makes no change of the file.
+    void keepBeside(long long owner, const std::string& name, const lnk_AnyShortCut& object);
+    /// What is kept so, by name.
+    std::vector<lnk_AnyShortCut> beside(long long owner) const;
     /// Takes a bulk array over and sends it to disk when enough has gathered.
     /// @return the number of its first extent
     long long appendBulk(const fio_Buffer& bytes);
@@ -108,6 +114,7 @@ private:
     std::unordered_map<long long, Object> m_objects;
     std::unordered_map<long long, std::unique_ptr<mrp_Entries>> m_containers;
     std::unordered_map<unsigned, Table> m_tables;
+    std::unordered_map<long long, std::map<std::string, lnk_AnyShortCut>> m_beside;
     long long m_nextId = 1;
     long long m_rootObject = 0;
     long long m_creationDate = 0;
@@ -143,7 +150,7 @@ public:
     fio_File() = default;
 
     /// Opens an existing database. @param flag  always true
-    /// Raises with the path when the file is missing, foreign or damaged.
+    /// Raises with the path when the file is missing, foreign or damaged, or the path is a URL.
     static fio_File Open(const char* path, bool forWriting, bool flag);
     /// Makes a new database; what stood at the path must be gone.
     static fio_File Create(const char* path);

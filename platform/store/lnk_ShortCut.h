@@ -16,6 +16,8 @@ public:
 
     bool isNull() const { return m_id == 0; }
     bool isValid() const { return m_id != 0; }
+    /// Whether the object stands beside the file: it belongs to the references to it, and no save writes it.
+    bool isApart() const { return m_id < 0; }
     long long id() const { return m_id; }
     const std::shared_ptr<fio_FileBody>& file() const { return m_file; }
 
@@ -25,6 +27,7 @@ protected:
     friend class pcl_RowReader;
     std::shared_ptr<fio_FileBody> m_file;
     long long m_id = 0;
+    std::shared_ptr<const pcl_Persistent> m_apart;
 };
 
 using lnk_MakeObject = std::shared_ptr<pcl_Persistent> (*)();
@@ -34,6 +37,8 @@ std::shared_ptr<const pcl_Persistent> lnk_fetch(const lnk_AnyShortCut& shortCut,
                                                 lnk_MakeObject make);
 void lnk_replace(const lnk_AnyShortCut& shortCut, const std::shared_ptr<pcl_Persistent>& object);
 long long lnk_create(const std::shared_ptr<fio_FileBody>& file, const std::shared_ptr<pcl_Persistent>& object);
+/// The id of an object that no file has: negative, another one for each.
+long long lnk_apartId();
 
 /// A reference to a stored object of class T.
 template<class T>
@@ -42,6 +47,8 @@ class lnk_ShortCut : public lnk_AnyShortCut
 public:
     lnk_ShortCut() = default;
     lnk_ShortCut(const std::shared_ptr<fio_FileBody>& file, long long id) : lnk_AnyShortCut(file, id) {}
+    /// The object must be a T.
+    explicit lnk_ShortCut(const lnk_AnyShortCut& other) : lnk_AnyShortCut(other) {}
 
     /// A new object, to be written by the next save.
     static lnk_ShortCut create(const std::shared_ptr<fio_FileBody>& file, T object)
@@ -49,10 +56,20 @@ public:
         return lnk_ShortCut(file, lnk_create(file, std::make_shared<T>(std::move(object))));
     }
 
+    /// A new object beside the file, for what lives in memory alone. It may refer to stored objects, not they to it; it
+    /// is never changed, and goes with the last reference. Works for files that are open for reading only.
+    static lnk_ShortCut apart(const std::shared_ptr<fio_FileBody>& file, T object)
+    {
+        lnk_ShortCut made(file, lnk_apartId());
+        made.m_apart = std::make_shared<const T>(std::move(object));
+        return made;
+    }
+
     /// The object as it stands, read on first use. It does not change behind the caller: a later edit makes a new one.
     /// Raises when the file is closed or has no such object.
     std::shared_ptr<const T> fetch() const
     {
+        if (m_apart) return std::static_pointer_cast<const T>(m_apart);
         return std::static_pointer_cast<const T>(lnk_fetch(*this, T::ClassMetadata(), [] {
             return std::static_pointer_cast<pcl_Persistent>(std::make_shared<T>());
         }));

@@ -64,6 +64,8 @@ public:
         return reinterpret_cast<const T*>(m_buffer.data());
     }
     const T& operator[](long long index) const { return data()[index]; }
+    /// The values that are in memory, shared.
+    fio_Buffer buffer() const { return m_buffer.prefix(static_cast<std::size_t>(m_count) * sizeof(T)); }
 
     /// Copies values out without loading the array.
     void read(long long from, long long count, T* into) const

@@ -1,5 +1,6 @@
 #include "platform/store/pcl_Row.h"
 
+#include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 #include "platform/store/lnk_ShortCut.h"
 
@@ -113,6 +114,7 @@ void pcl_RowWriter::Write(const char* attribute, const std::vector<std::string>&
 }
 void pcl_RowWriter::Write(const char* attribute, const lnk_AnyShortCut& reference)
 {
+    if (reference.isApart()) fio_raise(m_metadata.name(), "a reference to an object that no file has cannot be kept");
     m_statement.bind(parameter(attribute), reference.id());
 }
 void pcl_RowWriter::writeRun(const char* attribute, const pcl_ArrayBase& bulk)

@@ -1,10 +1,10 @@
 #ifndef RESULT_MODEL_H
 #define RESULT_MODEL_H
 
+#include "call_results.h"
 #include "test_files.h"
 #include "yld.h"
 
-#include <functional>
 #include <initializer_list>
 #include <string>
 
@@ -59,24 +59,6 @@ inline std::string joined(const yld_Sequence<yld_String>& list)
     std::string text;
     for (int i = 0; i < list.size(); ++i) text += (i ? "," : "") + std::string(list[i].cStr());
     return text;
-}
-
-inline std::string failureOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const yld_Exception& failure) {
-        EXPECT_EQ(failure.errorNo(), yld_GENERAL);
-        return failure.what();
-    }
-    return "no exception";
-}
-
-inline std::string warningsOf(const std::function<void()>& action)
-{
-    testing::internal::CaptureStderr();
-    action();
-    return testing::internal::GetCapturedStderr();
 }
 
 /// A database with one placed part:

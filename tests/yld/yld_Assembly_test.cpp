@@ -2,6 +2,8 @@
 
 #include "model_files.h"
 
+#include <limits>
+
 namespace {
 
 // Two instances of two hexahedra each.
@@ -250,7 +252,7 @@ TEST_F(yld_AssemblyTest, setLabelsOfTheStoredAssemblyCanBeReplaced)
     yld_Set& set = assembly().nodeSets().get("A");
     set.clearMembers();
     EXPECT_EQ(labelsOf(set.nodes("P-2")), (std::vector<int>{4, 5}));
-    EXPECT_EQ(raisedText([&] { stored.modifyElementSetLabels("A", {}, false); }), "Set \"A\" does not exist.");
+    EXPECT_EQ(raisedText([&] { stored.modifyElementSetLabels("A", {}, false, false); }), "Set \"A\" does not exist.");
     EXPECT_EQ(raisedText([&] { stored.instance("Q"); }), "There is no part instance named \"Q\".");
 }
 
@@ -315,4 +317,160 @@ TEST_F(yld_AssemblyTest, elementsBetweenInstancesAreCheckedBeforeAnythingIsWritt
     EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{7, 8}}), names({"P-1", "P-2"}), "CONN3D2"); }),
               "Element label 1 exists already.");
     EXPECT_EQ(assembly().assembly().mesh().nodeData().data()->numForeignNodes(), 2);
+}
+
+TEST_F(yld_AssemblyTest, nodeSetCanGetOtherMembers)
+{
+    assembly().NodeSet("A", names({"P-1"}), rows<int>({{1, 2}}));
+    yld_Set& set = assembly().nodeSets().get("A");
+    EXPECT_EQ(labelsOf(set.nodes()), (std::vector<int>{1, 2}));
+    yld_Set& changed = assembly().ModifyNodeSet("A", names({"P-2", "P-1"}), rows<int>({{9, 3}, {4}}), false, true);
+    EXPECT_EQ(&changed, &set);
+    EXPECT_EQ(labelsOf(changed.nodes("P-2")), (std::vector<int>{9, 3}));
+    EXPECT_EQ(labelsOf(changed.nodes("P-1")), (std::vector<int>{4}));
+    EXPECT_TRUE(changed.isUnsorted());
+    model.reopen();
+    EXPECT_EQ(assembly().nodeSets().get("A").size(), 3);
+    EXPECT_EQ(labelsOf(assembly().nodeSets().get("A").nodes("P-2")), (std::vector<int>{9, 3}));
+    EXPECT_TRUE(assembly().nodeSets().get("A").isUnsorted());
+}
+
+TEST_F(yld_AssemblyTest, nodeSetToModifyIsTestedAsANewOne)
+{
+    assembly().NodeSet("A", names({"P-1"}), rows<int>({{1, 2}}));
+    EXPECT_EQ(raised([&] { assembly().ModifyNodeSet("B", names({"P-1"}), rows<int>({{1}})); }),
+              "Set \"B\" does not exist.");
+    EXPECT_EQ(raised([&] { assembly().ModifyNodeSet("A", names({"Q"}), rows<int>({{1}})); }),
+              "The nodes associated with entity named 'Q' cannot be used to construct a set.");
+    EXPECT_EQ(raised([&] { assembly().ModifyNodeSet("A", names({""}), rows<int>({{1}})); }),
+              "No part instance name was specified for a group of nodes, but the assembly does not have a mesh.");
+    EXPECT_EQ(raised([&] { assembly().ModifyNodeSet("A", names({"P-2"}), rows<int>({{99}})); }),
+              "Invalid node label 99 for instance P-2");
+    assembly().addNodes(ints({5}), rows<float>({{0, 0, 0}}));
+    EXPECT_EQ(raised([&] { assembly().ModifyNodeSet("A", names({"P-1", ""}), rows<int>({{1}, {6}})); }),
+              "Invalid node label 6 for the assembly.");
+    EXPECT_EQ(labelsOf(assembly().nodeSets().get("A").nodes("P-1")), (std::vector<int>{1, 2}));
+    // A mesh that is younger than the set can be used.
+    yld_Set& set = assembly().ModifyNodeSet("A", names({"", "P-1"}), rows<int>({{5}, {7}}));
+    EXPECT_EQ(labelsOf(set.nodes("")), (std::vector<int>{5}));
+    EXPECT_EQ(labelsOf(set.nodes("P-1")), (std::vector<int>{7}));
+    assembly().Instance("P-3", model.part("P"));
+    EXPECT_EQ(labelsOf(assembly().ModifyNodeSet("A", names({"P-3"}), rows<int>({{8}})).nodes("P-3")),
+              (std::vector<int>{8}));
+}
+
+TEST_F(yld_AssemblyTest, elementSetCanGetOtherMembers)
+{
+    assembly().ElementSet("A", names({"P-1"}), rows<int>({{1, 2}}));
+    EXPECT_EQ(labelsOf(assembly().elementSets().get("A").elements()), (std::vector<int>{1, 2}));
+    yld_Set& set = assembly().ModifyElementSet("A", names({"P-2"}), rows<int>({{2}}));
+    EXPECT_EQ(vec(set.instanceNames()), (std::vector<std::string>{"P-2"}));
+    EXPECT_EQ(labelsOf(set.elements()), (std::vector<int>{2}));
+    // The text is that of a name given twice, although the set is missing.
+    EXPECT_EQ(raised([&] { assembly().ModifyElementSet("B", names({"P-1"}), rows<int>({{1}})); }),
+              "Duplicate set or surface name B");
+    EXPECT_EQ(raised([&] { assembly().ModifyElementSet("A", names({"Q"}), rows<int>({{1}})); }),
+              "The elements associated with entity named 'Q' cannot be used to construct a set.");
+    // The empty name stands for nothing here, even where the assembly has a mesh.
+    assembly().addNodes(ints({5}), rows<float>({{0, 0, 0}}));
+    assembly().addElements(ints({1}), rows<int>({{5}}), "POINTMASS");
+    EXPECT_EQ(raised([&] { assembly().ModifyElementSet("A", names({""}), rows<int>({{1}})); }),
+              "The elements associated with entity named '' cannot be used to construct a set.");
+    // Labels are first looked at where they are needed, and then without the instance's name.
+    EXPECT_EQ(raised([&] { assembly().ModifyElementSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {9}})); }),
+              "Invalid element label 9");
+    model.reopen();
+    EXPECT_EQ(labelsOf(assembly().elementSets().get("A").elements("P-2")), (std::vector<int>{2}));
+    EXPECT_EQ(assembly().elementSets().get("A").size(), 1);
+}
+
+TEST_F(yld_AssemblyTest, surfaceCanGetOtherMembers)
+{
+    const auto sides = [](std::initializer_list<yld_Enum::yld_ElementFaceEnum> list) {
+        yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>> all;
+        all.append(faces(list));
+        return all;
+    };
+    assembly().Surface("S", names({"P-1"}), rows<int>({{1}}), sides({yld_Enum::FACE1}));
+    EXPECT_EQ(vec(assembly().surfaces().get("S").faces("P-1")), (std::vector<int>{11}));
+    yld_Set& set = assembly().ModifySurface("S", names({"P-2"}), rows<int>({{2, 1, 99}}),
+                                            sides({yld_Enum::FACE5, yld_Enum::FACE2, yld_Enum::FACE1}));
+    EXPECT_EQ(labelsOf(set.elements("P-2")), (std::vector<int>{2, 1}));
+    EXPECT_EQ(vec(set.faces("P-2")), (std::vector<int>{15, 12}));
+    EXPECT_EQ(raised([&] { assembly().ModifySurface("T", names({"P-1"}), rows<int>({{1}}), sides({yld_Enum::FACE1})); }),
+              "Duplicate set or surface name T");
+    EXPECT_EQ(raised([&] { assembly().ModifySurface("S", names({"Q"}), rows<int>({{1}}), sides({yld_Enum::FACE1})); }),
+              "Key \"Q\" not found in repository");
+    EXPECT_EQ(raised([&] { assembly().ModifySurface("S", names({""}), rows<int>({{1}}), sides({yld_Enum::FACE1})); }),
+              "Key \"\" not found in repository");
+    EXPECT_EQ(raisedText([&] {
+                  assembly().ModifySurface("S", names({"P-1"}), rows<int>({{1}}), sides({yld_Enum::SIDE1}));
+              }),
+              "Invalid face identifier for continuum elements");
+    model.reopen();
+    EXPECT_EQ(vec(assembly().surfaces().get("S").faces("P-2")), (std::vector<int>{15, 12}));
+    EXPECT_EQ(assembly().surfaces().get("S").size(), 2);
+}
+
+TEST_F(yld_AssemblyTest, modifiedSetsStayInternal)
+{
+    assembly().NodeSet("hidden", names({"P-1"}), rows<int>({{1}}), true);
+    assembly().ModifyNodeSet("hidden", names({"P-1"}), rows<int>({{2}}), false, false);
+    model.reopen();
+    EXPECT_EQ(assembly().nodeSets().size(), 0);
+    assembly().ReadSets(true);
+    EXPECT_TRUE(assembly().nodeSets().get("hidden").isInternal());
+    EXPECT_EQ(labelsOf(assembly().nodeSets().get("hidden").nodes()), (std::vector<int>{2}));
+}
+
+TEST_F(yld_AssemblyTest, refusedNodesAndElementsLeaveNoMeshBehind)
+{
+    const int before = model.model.model()->m_nextMeshIndex;
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(raised([&] { assembly().addNodes(ints({0}), rows<float>({{1, 2, 3}})); }),
+              "Invalid node label 0: labels begin at 1.");
+    EXPECT_EQ(raised([&] { assembly().addNodes(ints({-7}), rows<float>({{1, 2, 3}})); }),
+              "Invalid node label -7: labels begin at 1.");
+    EXPECT_EQ(raised([&] { assembly().addNodes(ints({4, 4}), rows<float>({{1, 2, 3}, {1, 2, 3}})); }),
+              "Node label 4 is given twice.");
+    EXPECT_EQ(raised([&] { assembly().addNodes(ints({4}), rows<float>({{1, nan, 3}})); }),
+              "The coordinates of node 4 are not numbers.");
+    EXPECT_EQ(raised([&] { assembly().addElements(ints({0}), rows<int>({{1, 2}}), names({"P-1", "P-2"}), "CONN3D2"); }),
+              "Invalid element label 0: labels begin at 1.");
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({3, 3}), rows<int>({{1, 2}, {3, 4}}), names({"P-1", "P-2", "P-1", "P-2"}),
+                                         "CONN3D2");
+              }),
+              "Element label 3 is given twice.");
+    EXPECT_FALSE(assembly().assembly().hasMesh());
+    EXPECT_EQ(model.model.model()->m_nextMeshIndex, before);
+    EXPECT_EQ(assembly().nodes().size(), 0);
+}
+
+TEST_F(yld_AssemblyTest, elementControlsGoToTheClassThatWasMadeLast)
+{
+    const yld_ElemCtrlParams first("first", 1, 2, 3, "b", "c", 4, false, "d", 5, 6, 7, 8, 9, 10);
+    const yld_ElemCtrlParams second("second", 1, 2, 3, "b", "c", 4, false, "d", 5, 6, 7, 8, 9, 10);
+    assembly().addNodes(ints({1, 2}), rows<float>({{0, 0, 0}, {1, 0, 0}}));
+    assembly().addElements(ints({1}), rows<int>({{1, 2}}), "CONN3D2", "", yld_SectionCategory(), first);
+    assembly().addElements(ints({2}), rows<int>({{1}}), "POINTMASS");
+    // The third element joins the first class; its controls do not.
+    assembly().addElements(ints({3}), rows<int>({{2, 1}}), "CONN3D2", "", yld_SectionCategory(), second);
+    model.reopen();
+    const sto_ElementData elements = assembly().assembly().mesh().elementData();
+    ASSERT_EQ(elements.numClasses(), 2);
+    EXPECT_EQ(elements.elementClass(0).numElements(), 2);
+    EXPECT_EQ(elements.elementClass(0).data()->m_controlTexts[0], "first");
+    EXPECT_EQ(elements.elementClass(1).data()->m_controlTexts[0], "second");
+    // The form with instances as well.
+    assembly().addElements(ints({4}), rows<int>({{1, 1}}), names({"P-1", "P-2"}), "CONN3D2", "", yld_SectionCategory(),
+                           first);
+    EXPECT_EQ(assembly().assembly().mesh().elementData().elementClass(1).data()->m_controlTexts[0], "first");
+}
+
+TEST_F(yld_AssemblyTest, unknownTypesOfSetsAreRefused)
+{
+    mrp_Container<setC_Set> sets = model.model.rootAssembly().shortCut().fetch()->m_sets;
+    sets.append("Xodd", lnk_ShortCut<setC_Set>::create(model.file, setC_Set()));
+    EXPECT_EQ(raised([&] { assembly().ReadSets(false); }), "Unknown Set type.");
 }

@@ -8,11 +8,9 @@ namespace {
 // How the database that is copied into differs from the other.
 struct Target
 {
-    const char* instance = "block-1";
     bool hasTetrahedra = true;
     bool tetrahedraFirst = false;
     const char* shellCategory = "a shell";
-    int numSectionPoints = 2;
 };
 
 class yld_FieldAddDataFieldTest : public ResultModel
@@ -46,9 +44,9 @@ protected:
         if (how.hasTetrahedra && !how.tetrahedraFirst) addTetrahedra();
         yld_SectionCategory& shell = m_target->SectionCategory("shell", how.shellCategory);
         shell.SectionPoint(1, "bottom");
-        if (how.numSectionPoints > 1) shell.SectionPoint(2, "top");
+        shell.SectionPoint(2, "top");
         part.addElements(ints({302, 301}), connectivity({{50, 60, 70, 80}, {10, 20, 30, 40}}), "SHELL4", "", shell);
-        m_target->rootAssembly().Instance(how.instance, part);
+        m_target->rootAssembly().Instance("block-1", part);
         m_target->Step("Step-1", "", yld_Enum::TIME, 1.0);
         return *m_target;
     }
@@ -126,7 +124,7 @@ TEST_F(yld_FieldAddDataFieldTest, withinOneDatabaseEveryBlockIsCopied)
     source.addData(yld_Enum::CENTROID, instance(), ints({301, 302}), rows({{1, 2, 3, 4, 5, 6}, {7, 8, 9, 1, 2, 3}}),
                    yld_SectionPoint(2, "top"));
     yld_Frame second = step().Frame(2, 2.0);
-    yld_FieldOutput& copy = second.FieldOutput(source, "copy of S", "copied");
+    yld_FieldOutput& copy = second.FieldOutput("copy of S", "copied", yld_Enum::TENSOR_3D_FULL);
     copy.addData(source);
     EXPECT_EQ(copy.SubField().size(), 3);
     EXPECT_EQ(copy.fieldKeys().size(), 3);
@@ -159,7 +157,6 @@ TEST_F(yld_FieldAddDataFieldTest, valuesGoToTheSameLabelsInAnotherDatabase)
     into.FieldOutput("P", "", yld_Enum::SCALAR).addData(p);
     const auto check = [this] {
         EXPECT_EQ(byLabel(targetField("U")), "10:1 2 3; 20:4 5 6; 30:7 8 9; ");
-        EXPECT_EQ(targetField("U").values(0).nodeLabel(), 30);
         EXPECT_EQ(byLabel(targetField("P")), "7:1; 101:2,3,4,5,6,7,8,9; 102:10,11,12,13,14,15,16,17; ");
         EXPECT_STREQ(targetField("P").values(0).instance().name().cStr(), "block-1");
     };
@@ -192,7 +189,7 @@ TEST_F(yld_FieldAddDataFieldTest, classesInAnotherOrderAreFoundByTypeAndCategory
     EXPECT_EQ(targetField("P").SubField()[0].elementClass(), 0);
 }
 
-TEST_F(yld_FieldAddDataFieldTest, setsWithOtherMembersTakeWhatTheyHave)
+TEST_F(yld_FieldAddDataFieldTest, setsWithOtherMembersAreNotTheSetsOfTheData)
 {
     yld_Frame frame = step().Frame(1, 1.0);
     yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})), counted(3));
@@ -200,23 +197,11 @@ TEST_F(yld_FieldAddDataFieldTest, setsWithOtherMembersTakeWhatTheyHave)
     targetInstance().NodeSet("N", ints({20, 30, 40}));
     yld_Frame into = targetFrame();
     into.FieldOutput("T", "", yld_Enum::SCALAR).addData(t);
-    EXPECT_EQ(byLabel(into.fieldOutputs().get("T")), "20:2; 30:3; 40:0; ");
+    EXPECT_EQ(byLabel(into.fieldOutputs().get("T")), "10:1; 20:2; 30:3; ");
+    EXPECT_EQ(into.fieldOutputs().get("T").SubField()[0].description().set().setLabel(), "api set");
 }
 
-TEST_F(yld_FieldAddDataFieldTest, setWithNoneOfTheNodesIsNoSetForThem)
-{
-    yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20})), counted(2));
-    makeTarget();
-    targetInstance().NodeSet("N", ints({110, 120}));
-    yld_Frame into = targetFrame();
-    into.FieldOutput("T", "", yld_Enum::SCALAR).addData(t);
-    EXPECT_EQ(byLabel(into.fieldOutputs().get("T")), "10:1; 20:2; ");
-    reopenTarget();
-    EXPECT_TRUE(targetInstance().nodeSets(true).isMember("api set"));
-}
-
-TEST_F(yld_FieldAddDataFieldTest, setOfTheAssemblyServesBeforeThatOfTheInstance)
+TEST_F(yld_FieldAddDataFieldTest, setOfTheInstanceServesWhereThatOfTheAssemblyHasOtherMembers)
 {
     yld_Frame frame = step().Frame(1, 1.0);
     yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})), counted(3));
@@ -227,7 +212,8 @@ TEST_F(yld_FieldAddDataFieldTest, setOfTheAssemblyServesBeforeThatOfTheInstance)
     m_target->rootAssembly().NodeSet("N", texts({"block-1"}), labels);
     yld_Frame into = targetFrame();
     into.FieldOutput("T", "", yld_Enum::SCALAR).addData(t);
-    EXPECT_EQ(byLabel(into.fieldOutputs().get("T")), "10:1; 20:2; ");
+    EXPECT_EQ(byLabel(into.fieldOutputs().get("T")), "10:1; 20:2; 30:3; ");
+    EXPECT_EQ(targetInstance().nodeSets(true).size(), 1);
 }
 
 TEST_F(yld_FieldAddDataFieldTest, partsOfBlocksMakeSetsOfTheirOwn)
@@ -265,8 +251,7 @@ TEST_F(yld_FieldAddDataFieldTest, partsOfBlocksMakeSetsOfTheirOwn)
     yld_FieldOutput points = shown(p, ints({3, 4, 9}));
     yld_Frame into = m_target->steps().get("Step-1").Frame(3, 3.0);
     EXPECT_EQ(failureOf([&] { into.FieldOutput("P", "", yld_Enum::SCALAR).addData(points); }),
-              "Length of data sequence incorrect. Data at 8 locations expected. Data at 3 locations provided. Element data "
-              "request failed. Element type is HEX8. Data at 8 integration points per element expected.");
+              incompatible);
     reopenTarget();
     EXPECT_EQ(targetInstance().nodeSets(true).size(), 2);
 }
@@ -325,95 +310,6 @@ TEST_F(yld_FieldAddDataFieldTest, matricesAndWholeModelValues)
     EXPECT_EQ(targetField("E").values(0).data()[0], 42.0);
 }
 
-TEST_F(yld_FieldAddDataFieldTest, twiceTransformedFieldsLoseTheirSystems)
-{
-    yld_Frame frame = step().Frame(1, 1.0);
-    const auto copied = [&](const char* name, int increment) {
-        yld_FieldOutput& s = frame.FieldOutput(name, "", yld_Enum::TENSOR_3D_FULL);
-        s.addData(yld_Enum::CENTROID, instance(), ints({101}), rows({{1, 2, 3, 4, 5, 6}}), yld_SectionPoint(), turnedSystem());
-        yld_Frame next = step().Frame(increment, increment);
-        yld_FieldOutput& copy = next.FieldOutput(s, "copy", "");
-        copy.addData(s);
-        return copy.values(0).localCoordSystemData().length();
-    };
-    EXPECT_EQ(copied("S Transformed", 2), 4);
-    EXPECT_EQ(copied("S Transformed Transformed", 3), 0);
-}
-
-TEST_F(yld_FieldAddDataFieldTest, clampsCompletenessAndEngineeringShearsAreCarriedOver)
-{
-    yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& s = frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL);
-    s.addData(yld_Enum::CENTROID, instance(), ints({101}), rows({{1, 2, 3, 4, 5, 6}}));
-    const auto copyWith = [&](int clampType, int completeness, int increment) {
-        const lnk_ShortCut<fld_FieldDescription> stored = s.SubField()[0].description().shortCut();
-        const std::shared_ptr<fld_FieldDescription> changed = stored.fetchWritable();
-        changed->m_clampType = clampType;
-        changed->m_minClamp = -1.5F;
-        changed->m_maxClamp = 2.5F;
-        changed->m_completeness = completeness;
-        changed->m_engineeringTensor = true;
-        stored.replace(changed);
-        yld_Frame next = step().Frame(increment, increment);
-        yld_FieldOutput& copy = next.FieldOutput(s, "copy", "");
-        copy.addData(s);
-        return *copy.SubField()[0].description().data();
-    };
-    const fld_FieldDescription none = copyWith(0, 2, 2);
-    EXPECT_EQ(none.m_minClamp, 0.0F);
-    EXPECT_EQ(none.m_maxClamp, 0.0F);
-    EXPECT_EQ(none.m_completeness, 0);
-    EXPECT_TRUE(none.m_engineeringTensor);
-    const fld_FieldDescription lower = copyWith(1, 1, 3);
-    EXPECT_EQ(lower.m_minClamp, -1.5F);
-    EXPECT_EQ(lower.m_maxClamp, 0.0F);
-    EXPECT_EQ(lower.m_completeness, 1);
-    const fld_FieldDescription upper = copyWith(2, 0, 4);
-    EXPECT_EQ(upper.m_minClamp, 0.0F);
-    EXPECT_EQ(upper.m_maxClamp, 2.5F);
-    const fld_FieldDescription both = copyWith(3, 0, 5);
-    EXPECT_EQ(both.m_minClamp, -1.5F);
-    EXPECT_EQ(both.m_maxClamp, 2.5F);
-    EXPECT_EQ(both.m_clampType, 3);
-}
-
-TEST_F(yld_FieldAddDataFieldTest, fieldMayBeCopiedOntoItself)
-{
-    yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = frame.FieldOutput("T", "", yld_Enum::SCALAR);
-    t.addData(yld_Enum::NODAL, instance(), ints({10, 20}), counted(2));
-    t.addData(t);
-    EXPECT_EQ(t.SubField().size(), 2);
-    EXPECT_EQ(byLabel(t), "10:1,1; 20:2,2; ");
-}
-
-TEST_F(yld_FieldAddDataFieldTest, missingInstance)
-{
-    yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10})), counted(1));
-    Target how;
-    how.instance = "other-1";
-    makeTarget(how);
-    yld_Frame into = targetFrame();
-    yld_FieldOutput& copy = into.FieldOutput("T", "", yld_Enum::SCALAR);
-    EXPECT_EQ(warningsOf([&] { EXPECT_EQ(failureOf([&] { copy.addData(t); }), incompatible); }),
-              "Warning: No Instance named \"block-1\" found in the target database.\n");
-    EXPECT_EQ(copy.SubField().size(), 0);
-}
-
-TEST_F(yld_FieldAddDataFieldTest, missingSet)
-{
-    yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10})), counted(1));
-    makeTarget();
-    // A set of that name but of another type is another set.
-    targetInstance().ElementSet("N", ints({101}));
-    yld_Frame into = targetFrame();
-    yld_FieldOutput& copy = into.FieldOutput("T", "", yld_Enum::SCALAR);
-    EXPECT_EQ(warningsOf([&] { EXPECT_EQ(failureOf([&] { copy.addData(t); }), incompatible); }),
-              "Warning: No set named \"N\" found in the target database.\n");
-}
-
 TEST_F(yld_FieldAddDataFieldTest, missingClass)
 {
     yld_Frame frame = step().Frame(1, 1.0);
@@ -438,34 +334,4 @@ TEST_F(yld_FieldAddDataFieldTest, missingClass)
               }),
               "Warning: No elements with type \"SHELL4\" and sectionCategory \"a shell\" in set \"F\" found in the target "
               "database.\n");
-}
-
-TEST_F(yld_FieldAddDataFieldTest, missingSectionPoint)
-{
-    yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::INTEGRATION_POINT, elementSet("E", ints({301})),
-                                counted(4), yld_SectionPoint(2, "top"));
-    Target how;
-    how.numSectionPoints = 1;
-    makeTarget(how);
-    targetInstance().ElementSet("E", ints({301}));
-    yld_Frame into = targetFrame();
-    EXPECT_EQ(warningsOf([&] {
-                  EXPECT_EQ(failureOf([&] { into.FieldOutput("T", "", yld_Enum::SCALAR).addData(t); }), incompatible);
-              }),
-              "Warning: No sectionPoint numbered \"2\" for element type \"SHELL4\" and sectionCategory \"a shell\" in set "
-              "\"E\" found in the target database.\n");
-}
-
-TEST_F(yld_FieldAddDataFieldTest, otherTypesFailWithoutAWarning)
-{
-    yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10})), counted(1));
-    makeTarget();
-    targetInstance().NodeSet("N", ints({10}));
-    yld_Frame into = targetFrame();
-    EXPECT_EQ(warningsOf([&] {
-                  EXPECT_EQ(failureOf([&] { into.FieldOutput("T", "", yld_Enum::VECTOR).addData(t); }), incompatible);
-              }),
-              "");
 }

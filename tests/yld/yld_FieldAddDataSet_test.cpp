@@ -15,7 +15,7 @@ protected:
     {
         ResultModel::SetUp();
         instance().NodeSet("N", ints({10, 20, 30}));
-        instance().ElementSet("E", ints({101, 102, 7})); // kept by label: the tetrahedron first
+        instance().ElementSet("E", ints({101, 102, 7}));
         m_frame = std::make_unique<yld_Frame>(step().Frame(1, 1.0));
     }
     void TearDown() override
@@ -101,20 +101,23 @@ TEST_F(yld_FieldAddDataSetTest, elementsOfSeveralClassesTakeTheirRowsOneAfterThe
     const yld_FieldOutput& p = field("P");
     ASSERT_EQ(p.values().size(), 17);
     EXPECT_EQ(p.SubField().size(), 2);
-    EXPECT_EQ(p.values(0).elementLabel(), 7);
+    EXPECT_EQ(p.values(0).elementLabel(), 101);
     EXPECT_EQ(p.values(0).data()[0], 1.0);
-    EXPECT_EQ(p.values(1).elementLabel(), 101);
-    EXPECT_EQ(p.values(1).data()[0], 2.0);
-    EXPECT_EQ(p.values(16).elementLabel(), 102);
-    EXPECT_EQ(p.values(16).integrationPoint(), 8);
+    EXPECT_EQ(p.values(15).elementLabel(), 102);
+    EXPECT_EQ(p.values(15).integrationPoint(), 8);
+    EXPECT_EQ(p.values(15).data()[0], 16.0);
+    EXPECT_EQ(p.values(16).elementLabel(), 7);
     EXPECT_EQ(p.values(16).data()[0], 17.0);
     EXPECT_EQ(p.SubField()[0].description().data()->m_loadCoordSystem, 3);
     EXPECT_FALSE(p.SubField()[0].description().data()->m_engineeringTensor);
     const yld_FieldOutput& q = field("Q");
     ASSERT_EQ(q.values().size(), 20);
-    EXPECT_EQ(q.values(3).nodeLabel(), 50);
-    EXPECT_EQ(q.values(3).data()[0], 4.0);
-    EXPECT_EQ(q.values(4).elementLabel(), 101);
+    EXPECT_EQ(q.values(8).nodeLabel(), 50);
+    EXPECT_EQ(q.values(8).elementLabel(), 102);
+    EXPECT_EQ(q.values(8).data()[0], 9.0);
+    EXPECT_EQ(q.values(19).nodeLabel(), 50);
+    EXPECT_EQ(q.values(19).elementLabel(), 7);
+    EXPECT_EQ(q.values(19).data()[0], 20.0);
 }
 
 TEST_F(yld_FieldAddDataSetTest, tensorsAreEngineeringTensorsAndVectorsAreNot)
@@ -447,8 +450,8 @@ TEST_F(yld_FieldAddDataSetTest, rowsThatAreMissingOrTooWide)
     EXPECT_EQ(failureOf([&] { p.addData(yld_Enum::INTEGRATION_POINT, elementSet(), counted(16)); }),
               "Expecting at least 17 rows of data. Input data has 16 rows.Please check input data");
     const yld_FieldOutput& read = readAgain("P");
-    ASSERT_EQ(read.values().size(), 1);
-    EXPECT_EQ(read.values(0).elementLabel(), 7);
+    ASSERT_EQ(read.values().size(), 16);
+    EXPECT_EQ(read.values(15).elementLabel(), 102);
     EXPECT_EQ(readAgain("U").values().size(), 3);
 }
 

@@ -673,7 +673,6 @@ TEST_F(yld_FieldAddDataTest, killedWriterLosesWhatItHadNotSavedAndNothingElse)
     m_yld->save();
     m_yld->close();
     m_yld = nullptr;
-    // A tensor at a million points a frame, so that values of the frame without a save reach the disk too.
     constexpr int numNodes = 12;
     EXPECT_EQ(inOtherProcess([&] {
                   m_yld = &openYld(m_path.c_str(), false);
@@ -687,7 +686,7 @@ TEST_F(yld_FieldAddDataTest, killedWriterLosesWhatItHadNotSavedAndNothingElse)
                           values.push_back(static_cast<float>(100 * i + n));
                       }
                       u.addBulkData(yld_Enum::NODAL, instance(), labels.data(), numNodes, values.data(), numNodes, 1);
-                      // Enough to fill what is gathered before it is written.
+                      // Enough to send values of frames that are never saved to the disk.
                       yld_FieldOutput& wide = frame.MatrixOutput("W", "", 1000, 1500);
                       const std::vector<float> many(1500000, static_cast<float>(i));
                       for (int n = 0; n < 4; ++n) {
@@ -698,6 +697,8 @@ TEST_F(yld_FieldAddDataTest, killedWriterLosesWhatItHadNotSavedAndNothingElse)
                   kill(getpid(), SIGKILL);
               }),
               -SIGKILL);
+    // Its lock file stands, and is for the user to remove.
+    std::filesystem::remove(m_folder.file("results.lck"));
     m_yld = &openYld(m_path.c_str(), false);
     ASSERT_EQ(step().frames().size(), 3);
     for (int i = 0; i < 3; ++i) {

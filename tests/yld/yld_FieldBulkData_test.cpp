@@ -1,57 +1,13 @@
 #include "platform/sto/sto_Assembly.h"
-#include "platform/sto/sto_Field.h"
 #include "platform/sto/sto_FieldContainer.h"
-#include "platform/sto/sto_FieldFrame.h"
-#include "platform/sto/sto_FieldStep.h"
 #include "result_model.h"
+#include "stored_blocks.h"
 #include "yld/impl/yld_FieldValueList.h"
 
 #include <cmath>
-#include <cstring>
-#include <vector>
 
 using yld_FieldBulkDataTest = ResultModel;
 using yld_SequenceFieldValueTest = ResultModel;
-
-namespace {
-
-std::string listed(const int* numbers, int count)
-{
-    if (!numbers) return "null";
-    std::string text;
-    for (int i = 0; i < count; ++i) text += std::to_string(numbers[i]) + " ";
-    return text;
-}
-
-// A block written past the checks of the public interface, as a solver may write it.
-sto_Field writeBlock(const yld_Frame& frame, fld_FieldDescription description, int key, const std::vector<float>& values,
-                     const std::vector<double>& doubles = {})
-{
-    sto_FieldFrame fields = frame.fieldOutputs().fieldFrame().ConstGet();
-    sto_FieldStep step = frame.fieldOutputs().fieldStep().ConstGet();
-    const bool isDouble = !doubles.empty();
-    const std::size_t bytes = isDouble ? doubles.size() * sizeof(double) : values.size() * sizeof(float);
-    fio_Buffer buffer(bytes);
-    if (bytes > 0) {
-        std::memcpy(buffer.writable(), isDouble ? static_cast<const void*>(doubles.data()) : values.data(), bytes);
-    }
-    const sto_Field field =
-        fields.Field(step.Field(std::move(description)), key, buffer, fio_Buffer(), sto_Field(), isDouble ? 1 : 0);
-    step.setNumberField(key + 1);
-    return field;
-}
-
-fld_FieldDescription describe(const char* label, fld_DataTypeEnm type, fld_OutputPositionEnm position, int length)
-{
-    fld_FieldDescription description;
-    description.m_label = label;
-    description.m_dataType = static_cast<int>(type);
-    description.m_position = static_cast<int>(position);
-    description.m_length = length;
-    return description;
-}
-
-} // namespace
 
 TEST_F(yld_FieldBulkDataTest, nodeBlock)
 {
@@ -212,19 +168,43 @@ TEST_F(yld_FieldBulkDataTest, chosenValuesOfABlockStandSideBySide)
     yld_FieldOutput& p = frame.FieldOutput("P", "", yld_Enum::SCALAR);
     p.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101, 102}), counted(16));
     yld_SubField part(p.SubField()[0]);
-    part.setIndices(ints({1, 9, 15}));
+    part.setIndices(ints({8, 9, 10, 11, 12, 13, 14, 15}));
     yld_Sequence<yld_SubField> blocks;
     blocks.append(part);
     const yld_SequenceFieldValue values(blocks);
-    EXPECT_EQ(values.size(), 3);
+    EXPECT_EQ(values.size(), 8);
     EXPECT_EQ(values.get(1).data()[0], 10.0);
     EXPECT_EQ(values.get(1).elementLabel(), 102);
     EXPECT_EQ(values.get(1).integrationPoint(), 2);
     const yld_SequenceFieldBulkData bulk(values);
-    EXPECT_EQ(bulk[0].length(), 3);
-    EXPECT_EQ(bulk[0].data()[2], 16.0F);
-    EXPECT_EQ(listed(bulk[0].elementLabels(), 3), "101 102 102 ");
-    EXPECT_EQ(listed(bulk[0].integrationPoints(), 3), "2 2 8 ");
+    EXPECT_EQ(bulk[0].length(), 8);
+    EXPECT_EQ(bulk[0].data()[2], 11.0F);
+    EXPECT_EQ(listed(bulk[0].elementLabels(), 8), "102 102 102 102 102 102 102 102 ");
+    EXPECT_EQ(listed(bulk[0].integrationPoints(), 8), "1 2 3 4 5 6 7 8 ");
+    // The block itself has changed, for everyone who holds it; the field's own block has not.
+    EXPECT_TRUE(part.indices().isEmpty());
+    EXPECT_EQ(part.storedLength(), 8);
+    EXPECT_EQ(p.SubField()[0].storedLength(), 16);
+}
+
+TEST_F(yld_FieldBulkDataTest, partsOfAnElementHaveNoPlainArrays)
+{
+    yld_Frame frame = step().Frame(1, 1.0);
+    yld_FieldOutput& p = frame.FieldOutput("P", "", yld_Enum::SCALAR);
+    p.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101, 102}), counted(16));
+    yld_SubField part(p.SubField()[0]);
+    part.setIndices(ints({1, 9, 15}));
+    yld_Sequence<yld_SubField> blocks;
+    blocks.append(part);
+    const yld_SequenceFieldValue values(blocks);
+    EXPECT_EQ(failureOf([&] { const yld_SequenceFieldBulkData bulk(values); }),
+              "Length of data sequence incorrect. Data at 8 locations expected. Data at 3 locations provided. Element "
+              "data request failed. Element type is HEX8. Data at 8 integration points per element expected.");
+    // One by one they are there, and nothing has changed.
+    EXPECT_EQ(part.indices().size(), 3);
+    EXPECT_EQ(values.get(2).data()[0], 16.0);
+    EXPECT_EQ(values.get(2).elementLabel(), 102);
+    EXPECT_EQ(values.get(2).integrationPoint(), 8);
 }
 
 TEST_F(yld_FieldBulkDataTest, labelsOutliveASave)

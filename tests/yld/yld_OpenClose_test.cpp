@@ -1,48 +1,14 @@
+#include "call_results.h"
+#include "platform/sto/sto_Model.h"
+#include "platform/store/lnk_Root.h"
+#include "platform/text/msg_translate.h"
 #include "test_files.h"
 #include "yld.h"
 #include "yld/impl/yld_YldRepository.h"
 
 #include <fstream>
-#include <functional>
-#include <sstream>
-
-namespace {
-
-class Library
-{
-public:
-    Library() { yld_initializeAPI(); }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
-    ~Library() { yld_finalizeAPI(); }
-};
-
-std::string failureOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const yld_Exception& failure) {
-        EXPECT_EQ(failure.errorNo(), yld_GENERAL);
-        return failure.what();
-    }
-    return "no exception";
-}
-
-// What goes to the standard error stream during an action.
-std::string warningsOf(const std::function<void()>& action)
-{
-    testing::internal::CaptureStderr();
-    action();
-    return testing::internal::GetCapturedStderr();
-}
-
-void makeDatabase(const std::string& path)
-{
-    yld_Yld& made = Yld(path.c_str(), "title", "description", path.c_str());
-    made.close();
-}
-
-} // namespace
+#include <string>
+#include <vector>
 
 TEST(yld_OpenClose, createdDatabaseReopensWithItsHeader)
 {
@@ -116,8 +82,11 @@ TEST(yld_OpenClose, createRefusesANameOrAPathInUseAndTouchesNoDisk)
     EXPECT_EQ(failureOf([&] { Yld("job", "", "", folder.file("other.yld").c_str()); }),
               "A database named ('job') already exists.");
     EXPECT_FALSE(std::filesystem::exists(folder.file("other.yld")));
+    const auto before = std::filesystem::last_write_time(path);
     EXPECT_EQ(failureOf([&] { Yld("second", "", "", path.c_str()); }),
               "The path '" + path + "' has an existing sto associated with it.");
+    EXPECT_EQ(std::filesystem::last_write_time(path), before);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("other.lck")));
     made.close();
 }
 
@@ -152,128 +121,6 @@ TEST(yld_OpenClose, failuresNameThePathAndTheReason)
     const std::string nowhere = folder.file("no/such/folder/job.yld");
     EXPECT_EQ(failureOf([&] { Yld("job", "", "", nowhere.c_str()); }),
               "Cannot create file " + nowhere + ". " + nowhere + ": No such file or directory");
-}
-
-TEST(yld_OpenClose, writerMakesALockFileAndRemovesItOnClose)
-{
-    const Library library;
-    const ScratchFolder folder;
-    const std::string path = folder.file("job.yld");
-    makeDatabase(path);
-    yld_Yld& open = openYld(path.c_str(), false);
-    EXPECT_FALSE(open.isReadOnly());
-    ASSERT_TRUE(std::filesystem::exists(folder.file("job.lck")));
-    EXPECT_EQ(std::filesystem::file_size(folder.file("job.lck")), 0u);
-    open.close();
-    EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
-}
-
-TEST(yld_OpenClose, readerMakesNoLockFileAndRemovesNone)
-{
-    const Library library;
-    const ScratchFolder folder;
-    const std::string path = folder.file("job.yld");
-    makeDatabase(path);
-    std::ofstream(folder.file("job.lck")).close();
-    openYld(path.c_str(), true).close();
-    EXPECT_TRUE(std::filesystem::exists(folder.file("job.lck")));
-    std::filesystem::remove(folder.file("job.lck"));
-    openYld(path.c_str(), true).close();
-    EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
-}
-
-TEST(yld_OpenClose, lockFileOfAnotherTurnsTheOpenIntoAReadOnlyOneWithAWarning)
-{
-    const Library library;
-    const ScratchFolder folder;
-    const std::string path = folder.file("job.yld");
-    const std::string lock = folder.file("job.lck");
-    makeDatabase(path);
-    std::ofstream(lock).close();
-    yld_Yld* open = nullptr;
-    EXPECT_EQ(warningsOf([&] { open = &openYld(path.c_str(), false); }),
-              "Warning: An output database lock file " + lock +
-                  " has been detected. This may indicate that the output database is opened for writing by another "
-                  "application.\n" +
-                  path + " will be opened read-only. \n");
-    EXPECT_TRUE(open->isReadOnly());
-    EXPECT_EQ(warningsOf([&] { saveYld(*open); }),
-              "Warning: Database was opened read-only and cannot be saved.\n");
-    open->close();
-    EXPECT_TRUE(std::filesystem::exists(lock));
-}
-
-TEST(yld_OpenClose, phaseOfTheInputProcessorRefusesAReaderThatAsks)
-{
-    const Library library;
-    const ScratchFolder folder;
-    const std::string path = folder.file("job.yld");
-    makeDatabase(path);
-    std::ofstream(folder.file("job.lck")) << "something\nAnalysis Input File Processor\n";
-    EXPECT_EQ(failureOf([&] { openYld("job", path.c_str(), true, true); }),
-              "The .lck file for the output database " + path +
-                  " indicates that the Analysis Input File Processor is currently modifying the database.  The "
-                  "database cannot be opened at this time.");
-    openYld("job", path.c_str(), true, false).close();
-}
-
-TEST(yld_OpenClose, lockPhaseIsTheLastLineAndLongLinesAreCut)
-{
-    const Library library;
-    const ScratchFolder folder;
-    const std::string path = folder.file("job.yld");
-    const yld_YldRepository& registry = yld_YldRepository::Instance();
-    EXPECT_STREQ(registry.GetLockPhase(path.c_str()).cStr(), "");
-    std::ofstream(folder.file("job.lck")).close();
-    EXPECT_STREQ(registry.GetLockPhase(path.c_str()).cStr(), "");
-    std::ofstream(folder.file("job.lck")) << "first\nsecond\n";
-    EXPECT_STREQ(registry.GetLockPhase(path.c_str()).cStr(), "second");
-    std::ofstream(folder.file("job.lck")) << std::string(130, 'x') + "\n";
-    EXPECT_STREQ(registry.GetLockPhase(path.c_str()).cStr(), std::string(30, 'x').c_str());
-}
-
-TEST(yld_OpenClose, urlsHaveNoLocks)
-{
-    const Library library;
-    const yld_YldRepository& registry = yld_YldRepository::Instance();
-    EXPECT_FALSE(registry.IsYldLocked("http://host/job.yld"));
-    EXPECT_TRUE(registry.LockYld("http://host/job.yld"));
-    EXPECT_TRUE(registry.RemoveLock("http://host/job.yld"));
-}
-
-TEST(yld_OpenClose, oneNamesakeOnThePathGoesOutTooButThreeStay)
-{
-    const Library library;
-    const ScratchFolder folder;
-    const std::string path = folder.file("job.yld");
-    makeDatabase(path);
-    yld_YldRepository& registry = yld_YldRepository::Instance();
-    openYld("one", path.c_str(), true, false);
-    openYld("two", path.c_str(), true, false);
-    EXPECT_EQ(registry.size(), 2);
-    registry.remove("one");
-    EXPECT_EQ(registry.size(), 0);
-
-    openYld("one", path.c_str(), true, false);
-    openYld("two", path.c_str(), true, false);
-    openYld("three", path.c_str(), true, false);
-    registry.remove("two");
-    EXPECT_EQ(registry.size(), 2);
-    EXPECT_EQ(registry.get("one").steps().size(), 0);
-    registry.remove("one");
-    EXPECT_EQ(registry.size(), 0);
-}
-
-TEST(yld_OpenClose, insertUnderAPresentNameChangesNothing)
-{
-    const Library library;
-    const ScratchFolder folder;
-    makeDatabase(folder.file("job.yld"));
-    yld_Yld& open = openYld("job", folder.file("job.yld").c_str(), true, false);
-    yld_YldRepository::Instance().insert("job", yld_Yld());
-    EXPECT_STREQ(yld_YldRepository::Instance().get("job").path().cStr(), folder.file("job.yld").c_str());
-    open.close();
-    EXPECT_STREQ(yld_YldRepository::Instance().constGet("job").path().cStr(), "");
 }
 
 TEST(yld_OpenClose, saveToAnotherPathIsRefused)
@@ -340,26 +187,273 @@ TEST(yld_OpenClose, newerAndOlderDatabasesAreToldApart)
     }
 }
 
-TEST(yld_OpenClose, everyOpenDatabaseIsClosedWhenTheLibraryStops)
-{
-    const ScratchFolder folder;
-    const std::string path = folder.file("job.yld");
-    {
-        const Library library;
-        makeDatabase(path);
-        openYld(path.c_str(), false);
-        EXPECT_TRUE(std::filesystem::exists(folder.file("job.lck")));
-    }
-    EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
-}
-
-TEST(yld_OpenClose, pathWithBlanksAndOtherLettersWorks)
+TEST(yld_OpenClose, createMakesNoLockFile)
 {
     const Library library;
     const ScratchFolder folder;
-    const std::string path = folder.file("Prüf stand é.yld");
+    yld_Yld& made = Yld("job", "", "", folder.file("job.yld").c_str());
+    EXPECT_FALSE(made.isReadOnly());
+    EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
+    made.close();
+}
+
+TEST(yld_OpenClose, createNotesTheLibraryThatMadeTheDatabase)
+{
+    const Library library;
+    const ScratchFolder folder;
+    yld_Yld& made = Yld("job", "", "", folder.file("job.yld").c_str());
+    EXPECT_STREQ(made.sto().analysisVersion().cStr(), "ZANTRA/Scripting Interface 0.1.0");
+    made.close();
+}
+
+TEST(yld_OpenClose, createIsOnDiskAtOnce)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    Yld("job", "the title", "the description", path.c_str());
+    EXPECT_EQ(inOtherProcess([&] {
+        // The registry came along into the process; another name for the same file reads it anew.
+        std::filesystem::copy_file(path, folder.file("copy.yld"));
+        yld_Yld& copy = openYld(folder.file("copy.yld").c_str(), true);
+        EXPECT_STREQ(copy.analysisTitle().cStr(), "the title");
+        EXPECT_STREQ(copy.description().cStr(), "the description");
+        EXPECT_EQ(copy.databaseVersion(), 891);
+    }), 0);
+}
+
+TEST(yld_OpenClose, failedCreateLeavesNothingOpen)
+{
+    const Library library;
+    const ScratchFolder folder;
+    std::filesystem::create_directory(folder.file("job.yld"));
+    const std::string path = folder.file("job.yld");
+    EXPECT_EQ(failureOf([&] { Yld("job", "", "", path.c_str()); }),
+              "Cannot create file " + path + ". " + path + ": is not a regular file");
+    EXPECT_EQ(yld_YldRepository::Instance().size(), 0);
+    EXPECT_EQ(failureOf([] { getActiveYld(); }), "No yld files are open.");
+}
+
+TEST(yld_OpenClose, oneFileUnderTwoNamesIsWarnedOfByNobody)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    Yld("first", "", "", path.c_str());
+    yld_Yld* second = nullptr;
+    EXPECT_EQ(warningsOf([&] { second = &openYld("second", path.c_str(), false, false); }), "");
+    EXPECT_FALSE(second->isReadOnly()) << "the flag stays that of the caller";
+    EXPECT_FALSE(second->sto().file()->isWritable()) << "the handle only reads";
+    EXPECT_EQ(failureOf([&] { second->save(); }),
+              "Database save failed. " + path + ": the database is open for reading only");
+    EXPECT_EQ(failureOf([&] { saveYld(*second); }), path + ": the database is open for reading only");
+    second->close();
+}
+
+namespace {
+
+// Takes down which messages were asked for.
+class Listener : public msg_Catalogue
+{
+public:
+    Listener() : m_before(msg_installCatalogue(this)) {}
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+    ~Listener() override { msg_installCatalogue(m_before); }
+
+    const char* Find(const char* format) const override
+    {
+        asked.emplace_back(format);
+        return nullptr;
+    }
+
+    mutable std::vector<std::string> asked;
+
+private:
+    const msg_Catalogue* m_before;
+};
+
+const std::string dropped =
+    "YLD is already in use by someone else. database cannot be opened for writing and will be opened readOnly";
+
+} // namespace
+
+TEST(yld_OpenClose, theWarningOfAFileInUseIsBuiltAndDropped)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    yld_Yld& first = Yld("first", "", "", path.c_str());
+    {
+        const Listener reader;
+        openYld("reader", path.c_str(), true, false);
+        EXPECT_EQ(reader.asked, std::vector<std::string>());
+    }
+    {
+        const Listener writer;
+        EXPECT_EQ(warningsOf([&] { openYld("writer", path.c_str(), false, false); }), "");
+        EXPECT_EQ(writer.asked, std::vector<std::string>{dropped});
+    }
+    closeYld(first);
+}
+
+TEST(yld_OpenClose, fileThatWasReplacedIsOpenedButItsNameKeepsTheOldEntry)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
     makeDatabase(path);
-    yld_Yld& open = openYld(path.c_str(), false);
-    EXPECT_STREQ(open.path().cStr(), path.c_str());
+    yld_Yld& old = openYld("job", path.c_str(), true, false);
+    Yld("new", "the new title", "", folder.file("new.yld").c_str()).close();
+    std::filesystem::rename(folder.file("new.yld"), path);
+    yld_Yld* again = nullptr;
+    EXPECT_EQ(warningsOf([&] { again = &openYld("job", path.c_str(), false, false); }), "");
+    EXPECT_EQ(again, &old);
+    EXPECT_STREQ(again->analysisTitle().cStr(), "title");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck"))) << "nobody would remove it";
+    old.close();
+    EXPECT_STREQ(openYld("job", path.c_str(), true, false).analysisTitle().cStr(), "the new title");
+    closeYld(yld_YldRepository::Instance().get("job"));
+}
+
+TEST(yld_OpenClose, anotherFileUnderATakenNameGivesTheOldEntryAndStaysClosed)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string first = folder.file("first.yld");
+    const std::string second = folder.file("second.yld");
+    makeDatabase(first);
+    makeDatabase(second);
+    yld_Yld& open = openYld("job", first.c_str(), true, false);
+    EXPECT_EQ(&openYld("job", second.c_str(), false, false), &open);
+    EXPECT_STREQ(open.path().cStr(), first.c_str());
+    EXPECT_FALSE(lnk_Root::IsMember(second.c_str()));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("second.lck")));
     open.close();
+}
+
+TEST(yld_OpenClose, aTakenNameOnAMissingFileFailsLikeAnyMissingFile)
+{
+    const Library library;
+    const ScratchFolder folder;
+    makeDatabase(folder.file("job.yld"));
+    yld_Yld& open = openYld("job", folder.file("job.yld").c_str(), true, false);
+    const std::string missing = folder.file("missing.yld");
+    EXPECT_EQ(failureOf([&] { openYld("job", missing.c_str(), true, false); }),
+              "Cannot open file " + missing + ". " + missing + ": No such file or directory");
+    open.close();
+}
+
+TEST(yld_OpenClose, failedOpenLeavesNoLockAndNoStore)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    // A database of the store's own, whose header is sound and which has no root object.
+    fio_File::Create(path.c_str()).body()->save();
+    EXPECT_EQ(failureOf([&] { openYld(path.c_str(), false); }),
+              "Cannot open file " + path + ". " + path + ": holds no store; the file is damaged");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
+    EXPECT_FALSE(lnk_Root::IsMember(path.c_str()));
+    EXPECT_EQ(yld_YldRepository::Instance().size(), 0);
+}
+
+TEST(yld_OpenClose, openWithoutTheDefaultModelFailsAndLeavesNoLockAndNoStore)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    sto_Sto store;
+    sto_StoContainer().CreateSto(store, path.c_str(), "");
+    store.Model("Other Model");
+    store.Save();
+    sto_StoContainer().CloseSto(store);
+    EXPECT_EQ(failureOf([&] { openYld(path.c_str(), false); }),
+              "Cannot open file " + path + ". " + path + ": has no model named \"Default Model\"");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
+    EXPECT_FALSE(lnk_Root::IsMember(path.c_str()));
+}
+
+TEST(yld_OpenClose, aFailedOpenClosesNoStoreThatWasOpenBefore)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    sto_Sto store;
+    sto_StoContainer().CreateSto(store, path.c_str(), "");
+    store.Model("Other Model");
+    store.Save();
+    EXPECT_EQ(failureOf([&] { openYld(path.c_str(), true); }),
+              "Cannot open file " + path + ". " + path + ": has no model named \"Default Model\"");
+    EXPECT_TRUE(store.isValid());
+    sto_StoContainer().CloseSto(store);
+}
+
+TEST(yld_OpenClose, saveOfAReadOnlyDatabaseWarnsAndReturns)
+{
+    const Library library;
+    const ScratchFolder folder;
+    makeDatabase(folder.file("job.yld"));
+    yld_Yld& open = openYld(folder.file("job.yld").c_str(), true);
+    EXPECT_EQ(warningsOf([&] { saveYld(open); }),
+              "Warning: Database was opened read-only and cannot be saved.\n");
+    open.close();
+}
+
+TEST(yld_OpenClose, closeYldTakesOutEveryNameOnThePathAndLeavesTheLockFile)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    const std::string other = folder.file("other.yld");
+    makeDatabase(path);
+    makeDatabase(other);
+    yld_Yld& writer = openYld("writer", path.c_str(), false, false);
+    openYld("second", path.c_str(), true, false);
+    openYld("third", path.c_str(), true, false);
+    yld_Yld& stays = openYld("stays", other.c_str(), true, false);
+    closeYld(writer);
+    EXPECT_EQ(yld_YldRepository::Instance().size(), 1);
+    EXPECT_FALSE(stays.isClosed());
+    EXPECT_TRUE(std::filesystem::exists(folder.file("job.lck")));
+    EXPECT_FALSE(lnk_Root::IsMember(path.c_str()));
+    closeYld(stays);
+}
+
+TEST(yld_OpenClose, checkPhaseIsClearedForAWriter)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    const std::string lock = folder.file("job.lck");
+    makeDatabase(path);
+    std::ofstream(lock) << "Analysis Input File Processor\n";
+    yld_Yld* open = nullptr;
+    EXPECT_EQ(warningsOf([&] { open = &openYld("job", path.c_str(), false, true); }),
+              "Warning: An output database lock file " + lock +
+                  " has been detected. This may indicate that the output database is opened for writing by another "
+                  "application.\n" +
+                  path + " will be opened read-only. \n");
+    EXPECT_TRUE(open->isReadOnly());
+    open->close();
+}
+
+TEST(yld_OpenClose, aFileWithoutAVersionNumberIsTakenForAnOldOne)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    makeDatabase(path);
+    fio_Database(path, fio_Database::Access::WRITE).setDatabaseVersion(0);
+    try {
+        openYld(path.c_str(), true);
+        FAIL() << "an older database was opened";
+    } catch (const yld_Exception& failure) {
+        EXPECT_EQ(failure.errorNo(), yld_UPGRADE_NEEDED);
+        EXPECT_EQ(failure.versionNumber(), 203);
+        EXPECT_EQ(failure.zantraVersion(), 891);
+        EXPECT_TRUE(failure.readOnly());
+        EXPECT_STREQ(failure.fileName().cStr(), path.c_str());
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
 }

@@ -4,6 +4,8 @@
 
 #include "platform/text/prg_WIP.h"
 
+#include <limits>
+
 namespace {
 
 class yld_PartTest : public ::testing::Test
@@ -381,4 +383,95 @@ TEST_F(yld_PartTest, wrongTypeAndSpaceAreReportedAndTheRestGoesOn)
                                         "parts allowed."}));
     EXPECT_EQ(odd.type(), yld_Enum::DEFORMABLE_BODY);
     EXPECT_EQ(odd.embeddedSpace(), yld_Enum::THREE_D);
+}
+
+TEST_F(yld_PartTest, badNodesLeaveTheModelAsItWas)
+{
+    addTwoHexes(part);
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const float infinite = std::numeric_limits<float>::infinity();
+    EXPECT_EQ(raised([&] { part.addNodes(ints({20, -3}), rows<float>({{1, 2, 3}, {1, 2, 3}}), "S"); }),
+              "Invalid node label -3: labels begin at 1.");
+    EXPECT_EQ(raised([&] { part.addNodes(ints({20, 21, 20}), rows<float>({{1, 2, 3}, {1, 2, 3}, {1, 2, 3}}), "S"); }),
+              "Node label 20 is given twice.");
+    EXPECT_EQ(raised([&] { part.addNodes(ints({20, 12}), rows<float>({{1, 2, 3}, {1, 2, 3}}), "S"); }),
+              "Node label 12 exists already.");
+    EXPECT_EQ(raised([&] { part.addNodes(ints({20, 21}), rows<float>({{1, 2, 3}, {1, 2, nan}}), "S"); }),
+              "The coordinates of node 21 are not numbers.");
+    EXPECT_EQ(raised([&] { part.addNodes(ints({20}), rows<float>({{-infinite, 2, 3}}), "S"); }),
+              "The coordinates of node 20 are not numbers.");
+    EXPECT_EQ(raised([&] { part.addNodes(ints({20, 21}), rows<float>({{1, 2, 3}, {1, 2, 3, 4}}), "S"); }),
+              "Node location specification does not correspond to part dimension. 3 floats expected; 4 floats "
+              "received.");
+    EXPECT_EQ(part.nodes().size(), 12);
+    EXPECT_EQ(part.nodeSets().size(), 0);
+    EXPECT_EQ(part.part().mesh().set().length(), 0);
+    part.addNodes(ints({20}), rows<float>({{1, 2, 3}}));
+    EXPECT_EQ(part.getNodeFromLabel(20).index(), 12);
+}
+
+TEST_F(yld_PartTest, badElementsLeaveTheModelAsItWas)
+{
+    addTwoHexes(part);
+    EXPECT_EQ(raised([&] { part.addElements(ints({5, 0}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S"); }),
+              "Invalid element label 0: labels begin at 1.");
+    EXPECT_EQ(raised([&] { part.addElements(ints({5, -5}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S"); }),
+              "Invalid element label -5: labels begin at 1.");
+    EXPECT_EQ(raised([&] { part.addElements(ints({5, 5}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S"); }),
+              "Element label 5 is given twice.");
+    EXPECT_EQ(raised([&] { part.addElements(ints({5, 1}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S"); }),
+              "Element label 1 exists already.");
+    EXPECT_EQ(raised([&] { part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}, {1, 2, -3}}), "TRI3", "S"); }),
+              "Node number \"-3\" of element \"6\" does not exist.");
+    EXPECT_EQ(raised([&] { part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}, {1, 2, 0}}), "HEX8", "S"); }),
+              "elements of type \"HEX8\" require \"8\" nodes in their connectivity data.\n");
+    yld_Sequence<yld_Sequence<int>> wide(rows<int>({{}}));
+    for (int i = 0; i < 31; ++i) wide.get(0).append(1);
+    EXPECT_EQ(raised([&] { part.addElements(ints({5}), wide, "USER31", "S"); }),
+              "An element can have 30 nodes at most; 31 were given.");
+    EXPECT_EQ(part.elements().size(), 2);
+    EXPECT_EQ(part.elementSets().size(), 0);
+    EXPECT_EQ(part.part().mesh().set().length(), 0);
+    EXPECT_EQ(part.part().mesh().elementData().numClasses(), 1);
+    part.addElements(ints({5}), rows<int>({{3, 2, 1}}), "TRI3");
+    EXPECT_EQ(vec(part.getElementFromLabel(5).connectivity()), (std::vector<int>{3, 2, 1}));
+}
+
+TEST_F(yld_PartTest, setsOfBadLabelsLeaveTheModelAsItWas)
+{
+    addTwoHexes(part);
+    for (const int bad : {0, -1, 13, 2147483647, -2147483647 - 1}) {
+        const std::string number = std::to_string(bad);
+        EXPECT_EQ(raised([&] { part.NodeSet("S", ints({1, bad, 2})); }), "Invalid node label " + number);
+        EXPECT_EQ(raised([&] { part.ElementSet("S", ints({1, bad, 2})); }), "Invalid element label " + number);
+    }
+    EXPECT_EQ(part.nodeSets().size(), 0);
+    EXPECT_EQ(part.elementSets().size(), 0);
+    EXPECT_EQ(part.part().mesh().set().length(), 0);
+}
+
+TEST_F(yld_PartTest, internalSetOfTheStoreKeepsItsName)
+{
+    addTwoHexes(part);
+    part.NodeSet("hidden", ints({1}), true);
+    model.reopen();
+    // It is not among the sets that are shown, but the name is taken all the same.
+    EXPECT_EQ(raised([&] { model.part("P").NodeSet("hidden", ints({2})); }), "Duplicate set or surface name hidden");
+    EXPECT_EQ(labelsOf(model.part("P").nodeSets(true).get("hidden").nodes()), (std::vector<int>{1}));
+}
+
+TEST_F(yld_PartTest, wholeSequencesOfTheEntityTakeItemsAndStayWhole)
+{
+    addTwoHexes(part);
+    part.nodes().append(part.nodes(3));
+    EXPECT_EQ(vec(part.nodes().indices()), (std::vector<int>{3}));
+    EXPECT_TRUE(part.nodes().isWholeMesh());
+    EXPECT_EQ(part.nodes().size(), 12);
+    part.elements().append(part.elements(1));
+    EXPECT_EQ(vec(part.elements().indices()), (std::vector<int>{1}));
+    EXPECT_EQ(part.elements().size(), 2);
+    // What was taken goes over to others: it is all that a whole mesh has to give.
+    yld_SequenceElement some = part.elements().slice(0, 1);
+    some.append(part.elements());
+    EXPECT_EQ(labelsOf(some), (std::vector<int>{1, 2}));
 }

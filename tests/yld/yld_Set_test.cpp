@@ -305,3 +305,49 @@ TEST_F(yld_SetTest, labelsAddedToASurfaceNeedFaces)
     surface.addLabels(yld_Sequence<int>());
     EXPECT_EQ(surface.size(), 0);
 }
+
+TEST_F(yld_SetTest, groupsReadBeforeAFailureStayAndAreReadAgain)
+{
+    const int here = part.part().GetMeshIndex();
+    const int first = 0;
+    const int second = 1;
+    setC_Set raw;
+    raw.m_type = setC_Set::nodeSet;
+    raw.append(here, -1, setC_SubSet::nodes, &first, nullptr, 1);
+    raw.append(here + 100, -1, setC_SubSet::nodes, &first, nullptr, 1);
+    const auto stored = lnk_ShortCut<setC_Set>::create(model.file, std::move(raw));
+    const yld_Set set("broken", sto_Set(stored), part.mesh());
+    EXPECT_EQ(raised([&] { set.nodes(); }), "Invalid part index.");
+    EXPECT_EQ(raised([&] { set.instanceNames(); }), "Invalid part index.");
+    const auto repaired = stored.fetchWritable();
+    repaired->clear();
+    repaired->append(here, -1, setC_SubSet::nodes, &second, nullptr, 1);
+    stored.replace(repaired);
+    // One group from each of the two attempts, and the good one.
+    EXPECT_EQ(set.instanceNames().size(), 3);
+    EXPECT_EQ(labelsOf(set.nodes()), (std::vector<int>{1}));
+}
+
+TEST_F(yld_SetTest, facesOfAnAssemblySetAreRefusedBeforeAnythingIsRead)
+{
+    const yld_Set none("S", sto_Set(), yld_MeshList(part.mesh()));
+    EXPECT_EQ(raised([&] { none.faces(); }), "Faces must be retrieved using the instance name for assembly sets.");
+    // A set that came with new nodes counts as one, although it is of one mesh.
+    part.addNodes(ints({50}), rows<float>({{1, 2, 3}}), "new");
+    EXPECT_EQ(raised([&] { part.nodeSets().get("new").faces(); }),
+              "Faces must be retrieved using the instance name for assembly sets.");
+    model.reopen();
+    EXPECT_EQ(raised([&] { model.part("P").nodeSets().get("new").faces(); }), "Set does not contain faces.");
+}
+
+TEST_F(yld_SetTest, surfaceOnRigidNodesThroughTheInterface)
+{
+    part.Surface("R", ints({32, 31}), faces({yld_Enum::FACE1, yld_Enum::FACE1}));
+    EXPECT_EQ(raisedText([&] { part.Surface("T", ints({31}), faces({yld_Enum::FACE2})); }),
+              "Invalid face identifier for continuum elements");
+    model.reopen();
+    const yld_Set& surface = model.part("P").surfaces().get("R");
+    EXPECT_EQ(labelsOf(surface.nodes()), (std::vector<int>{3, 2}));
+    EXPECT_EQ(surface.elements().size(), 0);
+    EXPECT_EQ(surface.faces().size(), 0);
+}

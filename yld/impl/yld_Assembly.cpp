@@ -12,14 +12,15 @@
 #include <utility>
 
 yld_Assembly::yld_Assembly()
-    : m_assembly(new sto_Assembly), m_model(new sto_Model), m_instances(new yld_InstanceRepository)
+    : m_assembly(new sto_Assembly), m_model(new sto_Model), m_instances(new yld_InstanceRepository),
+      m_datumCsyses(new yld_DatumCsysRepository)
 {
 }
 
 yld_Assembly::yld_Assembly(const yld_String& name, const sto_Assembly& assembly, const sto_Model& model)
     : yld_DiscreteEntity(name, yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY, yld_MeshHandle(new yld_Mesh)),
       m_assembly(new sto_Assembly(assembly)), m_model(new sto_Model(model)),
-      m_instances(new yld_InstanceRepository(model))
+      m_instances(new yld_InstanceRepository(model)), m_datumCsyses(new yld_DatumCsysRepository(model))
 {
 }
 
@@ -31,7 +32,7 @@ sto_Assembly yld_Assembly::assembly() const { return *m_assembly; }
 
 void yld_Assembly::setName(const shr_String& name)
 {
-    yld_MeshInput::guarded([&] { m_assembly->setName(name.cStr()); });
+    yld_guard([&] { m_assembly->setName(name.cStr()); });
     m_name = yld_String(name);
 }
 
@@ -58,7 +59,7 @@ yld_Instance& yld_Assembly::Instance(const yld_String& name, const yld_Part& par
 
 void yld_Assembly::ReadMesh()
 {
-    yld_MeshInput::guarded([this] {
+    yld_guard([this] {
         if (!m_assembly->isValid() || !m_assembly->hasMesh()) return;
         // In the shared handle, so that whoever holds the mesh sees it.
         *m_mesh = yld_Mesh(m_assembly->mesh(), yld_String("rootAssembly"), true);
@@ -71,7 +72,7 @@ void yld_Assembly::ReadMesh()
 void yld_Assembly::ReadInstances() const
 {
     if (!m_assembly->isValid()) return;
-    yld_MeshInput::guarded([this] {
+    yld_guard([this] {
         const int count = m_assembly->numInstances();
         for (int i = 0; i < count; ++i) {
             const sto_PartInstance stored = m_assembly->instance(i);
@@ -92,10 +93,139 @@ void yld_Assembly::ReadInstances() const
     });
 }
 
+void yld_Assembly::ReadDatumCsyses() const
+{
+    if (!m_model->isValid()) return;
+    yld_guard([this] {
+        for (int i = 0; i < m_model->numDatums(); ++i) {
+            const sto_Datum datum = m_model->datum(i);
+            if (datum.GetDatumType() != axs_DatumCsys::coordinateSystem) continue;
+            const yld_String key(m_model->datumName(i).c_str());
+            m_datumCsyses->insert(key, yld_DatumCsys(key, datum.CvtDatumCsys()));
+        }
+    });
+}
+
+yld_DatumCsysRepository& yld_Assembly::datumCsyses()
+{
+    if (m_datumCsyses->isEmpty()) ReadDatumCsyses();
+    return *m_datumCsyses;
+}
+
+const yld_DatumCsysRepository& yld_Assembly::datumCsyses() const
+{
+    if (m_datumCsyses->isEmpty()) ReadDatumCsyses();
+    return *m_datumCsyses;
+}
+
+yld_DatumCsys& yld_Assembly::DatumCsysByThreePoints(const yld_String& name, yld_Enum::yld_DatumCsysTypeEnum type,
+                                                    const yld_Sequence<float>& origin,
+                                                    const yld_Sequence<float>& point1,
+                                                    const yld_Sequence<float>& point2)
+{
+    return datumCsyses().DatumCsysByThreePoints(name, type, origin, point1, point2);
+}
+
+yld_DatumCsys& yld_Assembly::DatumCsysByThreeNodes(const yld_String& name, yld_Enum::yld_DatumCsysTypeEnum type,
+                                                   const yld_Node& node1, const yld_Node& node2, const yld_Node& node3)
+{
+    return datumCsyses().DatumCsysByThreeNodes(name, type, node1, node2, node3);
+}
+
+yld_DatumCsys& yld_Assembly::DatumCsysBy6dofNode(const yld_String& name, yld_Enum::yld_DatumCsysTypeEnum type,
+                                                 const yld_Node& node)
+{
+    return datumCsyses().DatumCsysBy6dofNode(name, type, node);
+}
+
+yld_DatumCsys& yld_Assembly::DatumCsysByThreeCircNodes(const yld_String& name, yld_Enum::yld_DatumCsysTypeEnum type,
+                                                       const yld_Node& node1, const yld_Node& node2,
+                                                       const yld_Node& node3)
+{
+    return datumCsyses().DatumCsysByThreeCircNodes(name, type, node1, node2, node3);
+}
+
+yld_DatumCsys& yld_Assembly::DatumCsys(const yld_String& name, const yld_DatumCsys& csys)
+{
+    return datumCsyses().DatumCsys(name, csys);
+}
+
+void yld_Assembly::DeleteDatumCsys(const yld_String& name) { datumCsyses().DeleteDatumCsys(name); }
+
+void yld_Assembly::SectionAssignment(const yld_Set& set, const yld_Section& section, double offset)
+{
+    // The class of stored connector sections has this number. What is compared is the number of the class of all
+    // sections, so any section passes.
+    constexpr int connectorSections = 0x2600045;
+    if (set.type() != yld_Enum::ELEMENT_SET) yld_raise("Section assignment requires element sets.");
+    if (yld_Section::typeIdentifier() == connectorSections) {
+        yld_raise("Section assignment at the assembly level requires a Connector Section.");
+    }
+    yld_guard([&] {
+        m_assembly->AssignSection(setC_Region(set.set().shortCut()), yld_MeshInput::text(section.name()), offset);
+    });
+}
+
+namespace {
+
+prtC_ConnectorOrientation::End connectorEnd(const yld_DatumCsys& csys, yld_Enum::yld_AxisEnum axis, double angle,
+                                            const sto_Model& model)
+{
+    prtC_ConnectorOrientation::End end;
+    end.datum = sto_datumRef(csys.datumCsys(), model.modelFile());
+    if (!end.datum.IsNullRef()) end.datumName = model.model()->datumNameFromID(end.datum.m_id);
+    end.axis = static_cast<int>(unMapAxisEnum(axis));
+    end.angle = angle;
+    return end;
+}
+
+prtC_ConnectorOrientation connectorOrientation(const yld_Set& set)
+{
+    if (set.type() != yld_Enum::ELEMENT_SET) yld_raise("Connector orientation assignment requires an element set.");
+    prtC_ConnectorOrientation orientation;
+    orientation.m_region = setC_Region(set.set().shortCut());
+    return orientation;
+}
+
+} // namespace
+
+void yld_Assembly::ConnectorOrientation(const yld_Set& set, const yld_DatumCsys& csys, yld_Enum::yld_AxisEnum axis,
+                                        double angle, bool orient2sameAs1)
+{
+    yld_guard([&] {
+        prtC_ConnectorOrientation orientation = connectorOrientation(set);
+        orientation.m_first = connectorEnd(csys, axis, angle, *m_model);
+        orientation.m_orient2sameAs1 = orient2sameAs1;
+        m_assembly->AssignConnectorOrientation(orientation);
+    });
+}
+
+void yld_Assembly::ConnectorOrientation(const yld_Set& set, const yld_DatumCsys& csys1, yld_Enum::yld_AxisEnum axis1,
+                                        double angle1, const yld_DatumCsys& csys2, yld_Enum::yld_AxisEnum axis2,
+                                        double angle2)
+{
+    yld_guard([&] {
+        prtC_ConnectorOrientation orientation = connectorOrientation(set);
+        orientation.m_first = connectorEnd(csys1, axis1, angle1, *m_model);
+        orientation.m_second = connectorEnd(csys2, axis2, angle2, *m_model);
+        m_assembly->AssignConnectorOrientation(orientation);
+    });
+}
+
+void yld_Assembly::setSolverInput(const yld_String& text)
+{
+    yld_guard([&] { m_assembly->setSolverInput(yld_MeshInput::text(text)); });
+}
+
+yld_String yld_Assembly::solverInput() const
+{
+    return yld_String(yld_guard([this] { return m_assembly->solverInput(); }).c_str());
+}
+
 void yld_Assembly::ReadSets(bool includeInternal)
 {
     if (!m_assembly->isValid()) return;
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         const sto_SetList list = m_assembly->set();
         const int length = list.length(includeInternal);
         for (int i = 0; i < length; ++i) {
@@ -172,6 +302,24 @@ std::vector<sto_SetStruct> groupsOf(const yld_Sequence<yld_String>& instanceName
     return groups;
 }
 
+std::vector<mshK_SurfStruct> surfaceGroupsOf(
+    const yld_Sequence<yld_String>& instanceNames, const yld_Sequence<yld_Sequence<int>>& labels,
+    const yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>>& faces, const yld_InstanceRepository& instances)
+{
+    requireGroups(instanceNames.size(), labels.size());
+    requireGroups(instanceNames.size(), faces.size());
+    std::vector<mshK_SurfStruct> groups;
+    for (int i = 0; i < instanceNames.size(); ++i) {
+        const yld_Instance& owner = instances.constGet(instanceNames[i]);
+        const sto_Mesh mesh = yld_guard([&owner] { return owner.instance().mesh(); });
+        mshK_SurfStruct group{yld_MeshInput::text(instanceNames[i]),
+                              yld_MeshInput::classify(labels[i], faces[i], mesh), {}};
+        for (const yld_Enum::yld_ElementFaceEnum face : faces[i]) group.faces.push_back(static_cast<int>(face) - 1);
+        groups.push_back(std::move(group));
+    }
+    return groups;
+}
+
 } // namespace
 
 yld_Set& yld_Assembly::NodeSet(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
@@ -180,7 +328,7 @@ yld_Set& yld_Assembly::NodeSet(const yld_String& name, const yld_Sequence<yld_St
 {
     yld_SetRepository& sets = nodeSets(isInternal, skipRefresh);
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         const std::vector<sto_SetStruct> groups = groupsOf(instanceNames, labels, *m_instances, *m_assembly, true);
         const sto_Set made = m_assembly->Nset(yld_MeshInput::text(name), groups, isInternal, isUnsorted);
         sets.insert(name, setOf(name, made));
@@ -193,7 +341,7 @@ yld_Set& yld_Assembly::ElementSet(const yld_String& name, const yld_Sequence<yld
 {
     yld_SetRepository& sets = elementSets(isInternal, skipRefresh);
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         const std::vector<sto_SetStruct> groups = groupsOf(instanceNames, labels, *m_instances, *m_assembly, false);
         const sto_Set made = m_assembly->Elset(yld_MeshInput::text(name), groups, isInternal);
         sets.insert(name, setOf(name, made));
@@ -207,31 +355,79 @@ yld_Set& yld_Assembly::Surface(const yld_String& name, const yld_Sequence<yld_St
 {
     yld_SetRepository& sets = surfaces(false);
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    requireGroups(instanceNames.size(), labels.size());
-    requireGroups(instanceNames.size(), faces.size());
-    std::vector<mshK_SurfStruct> groups;
-    for (int i = 0; i < instanceNames.size(); ++i) {
-        m_instances->CheckKey(instanceNames[i]);
-        const yld_Instance& owner = static_cast<const yld_InstanceRepository&>(*m_instances).constGet(instanceNames[i]);
-        const sto_Mesh mesh = yld_MeshInput::guarded([&owner] { return owner.instance().mesh(); });
-        groups.push_back({yld_MeshInput::text(instanceNames[i]), yld_MeshInput::classify(labels[i], faces[i], mesh)});
-    }
-    yld_MeshInput::guarded([&] {
+    const std::vector<mshK_SurfStruct> groups = surfaceGroupsOf(instanceNames, labels, faces, *m_instances);
+    yld_guard([&] {
         const sto_Set made = m_assembly->Surface(yld_MeshInput::text(name), groups, isInternal);
         sets.insert(name, setOf(name, made));
     });
     return sets.get(name);
 }
 
+// The members of the set have changed in the store. Instances and mesh may be younger than the set's list of meshes.
+yld_Set& yld_Assembly::renewSet(yld_Set& set, const yld_Sequence<yld_String>& instanceNames) const
+{
+    const yld_MeshList& meshes = set.MeshList();
+    for (const yld_String& name : instanceNames) {
+        if (meshes.hasName(name) || (name.empty() && meshes.hasName(yld_String("rootAssembly")))) continue;
+        set = setOf(set.name(), set.set());
+        return set;
+    }
+    set.clearMembers();
+    return set;
+}
+
+yld_Set& yld_Assembly::ModifyNodeSet(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
+                                     const yld_Sequence<yld_Sequence<int>>& labels, bool isInternal, bool isUnsorted)
+{
+    yld_SetRepository& sets = nodeSets(isInternal, true);
+    if (!sets.isMember(name)) yld_raise("Set \"%s\" does not exist.", name);
+    return yld_guard([&]() -> yld_Set& {
+        const std::vector<sto_SetStruct> groups = groupsOf(instanceNames, labels, *m_instances, *m_assembly, true);
+        m_assembly->modifyNodeSetLabels(yld_MeshInput::text(name), groups, isInternal, isUnsorted);
+        return renewSet(sets.get(name), instanceNames);
+    });
+}
+
+yld_Set& yld_Assembly::ModifyElementSet(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
+                                        const yld_Sequence<yld_Sequence<int>>& labels, bool isInternal)
+{
+    yld_SetRepository& sets = elementSets(isInternal, true);
+    if (!sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
+    requireGroups(instanceNames.size(), labels.size());
+    std::vector<sto_SetStruct> groups;
+    for (int i = 0; i < instanceNames.size(); ++i) {
+        if (!m_instances->isMember(instanceNames[i])) yld_raise(elementMessages.badInstance, instanceNames[i]);
+        groups.push_back({yld_MeshInput::text(instanceNames[i]), yld_MeshInput::values(labels[i])});
+    }
+    return yld_guard([&]() -> yld_Set& {
+        m_assembly->modifyElementSetLabels(yld_MeshInput::text(name), groups, isInternal, false);
+        return renewSet(sets.get(name), instanceNames);
+    });
+}
+
+yld_Set& yld_Assembly::ModifySurface(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
+                                     const yld_Sequence<yld_Sequence<int>>& labels,
+                                     const yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>>& faces,
+                                     bool isInternal)
+{
+    yld_SetRepository& sets = surfaces(isInternal);
+    if (!sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
+    const std::vector<mshK_SurfStruct> groups = surfaceGroupsOf(instanceNames, labels, faces, *m_instances);
+    return yld_guard([&]() -> yld_Set& {
+        m_assembly->modifySurfaceLabels(yld_MeshInput::text(name), groups, isInternal);
+        return renewSet(sets.get(name), instanceNames);
+    });
+}
+
 void yld_Assembly::joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type)
 {
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         const bool isNodes = type == yld_Enum::NODE_SET;
         const sto_Set set =
             m_assembly->set().find(isNodes ? setC_Set::nodeSet : setC_Set::elementSet, yld_MeshInput::text(name));
         yld_SetRepository& sets = isNodes ? m_nodeSets : m_elementSets;
-        // A set that was there may have been made before the assembly had a mesh.
-        if (!sets.insert(name, setOf(name, set))) sets.get(name) = setOf(name, set);
+        const yld_String own[1];
+        if (!sets.insert(name, setOf(name, set))) renewSet(sets.get(name), yld_Sequence<yld_String>(own, 1));
     });
 }
 
@@ -242,7 +438,7 @@ void yld_Assembly::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<
     if (labels.isEmpty()) yld_raise("No node labels provided.");
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, width);
     const std::vector<int> given = yld_MeshInput::values(labels);
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         if (m_assembly->hasMesh() && m_assembly->mesh().nodeData().Dim() != width) {
             yld_raise("The space of part \"%s\" is not that of its mesh.", m_name);
         }
@@ -250,7 +446,7 @@ void yld_Assembly::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<
     });
     ReadMesh();
     if (!setName.empty()) joinSet(setName, yld_Enum::NODE_SET);
-    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+    yld_guard([this] { m_mesh->refresh(); });
 }
 
 namespace {
@@ -271,11 +467,11 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
     requireAllowed(type);
     int width = 0;
     const std::vector<int> nodes = yld_MeshInput::elements(labels, connectivity, type, width);
-    if (!yld_MeshInput::guarded([this] { return m_assembly->hasMesh(); })) {
+    if (!yld_guard([this] { return m_assembly->hasMesh(); })) {
         throw exc_TextException("Element nodes do not exist at the assembly level.");
     }
     const std::vector<int> given = yld_MeshInput::values(labels);
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         sto_Mesh mesh = m_assembly->mesh();
         const int count = static_cast<int>(nodes.size());
         const int bad = mesh.nodeData().CheckUserNodeLabels(nodes.data(), count);
@@ -287,7 +483,7 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
     });
     if (!m_mesh->isBound()) ReadMesh();
     if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);
-    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+    yld_guard([this] { m_mesh->refresh(); });
 }
 
 void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
@@ -305,7 +501,7 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
     std::vector<sto_NodeData> nodeData;
     std::vector<sto_ScopedNode> scoped(nodes.size());
     std::unordered_map<std::string, int> places;
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         for (int i = 0; i < instanceNames.size(); ++i) {
             const yld_String& name = instanceNames[i];
             if (name.empty()) continue;
@@ -336,5 +532,5 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
     });
     if (!m_mesh->isBound()) ReadMesh();
     if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);
-    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+    yld_guard([this] { m_mesh->refresh(); });
 }

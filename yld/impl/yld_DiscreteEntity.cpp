@@ -20,40 +20,52 @@ yld_DiscreteEntity::~yld_DiscreteEntity() = default;
 
 yld_Element yld_DiscreteEntity::elements(int index) const
 {
-    return yld_MeshInput::guarded([&] { return m_mesh->elementAt(index, true); });
+    return yld_guard([&] { return m_mesh->elementAt(index, true); });
+}
+
+yld_SequenceElement& yld_DiscreteEntity::elements()
+{
+    yld_guard([this] { m_mesh->refresh(); });
+    return m_elements;
 }
 
 const yld_SequenceElement& yld_DiscreteEntity::elements() const
 {
-    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+    yld_guard([this] { m_mesh->refresh(); });
     return m_elements;
 }
 
 yld_Node yld_DiscreteEntity::nodes(int index) const
 {
-    return yld_MeshInput::guarded([&] { return m_mesh->nodeAt(index); });
+    return yld_guard([&] { return m_mesh->nodeAt(index); });
+}
+
+yld_SequenceNode& yld_DiscreteEntity::nodes()
+{
+    yld_guard([this] { m_mesh->refresh(); });
+    return m_nodes;
 }
 
 const yld_SequenceNode& yld_DiscreteEntity::nodes() const
 {
-    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+    yld_guard([this] { m_mesh->refresh(); });
     return m_nodes;
 }
 
 yld_Node yld_DiscreteEntity::getNodeFromLabel(int label) const
 {
-    return yld_MeshInput::guarded([&] { return m_mesh->nodeFromLabel(label); });
+    return yld_guard([&] { return m_mesh->nodeFromLabel(label); });
 }
 
 yld_Element yld_DiscreteEntity::getElementFromLabel(int label) const
 {
-    return yld_MeshInput::guarded([&] { return m_mesh->elementFromLabel(label); });
+    return yld_guard([&] { return m_mesh->elementFromLabel(label); });
 }
 
 const yld_Sequence<yld_ElementClass>& yld_DiscreteEntity::elementClasses() const
 {
     if (m_elementClasses.isEmpty() && m_mesh->isBound()) {
-        yld_MeshInput::guarded([this] {
+        yld_guard([this] {
             const sto_ElementData elements = m_mesh->store().elementData();
             int first = 0;
             for (int i = 0; i < elements.numClasses(); ++i) {
@@ -69,7 +81,7 @@ const yld_Sequence<yld_ElementClass>& yld_DiscreteEntity::elementClasses() const
 void yld_DiscreteEntity::readSets(int setType, bool includeInternal, yld_SetRepository& into) const
 {
     if (!into.isEmpty() || !m_mesh->isBound()) return;
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         const sto_SetList list = m_mesh->store().set();
         const int length = list.length(includeInternal);
         for (int i = 0; i < length; ++i) {
@@ -89,7 +101,7 @@ void refreshMeshes(const yld_SetRepository& sets)
     entry.first();
     if (entry.isDone()) return;
     const yld_MeshList& meshes = entry.currentValue().MeshList();
-    yld_MeshInput::guarded([&meshes] {
+    yld_guard([&meshes] {
         for (int i = 0; i < meshes.size(); ++i) meshes.mesh(i)->refresh();
     });
 }

@@ -96,7 +96,7 @@ yld_Sequence<yld_String> yld_Element::instanceNames() const
 {
     if (m_meshIndex == -1) yld_raise("Element is not associated with a mesh.");
     if (!m_instanceNames.isEmpty() || m_mesh.IsNull()) return m_instanceNames;
-    const yld_String name(yld_MeshInput::guarded([this] { return m_mesh->instanceName(); }).c_str());
+    const yld_String name(yld_guard([this] { return m_mesh->instanceName(); }).c_str());
     yld_Sequence<yld_String> names(m_numNodes);
     for (int i = 0; i < m_numNodes; ++i) names.append(name);
     return names;

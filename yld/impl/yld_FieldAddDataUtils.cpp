@@ -80,24 +80,31 @@ fld_FieldDescription yld_FieldAddDataUtils::describe(const yld_FieldOutput& fiel
     return common;
 }
 
-fld_FieldDescription yld_FieldAddDataUtils::describeOrientation(const fld_FieldDescription& block, int key,
-                                                                fld_DataTypeEnm type)
+sto_FieldDescription yld_FieldAddDataUtils::enter(sto_FieldStep& step, fld_FieldDescription wanted,
+                                                  fld_DataTypeEnm systems, int systemsKey, int key)
 {
-    fld_FieldDescription orientation;
-    orientation.m_key = key;
-    orientation.m_dataType = static_cast<int>(type);
-    orientation.m_position = block.m_position;
-    orientation.m_locationIndex = block.m_locationIndex;
-    orientation.m_classIndex = block.m_classIndex;
-    orientation.m_instance = block.m_instance;
-    orientation.m_instanceName = block.m_instanceName;
-    orientation.m_rootAssembly = block.m_rootAssembly;
-    orientation.m_meshIndex = block.m_meshIndex;
-    orientation.m_set = block.m_set;
-    orientation.m_label = "orientation";
-    orientation.m_description = "orientation for result";
-    orientation.m_length = block.m_length;
-    return orientation;
+    const bool hasSystems = systems != fld_DataTypeEnm::UNDEFINED;
+    const sto_FieldDescription present = step.find(wanted, hasSystems);
+    if (present.isValid()) return present;
+    if (hasSystems) {
+        fld_FieldDescription orientation;
+        orientation.m_key = systemsKey;
+        orientation.m_dataType = static_cast<int>(systems);
+        orientation.m_position = wanted.m_position;
+        orientation.m_locationIndex = wanted.m_locationIndex;
+        orientation.m_classIndex = wanted.m_classIndex;
+        orientation.m_instance = wanted.m_instance;
+        orientation.m_instanceName = wanted.m_instanceName;
+        orientation.m_rootAssembly = wanted.m_rootAssembly;
+        orientation.m_meshIndex = wanted.m_meshIndex;
+        orientation.m_set = wanted.m_set;
+        orientation.m_label = "orientation";
+        orientation.m_description = "orientation for result";
+        orientation.m_length = wanted.m_length;
+        wanted.m_orientation = step.Field(std::move(orientation)).shortCut();
+    }
+    wanted.m_key = key;
+    return step.Field(std::move(wanted));
 }
 
 void yld_FieldAddDataUtils::appendBlock(yld_FieldOutput& field, int key, const sto_Field& stored)
@@ -381,16 +388,12 @@ template<class T> void yld_FieldAddDataUtils::writeValues(const Block& block, fl
     const fio_Buffer systems = hasOrientation ? fillSystems<T>(block, isPlanar) : fio_Buffer();
 
     int orientationKey = -1;
-    if (hasOrientation) orientationKey = m_key++;
-    sto_FieldDescription description = step.find(wanted, hasOrientation);
-    if (!description.isValid()) {
-        if (hasOrientation) {
-            const fld_DataTypeEnm type = isPlanar ? fld_DataTypeEnm::QUATERNION_2D : fld_DataTypeEnm::QUATERNION_3D;
-            wanted.m_orientation = step.Field(describeOrientation(wanted, orientationKey, type)).shortCut();
-        }
-        wanted.m_key = m_key;
-        description = step.Field(std::move(wanted));
+    fld_DataTypeEnm systemsType = fld_DataTypeEnm::UNDEFINED;
+    if (hasOrientation) {
+        orientationKey = m_key++;
+        systemsType = isPlanar ? fld_DataTypeEnm::QUATERNION_2D : fld_DataTypeEnm::QUATERNION_3D;
     }
+    const sto_FieldDescription description = enter(step, std::move(wanted), systemsType, orientationKey, m_key);
     const sto_Field orientation =
         hasOrientation ? frame.Orientation(description.orientation(), orientationKey, systems, storageType) : sto_Field();
     const sto_Field stored = frame.Field(description, m_key, values, conjugate, orientation, storageType);

@@ -12,6 +12,8 @@
 
 #include <vector>
 
+class sto_FieldStep;
+
 /// Writes results: sorts rows that come by user label into the store's blocks, one for each element class.
 class yld_FieldAddDataUtils
 {
@@ -27,8 +29,10 @@ public:
 
     /// What every block that a field writes has in common: name, description, type, labels, invariants and width.
     static fld_FieldDescription describe(const yld_FieldOutput& field);
-    /// The description of the local systems of a block: it lies where the block lies.
-    static fld_FieldDescription describeOrientation(const fld_FieldDescription& block, int key, fld_DataTypeEnm type);
+    /// The description of a block in a step: one that is there already, or a new one.
+    /// @param systems  the type of the block's local systems, which get a description too; UNDEFINED for none
+    static sto_FieldDescription enter(sto_FieldStep& step, fld_FieldDescription wanted, fld_DataTypeEnm systems,
+                                      int systemsKey, int key);
     /// Appends a block to the field, with its location and its key.
     static void appendBlock(yld_FieldOutput& field, int key, const sto_Field& stored);
     /// Raises when a block has another number of rows than its description says.

@@ -229,11 +229,9 @@ yld_SequenceFieldBulkData::yld_SequenceFieldBulkData(const yld_SequenceFieldValu
     : m_values(values), m_bulk(values.numBlocks())
 {
     for (int i = 0; i < m_values.numBlocks(); ++i) {
-        const yld_FieldValueList& list = m_values.list(i);
-        // Plain arrays are contiguous, so a block that shows only some of its values gets arrays of its own.
-        const bool isPart = !m_values.blocks()[i].indices().isEmpty();
-        if (isPart) m_gathered.append(list.gathered());
-        const yld_FieldValueList& shown = isPart ? m_gathered.get(m_gathered.size() - 1) : list;
+        // Plain arrays are contiguous: a block that shows only some of its values gets a field of its own for them.
+        m_values.blocks()[i].materialize();
+        const yld_FieldValueList& shown = m_values.list(i);
         m_bulk.Get(m_count++) = shr_COW<yld_FieldBulkData>(new yld_FieldBulkData(shown));
     }
 }

@@ -92,26 +92,6 @@ const yld_SequenceFieldBulkData& yld_FieldOutput::bulkDataBlocks() const
     return m_bulkData;
 }
 
-yld_FieldOutput yld_FieldOutput::getSubset(yld_Enum::yld_ResultPositionEnum position, bool, bool) const
-{
-    yld_FieldOutput subset(*this);
-    subset.m_values = m_values.getSubset(position);
-    subset.refreshLocations();
-    subset.m_isOrphan = true;
-    subset.narrowTensorType();
-    return subset;
-}
-
-yld_FieldOutput yld_FieldOutput::getSubset(const yld_Instance& instance) const
-{
-    yld_FieldOutput subset(*this);
-    subset.m_values = m_values.getSubset(instance);
-    subset.refreshLocations();
-    subset.m_isOrphan = true;
-    subset.narrowTensorType();
-    return subset;
-}
-
 bool yld_FieldOutput::addFieldKeys(const yld_Sequence<int>& keys)
 {
     return yld_guard([&] { return appendFieldKeys(keys); });

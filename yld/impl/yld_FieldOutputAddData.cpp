@@ -4,9 +4,9 @@
 #include "platform/sto/sto_Field.h"
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_FieldStep.h"
-#include "yld/impl/yld_FieldAddDataField.h"
 #include "yld/impl/yld_FieldAddDataSet.h"
 #include "yld/impl/yld_FieldAddDataUtils.h"
+#include "yld/impl/yld_FieldCopy.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld_Instance.h"
 #include "yld_Set.h"
@@ -99,7 +99,7 @@ void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const y
 void yld_FieldOutput::addData(yld_FieldOutput& field)
 {
     checkAttached();
-    yld_guard([&] { yld_FieldAddDataField(*this, field).run(); });
+    yld_guard([&] { yld_FieldCopy(*this, field).run(); });
 }
 
 template<class T>

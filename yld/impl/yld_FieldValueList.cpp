@@ -9,6 +9,7 @@
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/yld_Mesh.h"
 #include "yld/impl/yld_Raise.h"
+#include "yld/impl/yld_TensorView.h"
 #include "yld_EnumMap.h"
 #include "yld_Instance.h"
 
@@ -35,19 +36,6 @@ fio_Buffer widened(const T* rows, int count, int width, int wanted)
     for (int i = 0; i < count; ++i, rows += width, to += wanted) {
         std::copy_n(rows, width, to);
         std::fill_n(to + width, wanted - width, T(0));
-    }
-    return buffer;
-}
-
-// The rows at some places, side by side.
-template<class T>
-fio_Buffer picked(const T* rows, const yld_Sequence<int>& places, int width)
-{
-    fio_Buffer buffer = bufferFor(static_cast<long long>(places.size()) * width, sizeof(T));
-    T* to = valuesIn<T>(buffer);
-    for (const int place : places) {
-        std::copy_n(rows + static_cast<std::ptrdiff_t>(place) * width, width, to);
-        to += width;
     }
     return buffer;
 }
@@ -103,8 +91,9 @@ void yld_FieldValueList::read(const yld_SubField& block)
         if (description->m_locationIndex >= 0) {
             m_sectionPoint = yld_SectionPoint(description->m_locationIndex + 1, handle.sectionPointLabel());
         }
-        for (int i = 0; i < m_indexCount; ++i) {
-            if (m_indices[i] < 0 || m_indices[i] >= m_numValues) refuse("a subset goes beyond its values");
+        for (const int place : m_indices) {
+            if (place < 0 || place >= m_numValues) refuse("a subset goes beyond its values");
+            m_places.push_back(place);
         }
 
         switch (m_position) {
@@ -152,6 +141,28 @@ void yld_FieldValueList::readInstance(const sto_FieldDescription& description)
     }
 }
 
+// Rows of a field, borrowed where they stand as they are wanted, else made in a buffer of this list.
+template<class T>
+const T* yld_FieldValueList::rowsOf(const sto_Field& field, bool ofConjugate, int width, fio_Buffer& own)
+{
+    const int storedWidth = field.shortCut().fetch()->m_width;
+    const T* rows = nullptr;
+    int count = m_numValues;
+    if (m_isPicked) {
+        own = field.rowsAt<T>(m_places, ofConjugate);
+        rows = valuesIn<T>(own);
+        count = m_indexCount;
+    } else {
+        const sto_FieldView<T> view = field.view<T>();
+        rows = ofConjugate ? view.conjugate() : view.data();
+    }
+    if (width > storedWidth) {
+        own = widened(rows, count, storedWidth, width);
+        rows = valuesIn<T>(own);
+    }
+    return rows;
+}
+
 template<class T> void yld_FieldValueList::readData(const fld_FieldDescription& description)
 {
     const bool isVector = description.dataType() == fld_DataTypeEnm::VECTOR;
@@ -169,17 +180,10 @@ template<class T> void yld_FieldValueList::readData(const fld_FieldDescription& 
             return;
         }
     }
-    const sto_FieldView<T> view = m_field.view<T>();
-    const T* data = view.data();
-    const T* conjugate = m_isPair ? view.conjugate() : nullptr;
-    if (m_width > view.width()) {
-        m_ownData = widened(data, view.length(), view.width(), m_width);
-        data = valuesIn<T>(m_ownData);
-        if (conjugate) {
-            m_ownConjugate = widened(conjugate, view.length(), view.width(), m_width);
-            conjugate = valuesIn<T>(m_ownConjugate);
-        }
-    }
+    if (isTensor) yld_checkTensor<T>(m_field);
+    if (m_indexCount != 0) m_isPicked = m_field.isSparse(m_places);
+    const T* data = rowsOf<T>(m_field, false, m_width, m_ownData);
+    const T* conjugate = m_isPair ? rowsOf<T>(m_field, true, m_width, m_ownConjugate) : nullptr;
     if constexpr (sizeof(T) == sizeof(float)) {
         m_floatData = data;
         m_floatConjugate = conjugate;
@@ -204,12 +208,13 @@ template<class T> void yld_FieldValueList::readOrientation()
         return;
     }
     if (orientation.storageType() != m_field.storageType()) refuse("its local systems have another precision");
-    const sto_FieldView<T> view = orientation.view<T>();
-    if (view.width() != m_orientationWidth || view.length() != m_numValues) {
+    const std::shared_ptr<const fld_Field> systems = orientation.shortCut().fetch();
+    if (systems->m_width != m_orientationWidth || systems->m_rows != m_numValues) {
         refuse("its local systems have another number of values");
     }
-    if constexpr (sizeof(T) == sizeof(float)) m_floatOrientation = view.data();
-    else m_doubleOrientation = view.data();
+    const T* rows = rowsOf<T>(orientation, false, m_orientationWidth, m_ownOrientation);
+    if constexpr (sizeof(T) == sizeof(float)) m_floatOrientation = rows;
+    else m_doubleOrientation = rows;
 }
 
 void yld_FieldValueList::readLabels(const sto_FieldDescription& description)
@@ -401,7 +406,7 @@ yld_FieldValue yld_FieldValueList::value(int index) const
 {
     yld_FieldValue value(m_position, m_dataType, m_instance, m_engineeringTensor, m_baseElementType, m_sectionPoint,
                          m_precision);
-    const int r = m_indexCount != 0 ? m_indices[index] : index;
+    const int r = m_indexCount != 0 ? m_places[static_cast<std::size_t>(index)] : index;
 
     if (m_nodeLabels) value.m_nodeLabel = m_nodeLabels[r];
     if (m_setType == setC_Set::elementSet || m_setType == setC_Set::surface) {
@@ -420,7 +425,7 @@ yld_FieldValue yld_FieldValueList::value(int index) const
         }
     }
 
-    const auto place = static_cast<std::ptrdiff_t>(r);
+    const auto place = static_cast<std::ptrdiff_t>(m_isPicked ? index : r);
     if (m_floatData) {
         value.m_data.reserve(m_width, yld_Enum::SINGLE_PRECISION);
         value.m_data.copyIn(m_floatData + place * m_width);
@@ -440,36 +445,19 @@ yld_FieldValue yld_FieldValueList::value(int index) const
     return value;
 }
 
-yld_FieldValueList yld_FieldValueList::gathered() const
+yld_Sequence<int> yld_FieldValueList::placesOfSystem(const yld_Sequence<yld_Sequence<float>>& system) const
 {
-    if (m_indexCount == 0) return *this;
-    yld_FieldValueList list(*this);
-    const auto pick = [this](const auto*& data, fio_Buffer& own, int width) {
-        if (!data) return;
-        using T = std::remove_cvref_t<decltype(*data)>;
-        own = picked(data, m_indices, width);
-        data = valuesIn<T>(own);
-    };
-    pick(list.m_floatData, list.m_ownData, m_width);
-    pick(list.m_floatConjugate, list.m_ownConjugate, m_width);
-    pick(list.m_floatOrientation, list.m_ownOrientation, m_orientationWidth);
-    pick(list.m_doubleData, list.m_ownData, m_width);
-    pick(list.m_doubleConjugate, list.m_ownConjugate, m_width);
-    pick(list.m_doubleOrientation, list.m_ownOrientation, m_orientationWidth);
-    pick(list.m_nodeLabels, list.m_ownNodeLabels, 1);
-    if (m_setType == setC_Set::elementSet || m_setType == setC_Set::surface) {
-        // The chosen values need not fill their elements, so each says which is its own.
-        list.m_elementIndices.clearAll();
-        list.m_integrationPointIndices.clearAll();
-        for (const int r : m_indices) {
-            const bool isIrregular = !m_elementIndices.isEmpty();
-            list.m_elementIndices.append(isIrregular ? m_elementIndices[r] : r / m_valuesPerEntity);
-            list.m_integrationPointIndices.append(isIrregular ? m_integrationPointIndices[r] : r % m_valuesPerEntity);
+    yld_Sequence<int> places;
+    yld_FieldValueData last;
+    bool isLastEqual = false;
+    for (int i = 0; i < length(); ++i) {
+        const yld_FieldValue shown = value(i);
+        // Neighbours mostly have one system, and equal numbers give equal cosines.
+        if (i == 0 || shown.localCoordSystemData() != last) {
+            isLastEqual = shown.localCoordSystem().isEqual(system);
+            last.copyFrom(shown.localCoordSystemData());
         }
+        if (isLastEqual) places.append(m_indexCount != 0 ? m_places[static_cast<std::size_t>(i)] : i);
     }
-    list.m_numValues = m_indexCount;
-    if (m_nodeLabels) list.m_numNodes = m_indexCount;
-    list.m_indices.clearAll();
-    list.m_indexCount = 0;
-    return list;
+    return places;
 }

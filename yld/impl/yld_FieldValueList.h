@@ -19,6 +19,11 @@ public:
 
     /// Whether read() has found values.
     bool isRead() const { return m_numValues != 0; }
+    /// Whether it is the read form of the block as the block stands.
+    bool isReadFrom(const yld_SubField& block) const
+    {
+        return isRead() && m_indexCount == block.indices().size();
+    }
     /// Reads a block. Warns where its position or type has no values to show; raises where the file makes no sense.
     void read(const yld_SubField& block);
     void clear() { *this = yld_FieldValueList(); }
@@ -27,8 +32,9 @@ public:
     int length() const { return m_indexCount != 0 ? m_indexCount : m_numValues; }
     /// One value of those that the block shows; the index must be below length().
     yld_FieldValue value(int index) const;
-    /// The same values side by side, for a block that shows only some; such a list has one label a value.
-    yld_FieldValueList gathered() const;
+    /// The places in the stored values of those shown values that have a local system, to the last digit.
+    /// Raises "Data is double precision.  Use localCoordSystemDouble".
+    yld_Sequence<int> placesOfSystem(const yld_Sequence<yld_Sequence<float>>& system) const;
 
     /// An empty instance, shared by all who have none.
     static shr_COW<yld_Instance> noInstance();
@@ -39,6 +45,7 @@ private:
     void readInstance(const sto_FieldDescription& description);
     template<class T> void readData(const fld_FieldDescription& description);
     template<class T> void readOrientation();
+    template<class T> const T* rowsOf(const sto_Field& field, bool ofConjugate, int width, fio_Buffer& own);
     void readLabels(const sto_FieldDescription& description);
     void readNodeLabels(const sto_Mesh& mesh, const sto_Set& set);
     void readElementLabels(const sto_Mesh& mesh, const sto_Set& set, const sto_ElementClass& onClass);
@@ -67,6 +74,7 @@ private:
     fio_Buffer m_ownElementLabels;
     fio_Buffer m_ownFaces;
 
+    bool m_isPicked = false; // the numbers are those of the shown values alone
     int m_numValues = 0;
     int m_width = 0;
     int m_numEntities = 0;
@@ -81,6 +89,7 @@ private:
     bool m_isPair = false;
     yld_Sequence<int> m_indices;
     int m_indexCount = 0;
+    std::vector<int> m_places; // the indices once more, side by side
     shr_COW<yld_Instance> m_instance = noInstance();
     yld_Enum::yld_DataTypeEnum m_dataType = yld_Enum::UNDEFINED_DATATYPE;
     bool m_engineeringTensor = false;

@@ -9,6 +9,7 @@
 #include "platform/sto/sto_ModelOf.h"
 #include "platform/sto/sto_Step.h"
 #include "platform/store/fio_File.h"
+#include "yld/impl/yld_FieldCopy.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld_Step.h"
 
@@ -23,6 +24,14 @@ namespace {
 yld_Sequence<int> sequenceOf(const std::vector<int>& keys)
 {
     return yld_Sequence<int>(keys.data(), static_cast<int>(keys.size()));
+}
+
+// Behind a frame of a file of this kind stands another database, whose own assembly counts.
+bool isBehindOtherDatabase(const shr_ArrayCOW<sto_Assembly>& assembly)
+{
+    if (assembly.IsNull() || !assembly.ConstGet().isValid()) return false;
+    const std::string& path = assembly.ConstGet().reference().file()->path();
+    return path.find(".yls", path.rfind('/') + 1) != std::string::npos;
 }
 
 bool isQuaternion(fld_DataTypeEnm type)
@@ -58,11 +67,7 @@ int yld_FieldOutputRepository::size() const
 
 shr_ArrayCOW<sto_Assembly> yld_FieldOutputRepository::assemblyOf(const sto_FieldDescription& description) const
 {
-    const bool isValid = m_assembly.IsValid() && m_assembly.ConstGet().isValid();
-    // Behind a frame of a file of this kind stands another database, whose own assembly counts.
-    if (!isValid || m_assembly.ConstGet().reference().file()->path().find(".yls") == std::string::npos) {
-        return m_assembly;
-    }
+    if (!isBehindOtherDatabase(m_assembly)) return m_assembly;
     const std::shared_ptr<const fld_FieldDescription> data = description.data();
     if (data->m_instance.isValid()) {
         const lnk_ShortCut<mshK_Model> model = sto_modelOf(data->m_instance.file());
@@ -283,6 +288,20 @@ yld_FieldOutput& yld_Frame::FieldOutput(const yld_String& name, const yld_String
     field.setDefaultComponents(componentLabels);
     m_fieldOutputs.insert(field);
     return m_fieldOutputs.get(name);
+}
+
+yld_FieldOutput& yld_Frame::FieldOutput(yld_FieldOutput& source, const yld_String& name, const yld_String& description)
+{
+    const bool isRenamed = !name.empty();
+    const yld_String ownName = isRenamed ? name : source.name();
+    if (m_fieldOutputs.isMember(ownName)) yld_raise("A field named '%s' already exists.", ownName);
+    yld_FieldOutput field(source, m_fieldOutputs.fieldFrame(), m_fieldOutputs.fieldStep(), m_frameIndex);
+    field.setName(ownName);
+    field.setDescription(isRenamed ? description : source.description());
+    if (!isBehindOtherDatabase(m_assembly)) field.m_assembly = m_assembly;
+    yld_guard([&] { yld_FieldCopy(field, source).run(); });
+    m_fieldOutputs.insert(field);
+    return m_fieldOutputs.get(ownName);
 }
 
 yld_FieldOutput& yld_Frame::VectorOutput(const yld_String& name, const yld_String& description, int size)

@@ -387,7 +387,7 @@ void yld_Mesh::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_
     const int dimension = store().nodeData().Dim();
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, dimension);
     const std::vector<int> given = yld_MeshInput::values(labels);
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         m_store->addNodes(given.data(), points.data(), static_cast<int>(given.size()), setName.cStr());
     });
     refresh();
@@ -402,6 +402,6 @@ void yld_Mesh::addElements(const yld_Sequence<int>& labels, const yld_Sequence<y
     const std::vector<int> nodes = yld_MeshInput::connectivity(connectivity, width);
     const std::vector<int> given = yld_MeshInput::values(labels);
     const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, category);
-    yld_MeshInput::guarded([&] { m_store->addElements(arg, setName.cStr(), nullptr); });
+    yld_guard([&] { m_store->addElements(arg, setName.cStr(), nullptr); });
     refresh();
 }

@@ -115,7 +115,8 @@ bool checkFace(const shc_Topology* shape, yld_Enum::yld_ElementFaceEnum face)
         if (!shape) return false;
         if (dimension == 2) {
             if (unMapFaceIndex(face) >= shape->NumEdges()) refuse("Invalid face identifier for 2D continuum elements");
-        } else if (unMapFaceIndex(face) >= shape->NumFaces()) {
+        } else if (unMapFaceIndex(face) >= (dimension == 0 ? 1 : shape->NumFaces())) {
+            // A node is the one face of itself, so that rigid nodes can make a surface.
             refuse(continuum);
         }
         return false;

@@ -3,7 +3,6 @@
 
 #include "platform/sto/sto_Mesh.h"
 #include "yld_Enum.h"
-#include "yld_Exception.h"
 #include "yld_SectionCategory.h"
 #include "yld_Sequence.h"
 #include "yld_String.h"
@@ -46,19 +45,6 @@ public:
     static std::vector<sto_SurfaceSubset> classify(const yld_Sequence<int>& labels,
                                                    const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces,
                                                    const sto_Mesh& mesh);
-
-    /// Runs a call of the store; what that raises leaves as yld_Exception with the same text.
-    template<class Call>
-    static auto guarded(Call&& call)
-    {
-        try {
-            return call();
-        } catch (const yld_Exception&) {
-            throw;
-        } catch (const exc_Exception& failure) {
-            throw yld_Exception(yld_GENERAL, failure.UserReport());
-        }
-    }
 };
 
 #endif

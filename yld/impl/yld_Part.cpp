@@ -27,11 +27,11 @@ yld_ElemCtrlParams::~yld_ElemCtrlParams() = default;
 
 const sto_ElemCtrlParams& yld_ElemCtrlParams::params() const { return *m_params; }
 
-yld_Part::yld_Part() : m_part(new sto_Part) {}
+yld_Part::yld_Part() = default;
 
 yld_Part::yld_Part(const yld_String& name, yld_Enum::yld_DimensionEnum space, yld_Enum::yld_PartTypeEnum type,
                    const sto_Part& part, const yld_MeshHandle& mesh)
-    : yld_DiscreteEntity(name, space, type, mesh), m_part(new sto_Part(part))
+    : yld_PartOrInstance(name, space, type, part, mesh)
 {
 }
 
@@ -39,7 +39,7 @@ yld_Part::yld_Part(const yld_Part&) = default;
 yld_Part& yld_Part::operator=(const yld_Part&) = default;
 yld_Part::~yld_Part() = default;
 
-sto_Part yld_Part::part() const { return *m_part; }
+sto_Part yld_Part::part() const { return *m_stored; }
 
 void yld_Part::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& coordinates,
                         const yld_String& setName)
@@ -49,14 +49,15 @@ void yld_Part::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_
     if (labels.isEmpty()) yld_raise("No node labels provided.");
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, width);
     const std::vector<int> given = yld_MeshInput::values(labels);
-    yld_MeshInput::guarded([&] {
-        sto_Mesh mesh = m_part->mesh();
+    if (!setName.empty()) readSets(setC_Set::nodeSet, false, m_nodeSets);
+    yld_guard([&] {
+        sto_Mesh mesh = m_stored->mesh();
         if (mesh.nodeData().Dim() != width) yld_raise("The space of part \"%s\" is not that of its mesh.", m_name);
-        m_part->addNodes(given.data(), points.data(), static_cast<int>(given.size()), yld_MeshInput::text(setName));
+        m_stored->addNodes(given.data(), points.data(), static_cast<int>(given.size()), yld_MeshInput::text(setName));
     });
     bindMesh();
     if (!setName.empty()) joinSet(setName, yld_Enum::NODE_SET);
-    yld_MeshInput::guarded([this] { m_mesh->refresh(); });
+    yld_guard([this] { m_mesh->refresh(); });
 }
 
 // A mesh that was not bound has a name only if the part was read from the store so; either way it is bound now, for
@@ -64,21 +65,20 @@ void yld_Part::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_
 void yld_Part::bindMesh()
 {
     if (m_mesh->isBound()) return;
-    yld_MeshInput::guarded([this] { *m_mesh = yld_Mesh(m_part->mesh(), m_name, false); });
+    yld_guard([this] { *m_mesh = yld_Mesh(m_stored->mesh(), m_name, false); });
     m_elements = yld_SequenceElement(m_mesh);
     m_nodes = yld_SequenceNode(m_mesh);
 }
 
+// The sets that were there before have been read: one that stands alone in the repository would hide them.
 void yld_Part::joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type)
 {
     const std::string wanted = yld_MeshInput::text(name);
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         const bool isNodes = type == yld_Enum::NODE_SET;
-        const sto_Set set = isNodes ? m_part->mesh().nset(wanted) : m_part->mesh().elset(wanted);
+        const sto_Set set = isNodes ? m_stored->mesh().nset(wanted) : m_stored->mesh().elset(wanted);
         yld_SetRepository& sets = isNodes ? m_nodeSets : m_elementSets;
-        // What is not in a repository that was never read would hide the sets of the store from it.
-        readSets(isNodes ? setC_Set::nodeSet : setC_Set::elementSet, false, sets);
-        if (!sets.insert(name, yld_Set(name, set, m_mesh))) sets.get(name).clearMembers();
+        if (!sets.insert(name, yld_Set(name, set, yld_MeshList(m_mesh)))) sets.get(name).clearMembers();
     });
 }
 
@@ -90,84 +90,21 @@ void yld_Part::addElements(const yld_Sequence<int>& labels, const yld_Sequence<y
     const std::vector<int> nodes = yld_MeshInput::elements(labels, connectivity, type, width);
     const std::vector<int> given = yld_MeshInput::values(labels);
     const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, category);
-    yld_MeshInput::guarded([&] {
-        m_part->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr);
+    if (!setName.empty()) readSets(setC_Set::elementSet, false, m_elementSets);
+    yld_guard([&] {
+        m_stored->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr);
     });
     if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);
 }
 
 yld_Set& yld_Part::NodeSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal, bool isUnsorted)
 {
-    yld_SetRepository& sets = nodeSets(false, false);
-    if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    const std::vector<int> given = yld_MeshInput::values(labels);
-    const int count = static_cast<int>(given.size());
-    yld_MeshInput::guarded([&] {
-        sto_Mesh mesh = m_part->mesh();
-        const int bad = mesh.nodeData().CheckUserNodeLabels(given.data(), count);
-        if (bad < count) yld_raise("Invalid node label %d", given[static_cast<std::size_t>(bad)]);
-        const sto_Set made = mesh.Nset(yld_MeshInput::text(name), given.data(), count, isInternal, isUnsorted);
-        sets.insert(name, yld_Set(yld_String(made.setLabel().c_str()), made, m_mesh));
-    });
-    return sets.get(name);
-}
-
-yld_Set& yld_Part::NodeSet(const yld_String& name, const yld_SequenceNode& nodes)
-{
-    if (!(nodes.instanceName() == m_name)) yld_raise("SequenceNode is not associated with this entity.");
-    const int count = nodes.size();
-    yld_Sequence<int> labels(count);
-    for (int i = 0; i < count; ++i) labels.append(nodes.node(static_cast<unsigned>(i)).label());
-    return NodeSet(name, labels, false, false);
+    return makeNodeSet(nodeSets(false, false), name, labels, isInternal, isUnsorted, false);
 }
 
 yld_Set& yld_Part::ElementSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal)
 {
-    yld_SetRepository& sets = elementSets(false, false);
-    if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    const std::vector<int> given = yld_MeshInput::values(labels);
-    const int count = static_cast<int>(given.size());
-    yld_MeshInput::guarded([&] {
-        sto_Mesh mesh = m_part->mesh();
-        const int bad = mesh.elementData().CheckUserElementLabels(given.data(), count);
-        if (bad < count) yld_raise("Invalid element label %d", given[static_cast<std::size_t>(bad)]);
-        const sto_Set made = mesh.Elset(yld_MeshInput::text(name), given.data(), count, isInternal);
-        sets.insert(name, yld_Set(yld_String(made.setLabel().c_str()), made, m_mesh));
-    });
-    return sets.get(name);
-}
-
-yld_Set& yld_Part::ElementSet(const yld_String& name, const yld_SequenceElement& elements)
-{
-    if (!(elements.instanceName() == m_name)) yld_raise("SequenceElement is not associated with this entity.");
-    const int count = elements.size();
-    yld_Sequence<int> labels(count);
-    for (int i = 0; i < count; ++i) labels.append(elements.get(static_cast<unsigned>(i)).label());
-    return ElementSet(name, labels, false);
-}
-
-yld_Set& yld_Part::Surface(const yld_String& name, const yld_Sequence<int>& labels,
-                           const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces, bool isInternal)
-{
-    yld_SetRepository& sets = surfaces(false);
-    if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    if (labels.size() != faces.size()) yld_raise("Number of faces and elements should agree for a Surface.");
-    sto_Mesh mesh = yld_MeshInput::guarded([this] { return m_part->mesh(); });
-    const std::vector<sto_SurfaceSubset> subsets = yld_MeshInput::classify(labels, faces, mesh);
-    yld_MeshInput::guarded([&] {
-        const sto_Set made = mesh.Surface(yld_MeshInput::text(name), subsets, isInternal);
-        sets.insert(name, yld_Set(yld_String(made.setLabel().c_str()), made, m_mesh));
-    });
-    return sets.get(name);
-}
-
-yld_Set& yld_Part::Surface(const yld_String& name, const yld_SequenceElement& elements,
-                           const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces)
-{
-    const int count = elements.size();
-    yld_Sequence<int> labels(count);
-    for (int i = 0; i < count; ++i) labels.append(elements.get(static_cast<unsigned>(i)).label());
-    return Surface(name, labels, faces, false);
+    return makeElementSet(elementSets(false, false), name, labels, isInternal);
 }
 
 yld_PartRepository::yld_PartRepository() : m_model(new sto_Model) {}
@@ -194,7 +131,7 @@ yld_Part& yld_PartRepository::Part(const yld_String& name, yld_Enum::yld_Dimensi
                                   "allowed."));
         break;
     }
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         const sto_Part made = m_model->Part(yld_MeshInput::text(name), code, mshK_Part::typeDeformable);
         insert(name, yld_Part(name, mapDimension(static_cast<fld_DimensionEnm>(made.space())),
                               mapPartType(static_cast<prtC_PartTypeEnm>(made.type())), made,

@@ -33,10 +33,10 @@ yld_SectionCategory::yld_SectionCategory(const grd_ElementClass& elementClass, c
     }
 }
 
-const yld_SectionPoint& yld_SectionCategory::SectionPoint(int number, const yld_String& description)
+yld_SectionPoint& yld_SectionCategory::SectionPoint(int number, const yld_String& description)
 {
     m_sectionPoints.append(yld_SectionPoint(number, description));
-    return m_sectionPoints[m_sectionPoints.size() - 1];
+    return m_sectionPoints.get(m_sectionPoints.size() - 1);
 }
 
 yld_SectionCategory& yld_SectionCategoryRepository::SectionCategory(const yld_String& name,

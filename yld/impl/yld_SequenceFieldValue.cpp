@@ -28,7 +28,8 @@ const yld_FieldValueList& yld_SequenceFieldValue::list(int block) const
 {
     // Read into the storage that copies of this sequence share: what one of them has read, all have.
     auto& list = const_cast<yld_FieldValueList&>(m_lists.PartialArrayConstGet(block));
-    if (!m_isListOnly && !list.isRead()) yld_guard([&] { list.read(m_blocks[block]); });
+    // A block that has materialised since no longer shows values by their indices.
+    if (!m_isListOnly && !list.isReadFrom(m_blocks[block])) yld_guard([&] { list.read(m_blocks[block]); });
     return list;
 }
 
@@ -79,7 +80,11 @@ void yld_SequenceFieldValue::append(const yld_SubField& block)
     }
     m_isListOnly = false;
     m_blocks.append(block);
-    m_lists.Get(m_listCount++) = yld_FieldValueList();
+    // The list is made when the block is read: a writer never asks for it. Where a stretch of lists stands already,
+    // copies of this sequence may hold it too, and it has to become this one's own.
+    const int at = m_listCount++;
+    m_lists.Grow(m_listCount);
+    if (m_lists.BlockAt((m_lists.Head() + at) >> m_lists.BlockPower())) m_lists.Get(at) = yld_FieldValueList();
     m_numValues += block.length();
     ++m_numBlocks;
 }
@@ -108,29 +113,4 @@ void yld_SequenceFieldValue::append(const yld_FieldValue&) { yld_raise("Appendin
 void yld_SequenceFieldValue::append(yld_SequenceFieldValue&)
 {
     yld_raise("Appending an yld_SequenceFieldValue not allowed.");
-}
-
-yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(yld_Enum::yld_ResultPositionEnum position) const
-{
-    yld_SequenceFieldValue subset;
-    for (const yld_SubField& block : m_blocks) {
-        if (block.position() == position) subset.append(block);
-    }
-    return subset;
-}
-
-yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(const yld_Instance& instance) const
-{
-    if (instance.name() == "rootAssembly") return *this;
-    yld_SequenceFieldValue subset;
-    yld_guard([&] {
-        const sto_PartInstance stored = instance.instance();
-        if (!stored.isValid()) return;
-        const std::string name = stored.name();
-        for (const yld_SubField& block : m_blocks) {
-            const sto_FieldDescription& description = block.description();
-            if (description.hasPartInstance() && description.partInstance().name() == name) subset.append(block);
-        }
-    });
-    return subset;
 }

@@ -27,7 +27,7 @@ yld_Set::~yld_Set() = default;
 
 yld_Enum::yld_SetTypeEnum yld_Set::type() const
 {
-    const int stored = m_set->isValid() ? yld_MeshInput::guarded([this] { return m_set->setType(); }) : -1;
+    const int stored = m_set->isValid() ? yld_guard([this] { return m_set->setType(); }) : -1;
     switch (stored) {
     case setC_Set::nodeSet: return yld_Enum::NODE_SET;
     case setC_Set::elementSet: return yld_Enum::ELEMENT_SET;
@@ -38,17 +38,17 @@ yld_Enum::yld_SetTypeEnum yld_Set::type() const
 
 int yld_Set::size() const
 {
-    return m_set->isValid() ? yld_MeshInput::guarded([this] { return m_set->numMembers(); }) : 0;
+    return m_set->isValid() ? yld_guard([this] { return m_set->numMembers(); }) : 0;
 }
 
 bool yld_Set::isInternal() const
 {
-    return m_set->isValid() && yld_MeshInput::guarded([this] { return m_set->internalSet(); });
+    return m_set->isValid() && yld_guard([this] { return m_set->internalSet(); });
 }
 
 bool yld_Set::isUnsorted() const
 {
-    return m_set->isValid() && yld_MeshInput::guarded([this] { return m_set->unsortedSet(); });
+    return m_set->isValid() && yld_guard([this] { return m_set->unsortedSet(); });
 }
 
 const sto_Set& yld_Set::set() const { return *m_set; }
@@ -140,7 +140,7 @@ void yld_Set::fill() const
 {
     if (m_filled) return;
     const yld_Enum::yld_SetTypeEnum kind = type();
-    yld_MeshInput::guarded([&] {
+    yld_guard([&] {
         const int subsets = m_set->numSubsets();
         switch (kind) {
         case yld_Enum::NODE_SET:
@@ -241,7 +241,7 @@ const yld_SequenceNode& yld_Set::nodes() const
 {
     fill();
     if (m_nodes.isEmpty()) yld_raise("This set does not contain nodes.");
-    yld_MeshInput::guarded([this] { m_nodes[0].mesh()->refresh(); });
+    yld_guard([this] { m_nodes[0].mesh()->refresh(); });
     return m_nodes[0];
 }
 
@@ -249,7 +249,7 @@ const yld_SequenceElement& yld_Set::elements() const
 {
     fill();
     if (m_elements.isEmpty()) yld_raise("This set does not contain elements.");
-    yld_MeshInput::guarded([this] { m_elements[0].mesh()->refresh(); });
+    yld_guard([this] { m_elements[0].mesh()->refresh(); });
     return m_elements[0];
 }
 
@@ -266,7 +266,7 @@ const yld_SequenceNode& yld_Set::nodes(const yld_String& instanceName) const
     fill();
     const int place = groupOf(instanceNames(), instanceName, m_name);
     if (place >= m_nodes.size()) yld_raise("This set does not contain nodes.");
-    yld_MeshInput::guarded([this, place] { m_nodes[place].mesh()->refresh(); });
+    yld_guard([this, place] { m_nodes[place].mesh()->refresh(); });
     return m_nodes[place];
 }
 
@@ -275,7 +275,7 @@ const yld_SequenceElement& yld_Set::elements(const yld_String& instanceName) con
     fill();
     const int place = groupOf(instanceNames(), instanceName, m_name);
     if (place >= m_elements.size()) yld_raise("This set does not contain elements.");
-    yld_MeshInput::guarded([this, place] { m_elements[place].mesh()->refresh(); });
+    yld_guard([this, place] { m_elements[place].mesh()->refresh(); });
     return m_elements[place];
 }
 
@@ -297,9 +297,9 @@ void yld_Set::addLabels(const yld_Sequence<int>& labels, bool isInternal, bool i
     if (kind == yld_Enum::SURFACE_SET) {
         const std::vector<sto_SurfaceSubset> subsets =
             yld_MeshInput::classify(labels, yld_Sequence<yld_Enum::yld_ElementFaceEnum>(), mesh);
-        yld_MeshInput::guarded([&] { mesh.modifySurfaceSetLabels(m_set->setLabel(), subsets, isInternal); });
+        yld_guard([&] { mesh.modifySurfaceSetLabels(m_set->setLabel(), subsets, isInternal); });
     } else {
-        yld_MeshInput::guarded([&] {
+        yld_guard([&] {
             if (kind == yld_Enum::NODE_SET) {
                 mesh.modifyNodeSetLabels(m_set->setLabel(), given.data(), count, isInternal, isUnsorted);
             } else {
@@ -317,7 +317,7 @@ void yld_Set::addSurfaceLabels(const yld_Sequence<int>& labels,
         if (m_meshes.size() == 0) yld_raise("Entity has no mesh.");
         sto_Mesh mesh = m_meshes.mesh(0)->store();
         const std::vector<sto_SurfaceSubset> subsets = yld_MeshInput::classify(labels, faces, mesh);
-        yld_MeshInput::guarded([&] { mesh.modifySurfaceSetLabels(m_set->setLabel(), subsets, isInternal); });
+        yld_guard([&] { mesh.modifySurfaceSetLabels(m_set->setLabel(), subsets, isInternal); });
     }
     clearMembers();
 }

@@ -1,14 +1,16 @@
 #include "yld_Step.h"
 
-#include "platform/sto/sto_Assembly.h"
+#include "platform/attribute/stpC_Steps.h"
+#include "platform/sto/sto_FieldDescription.h"
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_Frame.h"
-#include "platform/sto/sto_Result.h"
+#include "platform/sto/sto_Procedure.h"
 #include "platform/sto/sto_Step.h"
-#include "platform/sto/sto_StepContainer.h"
-#include "platform/sto/sto_Sto.h"
+#include "platform/sto/sto_Model.h"
+#include "platform/sto/sto_ModelOf.h"
 #include "platform/sto/sto_StoStep.h"
 #include "yld/impl/yld_Raise.h"
+#include "yld/impl/yld_StepHistory.h"
 
 #include <cmath>
 #include <limits>
@@ -42,7 +44,10 @@ yld_Frame& yld_SequenceFrame::hold(int index) const
     if (m_step.IsNull()) yld_raise("The step has no frames.");
     const sto_Frame frame = yld_guard([&] { return m_step->frame(index); });
     if (m_current.IsValid() && m_current->frameIndex() != index) leave();
-    m_current = new yld_Frame(index, shr_COW<sto_Frame>(frame), m_assembly, m_domain, m_owner, loadCaseOf(frame));
+    const yld_Frame made(index, shr_COW<sto_Frame>(frame), m_assembly, m_domain, m_owner, loadCaseOf(frame));
+    // The slot itself stays where it is, so that an older reference shows the new frame and nothing worse.
+    if (m_current.IsValid() && m_current.Count() == 1) *m_current = made;
+    else m_current = new yld_Frame(made);
     return *m_current;
 }
 
@@ -68,6 +73,8 @@ yld_Frame& yld_SequenceFrame::get(int index)
 
 const yld_Frame& yld_SequenceFrame::constGet(int index) const { return hold(index); }
 
+void yld_SequenceFrame::append(const yld_Frame&) { throw exc_TextException("\"SequenceFrame::Append\" == 0"); }
+
 yld_Step::yld_Step() = default;
 
 yld_Step::yld_Step(const sto_StoStep& modelStep)
@@ -85,6 +92,7 @@ yld_Step::yld_Step(const yld_String& name, const sto_Step& step, const yld_Strin
     for (const std::string& loadCase : step.loadCaseNames()) {
         m_loadCases.insert(loadCase.c_str(), yld_LoadCase(loadCase.c_str()));
     }
+    m_history = new yld_StepHistory;
     m_frames = yld_SequenceFrame(*this);
     m_knownFrames = m_frames.size();
 }
@@ -106,6 +114,8 @@ yld_Step* yld_Step::withoutFrames() const
     step->m_assembly = m_assembly;
     step->m_loadCases = m_loadCases;
     step->m_modelStep = m_modelStep;
+    step->m_restartRequest = m_restartRequest;
+    step->m_history = m_history;
     return step;
 }
 
@@ -120,6 +130,127 @@ bool yld_Step::nlgeom() const { return m_modelStep.IsValid() && m_modelStep->isN
 bool yld_Step::isAnalysisStep() const { return m_modelStep.IsValid() && m_modelStep->isAnalisysStep(); }
 
 bool yld_Step::isPerturbation() const { return m_modelStep.IsValid() && m_modelStep->isPerturbation(); }
+
+double yld_Step::mass() const { return m_step.IsValid() ? m_step->mass() : 0.0; }
+
+double yld_Step::acousticMass() const { return m_step.IsValid() ? m_step->acousticMass() : 0.0; }
+
+namespace {
+
+template<class T> yld_Sequence<T> sequenceOf(const std::vector<T>& values)
+{
+    return yld_Sequence<T>(values.data(), static_cast<int>(values.size()));
+}
+
+} // namespace
+
+yld_Sequence<double> yld_Step::massCenter() const
+{
+    return m_step.IsValid() ? sequenceOf(m_step->massCenter()) : yld_Sequence<double>();
+}
+
+yld_Sequence<double> yld_Step::acousticMassCenter() const
+{
+    return m_step.IsValid() ? sequenceOf(m_step->acousticMassCenter()) : yld_Sequence<double>();
+}
+
+yld_Sequence<double> yld_Step::inertiaAboutCenter() const
+{
+    return m_step.IsValid() ? sequenceOf(m_step->inertiaAboutCenter()) : yld_Sequence<double>();
+}
+
+yld_Sequence<double> yld_Step::inertiaAboutOrigin() const
+{
+    return m_step.IsValid() ? sequenceOf(m_step->inertiaAboutOrigin()) : yld_Sequence<double>();
+}
+
+namespace {
+
+// The settings of a step that generates a substructure; null for any other.
+std::shared_ptr<const stpC_SubstructureGenerateStep> substructureOf(const shr_CountedHld<sto_StoStep>& step)
+{
+    if (step.IsNull() || step->getProcedureType() != sto_Procedure::SUBSTRUCTURE_GENERATE) return nullptr;
+    return std::dynamic_pointer_cast<const stpC_SubstructureGenerateStep>(step->analysisStep());
+}
+
+} // namespace
+
+yld_Sequence<int> yld_Step::retainedEigenModes() const
+{
+    return yld_guard([this] {
+        const auto settings = substructureOf(m_modelStep);
+        return settings ? sequenceOf(settings->m_retainedEigenModes) : yld_Sequence<int>();
+    });
+}
+
+yld_SequenceNodalDofs yld_Step::nodalDofs(bool isRetained) const
+{
+    return yld_guard([&] {
+        yld_SequenceNodalDofs all;
+        const auto settings = substructureOf(m_modelStep);
+        if (!settings) return all;
+        const mrp_Container<stpC_NodalDofs>& stored =
+            isRetained ? settings->m_retainedNodalDofs : settings->m_eliminatedNodalDofs;
+        const sto_Model model(sto_modelOf(m_modelStep->shortCut().file()));
+        for (int i = 0; i < stored.size(); ++i) {
+            const auto each = stored.at(i).fetch();
+            all.append(yld_NodalDofs(each->argument<1>(), sequenceOf(each->argument<2>()), model));
+        }
+        return all;
+    });
+}
+
+yld_SequenceNodalDofs yld_Step::retainedNodalDofs() const { return nodalDofs(true); }
+
+yld_SequenceNodalDofs yld_Step::eliminatedNodalDofs() const { return nodalDofs(false); }
+
+yld_String yld_Step::solverInput() const
+{
+    return m_modelStep.IsValid() ? yld_String(m_modelStep->solverInput()) : yld_String();
+}
+
+void yld_Step::setSolverInput(const yld_String& text)
+{
+    if (m_modelStep.IsValid()) yld_guard([&] { m_modelStep->setSolverInput(text); });
+}
+
+const yld_RestartRequest& yld_Step::RestartRequest(const int& argument1, const int& argument2, const bool& argument3,
+                                                   const bool& argument4)
+{
+    if (m_modelStep.IsNull()) yld_raise("Step \"%s\" is not in a model.", m_name);
+    m_restartRequest = new yld_RestartRequest(
+        yld_guard([&] { return m_modelStep->Restart(argument1, argument4, argument3, argument2); }));
+    return *m_restartRequest;
+}
+
+void yld_Step::markFrames(const yld_FieldOutput& field, void (sto_Frame::*mark)(int)) const
+{
+    if (m_step.IsNull()) return;
+    yld_guard([&] {
+        std::vector<sto_FieldDescription> descriptions;
+        for (const yld_SubField& block : field.SubField()) {
+            if (block.hasDescription()) descriptions.push_back(block.description());
+        }
+        if (descriptions.empty()) return;
+        const int count = m_step->numFrames();
+        for (int i = 0; i < count; ++i) {
+            sto_Frame frame = m_step->frame(i);
+            if (!frame.hasField()) continue;
+            const int key = frame.fieldFrame().firstKeyOf(descriptions);
+            if (key >= 0) (frame.*mark)(key);
+        }
+    });
+}
+
+void yld_Step::setDefaultField(const yld_FieldOutput& field)
+{
+    markFrames(field, &sto_Frame::setDefaultPrimaryVariable);
+}
+
+void yld_Step::setDefaultDeformedField(const yld_FieldOutput& field)
+{
+    markFrames(field, &sto_Frame::setDefaultDeformedVariable);
+}
 
 yld_Frame yld_Step::newFrame(const yld_String& description, double frameValue, int incrementNumber,
                              const yld_LoadCase& loadCase)
@@ -306,79 +437,14 @@ bool yld_Step::update()
     if (isNew) m_frames = yld_SequenceFrame(*this);
     else isNew = m_frames.updateCurrent();
     m_knownFrames = frames;
+    if (updateHistory()) isNew = true;
     return isNew;
 }
 
 void yld_Step::ClearFrameContainer()
 {
     if (m_step.IsNull() || !m_step->hasField()) return;
+    if (m_frames.m_current.IsValid()) m_frames.leave();
     m_frames = yld_SequenceFrame();
     m_frames = yld_SequenceFrame(*this);
-}
-
-yld_StepRepository::yld_StepRepository() = default;
-
-yld_StepRepository::yld_StepRepository(const sto_Sto& store) : m_store(store) {}
-
-yld_StepRepository::yld_StepRepository(const yld_StepRepository&) = default;
-yld_StepRepository& yld_StepRepository::operator=(const yld_StepRepository&) = default;
-yld_StepRepository::~yld_StepRepository() = default;
-
-int yld_StepRepository::size() const { return m_names.size(); }
-
-bool yld_StepRepository::isMember(const yld_String& name) const { return m_names.isMember(name); }
-
-yld_Step& yld_StepRepository::get(const yld_String& name)
-{
-    const int place = m_names.findFirst(name);
-    if (place >= m_names.size()) yld_raise("No step named \"%s\" in StepContainer.", name);
-    return m_steps.Get(place);
-}
-
-const yld_Step& yld_StepRepository::constGet(const yld_String& name) const
-{
-    const int place = m_names.findFirst(name);
-    if (place >= m_names.size()) yld_raise("No step named \"%s\" in StepContainer.", name);
-    return m_steps[place];
-}
-
-void yld_StepRepository::file(const yld_Step& step, const yld_String& previousStepName)
-{
-    if (isMember(step.name())) yld_raise("Invalid step name.");
-    if (previousStepName.empty()) {
-        m_steps.Append(step);
-        m_names.append(step.name());
-        return;
-    }
-    const int place = previousStepName == "Initial" ? -1 : m_names.findFirst(previousStepName);
-    if (place == m_names.size()) yld_raise("Invalid previous step name.");
-    m_steps.Insert(place + 1, step);
-    m_names.insert(place + 1, step.name());
-}
-
-const sto_Sto& yld_StepRepository::store() const { return m_store.ConstGet(); }
-
-void yld_StepRepositoryIT::next()
-{
-    if (!isDone()) {
-        yld_Step& step = m_repository->at(m_position);
-        step.ClearFrameContainer();
-        if (step.step().IsValid()) {
-            const sto_Sto& store = m_repository->store();
-            if (store.hasResult()) store.result().steps().release(currentKey());
-        }
-    }
-    ++m_position;
-}
-
-yld_Step& yld_StepRepositoryIT::currentValue()
-{
-    if (isDone()) yld_raise("StepContainerIterator done.");
-    return m_repository->at(m_position);
-}
-
-const yld_String& yld_StepRepositoryIT::currentKey() const
-{
-    if (isDone()) yld_raise("StepContainerIterator done.");
-    return m_repository->stepNames()[m_position];
 }

@@ -3,8 +3,9 @@
 #include "platform/sto/sto_Assembly.h"
 #include "platform/sto/sto_ElementClass.h"
 #include "platform/sto/sto_Mesh.h"
-#include "platform/result/fld_Enum.h"
+#include "platform/attribute/ntsC_AnnotationClient.h"
 #include "platform/attribute/prtC_Enum.h"
+#include "platform/result/fld_Enum.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Part.h"
 #include "platform/sto/sto_PartInstance.h"
@@ -14,6 +15,8 @@
 #include "platform/sto/sto_StepContainer.h"
 #include "platform/sto/sto_Sto.h"
 #include "platform/sto/sto_StoStep.h"
+#include "platform/sto/sto_UserData.h"
+#include "platform/store/lnk_Root.h"
 #include "platform/text/msg_Format.h"
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/yld_Mesh.h"
@@ -22,8 +25,12 @@
 #include "yld_EnumMap.h"
 #include "yld_Exception.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -36,10 +43,10 @@ sto_StoStep makeModelStep(const sto_Model& model, int position, const yld_String
                           const yld_String& procedure)
 {
     const auto perturbation = [&](int number) {
-        return sto_StoStep::PerturbationStep(model.shortCut(), position, name, description, number, timePeriod, previous);
+        return model.PerturbationStep(position, name, description, number, timePeriod, previous);
     };
     const auto general = [&](int number) {
-        return sto_StoStep::GeneralStep(model.shortCut(), position, name, description, number, timePeriod, previous, 1);
+        return model.GeneralStep(position, name, description, number, timePeriod, previous, 1);
     };
     sto_StoStep step;
     if (domain == yld_Enum::MODAL) {
@@ -55,11 +62,34 @@ sto_StoStep makeModelStep(const sto_Model& model, int position, const yld_String
     return step;
 }
 
+bool isWritable(const sto_Sto& store) { return store.file() && store.file()->isWritable(); }
+
+void requirePoint(const yld_Sequence<float>& point)
+{
+    if (point.size() != 3) yld_raise("A point of the symmetry axis needs 3 coordinates.");
+}
+
 } // namespace
+
+// An unknown type gives the tree's default value, and no error.
+struct yld_Yld::ApiExtensions : shr_Btree<yld_Enum::yld_ApiType, yld_ApiExtension>
+{
+    const yld_ApiExtension& constGet(yld_Enum::yld_ApiType type) const
+    {
+        const auto* const node = ConstFind(type);
+        return node ? node->Value() : DefaultValue();
+    }
+    yld_ApiExtension* find(yld_Enum::yld_ApiType type)
+    {
+        auto* const node = Find(type);
+        return node ? &node->Value() : nullptr;
+    }
+};
 
 yld_Yld::yld_Yld()
     : m_sto(sto_Sto()), m_steps(yld_StepRepository()), m_parts(yld_PartRepository()),
-      m_sectionCategories(yld_SectionCategoryRepository()), m_rootAssembly(yld_Assembly())
+      m_sectionCategories(yld_SectionCategoryRepository()), m_rootAssembly(yld_Assembly()),
+      m_apiExtensions(ApiExtensions())
 {
 }
 
@@ -70,40 +100,152 @@ yld_Yld::yld_Yld(yld_String name, yld_String analysisTitle, yld_String descripti
       m_sectionCategories(yld_SectionCategoryRepository()),
       m_rootAssembly(yld_Assembly(yld_String(store.model(defaultModel).rootAssembly().name().c_str()),
                                   store.model(defaultModel).rootAssembly(), store.model(defaultModel))),
-      m_readOnly(readOnly)
+      m_readOnly(readOnly), m_apiExtensions(ApiExtensions()),
+      m_globalJob(store.model(defaultModel).globalJob().c_str())
 {
-    if (!store.hasUserData() && makeUserData && !readOnly) m_sto.Get().UserData();
+    if (!store.hasUserData() && makeUserData && isWritable(store)) m_sto.Get().UserData();
 }
 
 yld_Yld::yld_Yld(const yld_Yld&) = default;
 yld_Yld& yld_Yld::operator=(const yld_Yld&) = default;
 yld_Yld::~yld_Yld() = default;
 
+int yld_Yld::databaseVersion() const
+{
+    return yld_guard([&] { return m_sto.ConstGet().version(); });
+}
+
 void yld_Yld::setAnalysisTitle(const yld_String& title)
 {
+    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setModelTitle(title.cStr()); });
     m_analysisTitle = title;
-    m_sto.ConstGet().model(defaultModel).setModelTitle(title.cStr());
 }
 
 void yld_Yld::setDescription(const yld_String& description)
 {
+    yld_guard([&] { m_sto.Get().setDescription(description); });
     m_description = description;
-    m_sto.Get().setDescription(description);
+}
+
+void yld_Yld::setGlobalJob(const yld_String& job)
+{
+    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setGlobalJob(job.cStr()); });
+    m_globalJob = job;
+}
+
+void yld_Yld::setShellGlobalModelToSolid(bool shellToSolid)
+{
+    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setShellToSolid(shellToSolid); });
+    m_shellToSolid = shellToSolid;
+}
+
+yld_String yld_Yld::solverInput() const
+{
+    return yld_guard([&] { return yld_String(m_sto.ConstGet().model(defaultModel).solverInput().c_str()); });
+}
+
+void yld_Yld::setSolverInput(const yld_String& text)
+{
+    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setSolverInput(text.cStr()); });
+}
+
+yld_String yld_Yld::topLevelSolverInput() const
+{
+    return yld_guard([&] { return yld_String(m_sto.ConstGet().model(defaultModel).topLevelSolverInput().c_str()); });
+}
+
+void yld_Yld::setTopLevelSolverInput(const yld_String& text)
+{
+    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setTopLevelSolverInput(text.cStr()); });
+}
+
+void yld_Yld::setOnlyHasUserDefinedData(bool only)
+{
+    if (isWritable(m_sto.ConstGet())) yld_guard([&] { m_sto.Get().setOnlyHasUserDefinedData(only); });
+    m_onlyHasUserDefinedData = only;
+}
+
+void yld_Yld::setCyclicSymmetry(const yld_Sequence<float>& point1, const yld_Sequence<float>& point2, int sectors,
+                                const yld_Sequence<yld_String>& tieConstraints)
+{
+    requirePoint(point1);
+    requirePoint(point2);
+    const float start[] = {point1[0], point1[1], point1[2]};
+    const float end[] = {point2[0], point2[1], point2[2]};
+    if (std::equal(std::begin(start), std::end(start), std::begin(end))) {
+        yld_raise("The points of the symmetry axis coincide.");
+    }
+    if (sectors < 1) yld_raise("The number of sectors must be positive.");
+    std::vector<std::string> names;
+    for (int i = 0; i < tieConstraints.size(); ++i) names.emplace_back(tieConstraints[i].cStr());
+    yld_guard([&] {
+        sto_Model model = m_sto.ConstGet().model(defaultModel);
+        model.DefineCyclicSymmetry(start, end, sectors);
+        model.setCyclicSymmTieConstraints(names);
+    });
+}
+
+bool yld_Yld::hasSectorDefinition() const
+{
+    return yld_guard([&] { return m_sto.ConstGet().model(defaultModel).HasSectorDefinition(); });
+}
+
+yld_SectorDefinition yld_Yld::sectorDefinition() const
+{
+    return yld_guard([&] { return yld_SectorDefinition(m_sto.ConstGet()); });
 }
 
 sto_Sto yld_Yld::sto() const { return m_sto.ConstGet(); }
+
+mshK_Model yld_Yld::model() const
+{
+    return yld_guard([&] { return *m_sto.ConstGet().model(defaultModel).model(); });
+}
+
+void yld_Yld::extendApi(yld_Enum::yld_ApiType type, const yld_ApiExtension& extension)
+{
+    if (isWritable(m_sto.ConstGet())) {
+        yld_guard([&] {
+            sto_Sto& store = m_sto.Get();
+            sto_ApiExtension stored;
+            stored.m_type = type;
+            stored.m_name = extension.name().cStr();
+            stored.m_content = extension.content().cStr();
+            stored.m_sto = store.shortCut();
+            stored.m_model = store.model(defaultModel).shortCut();
+            store.ExtendApi(stored);
+        });
+    }
+    m_apiExtensions.Get().InsertUnlessMember(type, extension);
+}
+
+yld_ApiExtension yld_Yld::apiExtension(yld_Enum::yld_ApiType type) const
+{
+    return m_apiExtensions.ConstGet().constGet(type);
+}
+
+yld_ApiExtension* yld_Yld::findApiExtension(yld_Enum::yld_ApiType type) { return m_apiExtensions.Get().find(type); }
 
 bool yld_Yld::isClosed() const { return !yld_YldRepository::Instance().isMember(m_name); }
 
 void yld_Yld::read() const
 {
     if (m_dataRead) return;
-    readModel();
-    if (!m_sto.ConstGet().onlyHasUserDefinedData()) readSteps();
+    yld_guard([&] {
+        readModel();
+        if (!m_onlyHasUserDefinedData) readSteps();
+    });
     m_dataRead = true;
 }
 
 void yld_Yld::readModel() const
+{
+    readParts();
+    readSectionCategories();
+    readAssembly();
+}
+
+void yld_Yld::readParts() const
 {
     const sto_Model model = m_sto.ConstGet().model(defaultModel);
     yld_PartRepository& parts = m_parts.Get();
@@ -114,8 +256,11 @@ void yld_Yld::readModel() const
         parts.insert(name, yld_Part(name, mapDimension(static_cast<fld_DimensionEnm>(part.space())),
                                     mapPartType(static_cast<prtC_PartTypeEnm>(part.type())), part, mesh));
     }
+}
 
-    const sto_Assembly assembly = model.rootAssembly();
+void yld_Yld::readSectionCategories() const
+{
+    const sto_Assembly assembly = m_sto.ConstGet().model(defaultModel).rootAssembly();
     yld_SectionCategoryRepository& categories = m_sectionCategories.Get();
     for (int i = 0; i < assembly.numInstances(); ++i) {
         const sto_PartInstance instance = assembly.instance(i);
@@ -137,11 +282,14 @@ void yld_Yld::readModel() const
             prg_WIPBase::Error(msg_Format("Error reading SectionCategories."), 0);
         }
     }
+}
 
+void yld_Yld::readAssembly() const
+{
     yld_Assembly& root = m_rootAssembly.Get();
     root.ReadMesh();
     root.ReadInstances();
-    root.ReadSets(false);
+    root.ReadSets(m_assemblyRead);
 }
 
 void yld_Yld::readSteps() const
@@ -213,7 +361,7 @@ yld_Assembly& yld_Yld::rootAssembly()
 
 const yld_Assembly& yld_Yld::constRootAssembly() const
 {
-    if (!m_dataRead) readModel();
+    if (!m_dataRead) yld_guard([&] { readModel(); });
     return m_rootAssembly.ConstGet();
 }
 
@@ -257,9 +405,10 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
             if (last.timePeriod() > 0.0) begin += last.timePeriod();
         }
     }
-    sto_Step step = store.result().Step(name);
+    sto_Step step = store.result().Step(name, modelStep, modelStep.previousName());
     step.setTotalTime(begin);
     step.FieldStep();
+    step.HistoryStep();
     const shr_ArrayCOW<sto_Assembly> assembly(store.model(defaultModel).rootAssembly());
     all.file(yld_Step(name, step, description, assembly, domain, previousStepName,
                       yld_String(sto_Procedure::keyword(modelStep.getProcedureType()))),
@@ -306,22 +455,25 @@ yld_Frame yld_Yld::getFrame(double value, yld_Enum::yld_MatchEnum match)
 bool yld_Yld::update()
 {
     if (!m_dataRead) return false;
-    sto_Sto store = m_sto.ConstGet();
-    if (!store.file()->isWritable()) store.file()->refresh();
-    const sto_StepContainer stored = store.result().steps();
-    bool result = false;
-    yld_String previous;
-    for (int i = 0; i < stored.size(); ++i) {
-        const yld_String key(stored.key(i));
-        if (!m_steps.ConstGet().isMember(key)) {
-            readStep(key, previous);
-            result = true;
-        } else {
-            result = m_steps.Get().get(key).update();
+    return yld_guard([&] {
+        const sto_Sto store = m_sto.ConstGet();
+        if (!isWritable(store)) store.file()->refresh();
+        const sto_StepContainer stored = store.result().steps();
+        bool result = false;
+        yld_String previous;
+        for (int i = 0; i < stored.size(); ++i) {
+            const yld_String key(stored.key(i));
+            if (!m_steps.ConstGet().isMember(key)) {
+                readStep(key, previous);
+                result = true;
+            } else {
+                // The answer of the last step stands for all.
+                result = m_steps.Get().get(key).update();
+            }
+            previous = key;
         }
-        previous = key;
-    }
-    return result;
+        return result;
+    });
 }
 
 void yld_Yld::save(yld_String path)
@@ -343,5 +495,8 @@ void yld_Yld::close()
 {
     // A copy: the registry's entry, and with it this object, goes in the call.
     const yld_String name = m_name;
+    const std::string stored = lnk_Root::GetPersistentName(m_sto.ConstGet().FileName().cStr());
+    ntsC_AnnotationClient::Instance().ContainerClosing(
+        "stoCont['" + stored + "'].userData['default userData'].annotations", 0);
     yld_YldRepository::Instance().remove(name);
 }

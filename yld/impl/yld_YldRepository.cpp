@@ -2,11 +2,15 @@
 
 #include "platform/base/osu_FilePath.h"
 #include "platform/base/osu_UrlParser.h"
+#include "platform/sto/sto_Model.h"
+#include "platform/store/lnk_Root.h"
 #include "platform/text/msg_Format.h"
 #include "platform/text/prg_WIP.h"
+#include "yld/impl/yld_Raise.h"
 #include "yld_Sequence.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <fstream>
@@ -27,6 +31,20 @@ yld_String lockName(const yld_String& path)
 }
 
 constexpr int lockPermissions = 0600;
+
+// Whether some program keeps a file open for writing, or has locked it as a whole.
+bool isHeldByWriter(int descriptor)
+{
+#ifdef F_SETLEASE
+    // A reader's lease is refused while anybody has the file open for writing. Who opens it for writing in the instant
+    // that the lease lasts waits for its end, and the notice of that comes as a signal that programs ignore by default.
+    if (fcntl(descriptor, F_SETSIG, SIGURG) == 0) {
+        if (fcntl(descriptor, F_SETLEASE, F_RDLCK) == 0) fcntl(descriptor, F_SETLEASE, F_UNLCK);
+        else if (errno == EAGAIN) return true;
+    }
+#endif
+    return ::flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
 
 } // namespace
 
@@ -92,12 +110,12 @@ bool yld_YldRepository::IsYldLocked(const yld_String& path) const
 {
     if (osu_UrlParser::IsUrl(path)) return false;
     const yld_String name = lockName(path);
-    const int descriptor = ::open(name.cStr(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = ::open(name.cStr(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) return false;
-    // A lock file that a writer keeps locked counts as none, as one that cannot be opened does.
-    const bool held = ::flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    const bool isHeld = isHeldByWriter(descriptor);
     ::close(descriptor);
-    if (held) return false;
+    // It counts as none, as a lock file that cannot be opened does.
+    if (isHeld) return false;
     prg_WIPBase::Warning(msg_Format("An output database lock file %1$s has been detected. This may indicate that the "
                                     "output database is opened for writing by another application.\n%2$s will be "
                                     "opened read-only. ",
@@ -108,7 +126,7 @@ bool yld_YldRepository::IsYldLocked(const yld_String& path) const
 bool yld_YldRepository::LockYld(const yld_String& path) const
 {
     if (osu_UrlParser::IsUrl(path)) return true;
-    const int descriptor = ::open(lockName(path).cStr(), O_WRONLY | O_CREAT | O_CLOEXEC, lockPermissions);
+    const int descriptor = ::open(lockName(path).cStr(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, lockPermissions);
     if (descriptor < 0) return false;
     ::close(descriptor);
     return true;
@@ -144,4 +162,37 @@ void yld_StoToolsetClient::NotifyCloseYld(const char* fileName)
 void yld_StoToolsetClient::NotifyUpdateYld(const char* fileName)
 {
     yld_YldRepository::Instance().get(yld_String(fileName)).update();
+}
+
+namespace {
+
+void requireAtMostOne(int open)
+{
+    if (open > 1) yld_raise("The getActiveYld method can only be called if a single yld file is open.");
+}
+
+// The one store that is open without an entry here.
+yld_Yld& enterOnlyStore(yld_YldRepository& registry)
+{
+    const std::vector<fio_File>& stores = lnk_Root::Instance().stores();
+    requireAtMostOne(static_cast<int>(stores.size()));
+    if (stores.empty()) yld_raise("No yld files are open.");
+    const std::string persistentName = stores.front().body()->uid();
+    const sto_Sto store = sto_StoContainer().getByPersName(persistentName.c_str());
+    const yld_String file(lnk_Root::GetFileName(persistentName.c_str()).c_str());
+    const yld_String title(store.model("Default Model").modelTitle().c_str());
+    registry.insert(file, yld_Yld(file, title, yld_String(store.description()),
+                                  yld_YldRepository::normalisedPath(file), store, true, true));
+    return registry.get(file);
+}
+
+} // namespace
+
+yld_Yld& getActiveYld()
+{
+    yld_YldRepository& registry = yld_YldRepository::Instance();
+    requireAtMostOne(registry.size());
+    // The one entry is looked up under no name, which gives the registry's empty object: callers rely on it.
+    if (registry.size() == 1) return registry.get(yld_String());
+    return yld_guard([&]() -> yld_Yld& { return enterOnlyStore(registry); });
 }

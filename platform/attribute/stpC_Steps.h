@@ -1,0 +1,154 @@
+#ifndef STPC_STEPS_H
+#define STPC_STEPS_H
+
+#include "platform/attribute/stpC_Arguments.h"
+#include "platform/attribute/stpC_Step.h"
+#include "platform/model/setC_Region.h"
+#include "platform/store/mrp_Container.h"
+
+#include <vector>
+
+/// An analysis step that is a list of arguments.
+template<class Self, class... Arguments>
+class stpC_StepOf : public stpC_WithArguments<Self, Arguments...>, public stpC_Step
+{
+public:
+    using stpC_WithArguments<Self, Arguments...>::stpC_WithArguments;
+    const pcl_Persistent& persistent() const override { return *this; }
+};
+
+// What an argument is, is told by its type where that says it; the other numbers and flags are the solver's. The lists
+// stand in files: append only.
+
+class stpC_StaticStep
+    : public stpC_StepOf<stpC_StaticStep, double /* time period */, val_PrimEnum<stpC_Step::NlgeomEnm>, int, double,
+                         double, double, val_PrimEnum<stpC_Step::StabilizationEnm>, double, bool,
+                         val_PrimEnum<stpC_Step::TimeIncrementationMethodEnm>, val_PrimEnum<stpC_Step::AmplitudeEnm>>
+{
+public:
+    static constexpr const char* className = "stpC_StaticStep";
+    static constexpr unsigned classId = 0x00200102;
+    static constexpr int classVersion = 1;
+    using stpC_StepOf::stpC_StepOf;
+
+    int procedure() const override;
+    double timePeriod() const override { return argument<1>(); }
+    bool isNlgeom() const override;
+};
+
+class stpC_StaticLinearPerturbationStep
+    : public stpC_StepOf<stpC_StaticLinearPerturbationStep, val_PrimEnum<stpC_Step::MatrixSolverEnm>>
+{
+public:
+    static constexpr const char* className = "stpC_StaticLinearPerturbationStep";
+    static constexpr unsigned classId = 0x00200103;
+    static constexpr int classVersion = 1;
+    using stpC_StepOf::stpC_StepOf;
+
+    int procedure() const override;
+    bool isPerturbation() const override { return true; }
+};
+
+class stpC_HeatTransferStep
+    : public stpC_StepOf<stpC_HeatTransferStep, val_PrimEnum<stpC_Step::ResponseEnm>,
+                         val_PrimEnum<stpC_Step::AmplitudeEnm>, val_PrimEnum<stpC_Step::TimeIncrementationMethodEnm>,
+                         double, int, double, double, double, double, double, val_PrimEnum<stpC_Step::ExtrapolationEnm>,
+                         val_PrimEnum<stpC_Step::MatrixSolverEnm>>
+{
+public:
+    static constexpr const char* className = "stpC_HeatTransferStep";
+    static constexpr unsigned classId = 0x00200104;
+    static constexpr int classVersion = 1;
+    using stpC_StepOf::stpC_StepOf;
+
+    int procedure() const override;
+};
+
+class stpC_StaticRiksStep
+    : public stpC_StepOf<stpC_StaticRiksStep, val_PrimEnum<stpC_Step::NlgeomEnm>, bool, double, bool, double, int,
+                         setC_Region, val_PrimEnum<stpC_Step::TimeIncrementationMethodEnm>, int, double, double, double,
+                         double, val_PrimEnum<stpC_Step::MatrixSolverEnm>, val_PrimEnum<stpC_Step::ExtrapolationEnm>,
+                         shr_String, bool, bool, int, int, bool>
+{
+public:
+    static constexpr const char* className = "stpC_StaticRiksStep";
+    static constexpr unsigned classId = 0x00200105;
+    static constexpr int classVersion = 1;
+    using stpC_StepOf::stpC_StepOf;
+
+    int procedure() const override;
+    bool isNlgeom() const override;
+};
+
+/// Some mass, of a region or of all, that is scaled so that increments in time become longer.
+class stpC_MassScaling
+    : public stpC_WithArguments<stpC_MassScaling, setC_Region /* null for the whole model */, double /* factor */,
+                                double /* time increment wanted; 0 for none */, int /* increments between two times */>
+{
+public:
+    static constexpr const char* className = "stpC_MassScaling";
+    static constexpr unsigned classId = 0x00200106;
+    static constexpr int classVersion = 1;
+    using stpC_WithArguments::stpC_WithArguments;
+};
+
+class stpC_ExplicitDynamicsStep
+    : public stpC_StepOf<stpC_ExplicitDynamicsStep, double /* time period */, val_PrimEnum<stpC_Step::NlgeomEnm>, bool,
+                         val_PrimEnum<stpC_Step::TimeIncrementationMethodEnm>, stpC_Optional, double, double, double,
+                         stpC_Optional, mrp_Container<stpC_MassScaling>>
+{
+public:
+    static constexpr const char* className = "stpC_ExplicitDynamicsStep";
+    static constexpr unsigned classId = 0x00200107;
+    static constexpr int classVersion = 1;
+    using stpC_StepOf::stpC_StepOf;
+
+    int procedure() const override;
+    double timePeriod() const override { return argument<1>(); }
+    bool isNlgeom() const override;
+};
+
+/// Degrees of freedom, by number, of the nodes of a region.
+class stpC_NodalDofs : public stpC_WithArguments<stpC_NodalDofs, setC_Region, std::vector<int>>
+{
+public:
+    static constexpr const char* className = "stpC_NodalDofs";
+    static constexpr unsigned classId = 0x00200108;
+    static constexpr int classVersion = 1;
+    using stpC_WithArguments::stpC_WithArguments;
+};
+
+/// Makes one element of a whole model, which keeps some degrees of freedom and eigenmodes and loses the others.
+class stpC_SubstructureGenerateStep : public pcl_Class<stpC_SubstructureGenerateStep>, public stpC_Step
+{
+public:
+    static constexpr const char* className = "stpC_SubstructureGenerateStep";
+    static constexpr unsigned classId = 0x00200109;
+    static constexpr int classVersion = 1;
+    template<class Self, class V> static void attributes(Self& self, V&& visit)
+    {
+        visit("retained nodal dofs", self.m_retainedNodalDofs);
+        visit("eliminated nodal dofs", self.m_eliminatedNodalDofs);
+        visit("retained eigenmodes", self.m_retainedEigenModes);
+    }
+
+    int procedure() const override;
+    bool isPerturbation() const override { return true; }
+    const pcl_Persistent& persistent() const override { return *this; }
+
+    mrp_Container<stpC_NodalDofs> m_retainedNodalDofs;
+    mrp_Container<stpC_NodalDofs> m_eliminatedNodalDofs;
+    std::vector<int> m_retainedEigenModes; ///< mode numbers, counted from 1
+};
+
+/// When a job leaves behind what it needs to be taken up again.
+class stpC_Restart : public stpC_WithArguments<stpC_Restart, int, bool, bool, int>
+{
+public:
+    static constexpr const char* className = "stpC_Restart";
+    static constexpr unsigned classId = 0x0020010a;
+    static constexpr int classVersion = 1;
+    using stpC_WithArguments::stpC_WithArguments;
+};
+
+#endif
