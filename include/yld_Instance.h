@@ -8,10 +8,10 @@ class sto_Model;
 class sto_PartInstance;
 class yld_Mesh;
 
-extern template class yld_PartOrInstance<sto_PartInstance>;
+extern template class yld_PartOrInstance<yld_Instance>;
 
 /// A part placed in the assembly. It has sets of its own; nodes and elements come from the part.
-class YLD_API yld_Instance : public yld_PartOrInstance<sto_PartInstance>
+class YLD_API yld_Instance : public yld_PartOrInstance<yld_Instance>
 {
 public:
     yld_Instance();

@@ -29,10 +29,10 @@ private:
     bool m_isSet = false;
 };
 
-extern template class yld_PartOrInstance<sto_Part>;
+extern template class yld_PartOrInstance<yld_Part>;
 
 /// A part: a mesh with its sets, to be placed in the assembly by instances.
-class YLD_API yld_Part : public yld_PartOrInstance<sto_Part>
+class YLD_API yld_Part : public yld_PartOrInstance<yld_Part>
 {
 public:
     yld_Part();

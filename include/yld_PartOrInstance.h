@@ -5,9 +5,25 @@
 #include "yld_DiscreteEntity.h"
 #include "yld_Section.h"
 
+class YLD_API yld_Instance;
+class YLD_API yld_Part;
+class sto_Part;
+class sto_PartInstance;
+
+/// The handle on the stored entity behind a public one.
+template<class Entity> struct yld_StoredEntity;
+template<> struct yld_StoredEntity<yld_Part>
+{
+    using Type = sto_Part;
+};
+template<> struct yld_StoredEntity<yld_Instance>
+{
+    using Type = sto_PartInstance;
+};
+
 /// What a part and a part instance have in common beside the mesh: sets of their own, and what is assigned to them.
-/// @tparam Stored  the handle on the stored part or instance
-template<class Stored>
+/// @tparam Entity  yld_Part or yld_Instance
+template<class Entity>
 class YLD_API yld_PartOrInstance : public yld_DiscreteEntity
 {
 public:
@@ -56,6 +72,8 @@ public:
     yld_String solverInput() const;
 
 protected:
+    using Stored = typename yld_StoredEntity<Entity>::Type;
+
     yld_PartOrInstance();
     yld_PartOrInstance(const yld_String& name, yld_Enum::yld_DimensionEnum space, yld_Enum::yld_PartTypeEnum type,
                        const Stored& stored, const yld_MeshHandle& mesh);

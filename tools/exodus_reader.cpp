@@ -287,6 +287,14 @@ void exo_Reader::sidesOf(const exo_Set& set, std::vector<int>& elements, std::ve
     }
 }
 
+void exo_Reader::globalValues(int step, std::vector<double>& values) const
+{
+    values.resize(m_variables[exo_GLOBAL].size());
+    if (values.empty()) return;
+    check(ex_get_var(m_id, step + 1, EX_GLOBAL, 1, 0, static_cast<std::int64_t>(values.size()), values.data()),
+          "the global variables");
+}
+
 void exo_Reader::nodalValues(int step, std::size_t variable, std::vector<double>& values) const
 {
     values.resize(static_cast<std::size_t>(m_numNodes));

@@ -81,6 +81,8 @@ public:
     std::vector<int> nodesOf(const exo_Set& set) const;
     /// Positions of the elements of a side set, and their side numbers, which count from 1.
     void sidesOf(const exo_Set& set, std::vector<int>& elements, std::vector<int>& sides) const;
+    /// One value a global variable.
+    void globalValues(int step, std::vector<double>& values) const;
     /// One value a node. `values` is resized; a buffer to use again spares memory.
     void nodalValues(int step, std::size_t variable, std::vector<double>& values) const;
     /// One value an element of the block.

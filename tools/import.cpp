@@ -77,7 +77,9 @@ public:
         const auto mention = [&](bool isThere, const char* what) {
             if (isThere) append(left, what, ", ");
         };
-        add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
+        // Without times there is no step for them.
+        if (m_reader.times().empty())
+            add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
         add(m_sideValuesLeftOut, "side set variable on a set with several sides of an element",
             "side set variables on sets with several sides of an element");
         bool attributes = false;
@@ -256,6 +258,7 @@ private:
             if (!m_reader.variables(exo_SIDE_SET).empty())
                 for (const int element : elements)
                     m_sideSetElements.back().push_back(labelOf[static_cast<std::size_t>(element)]);
+            m_isOnceEach.push_back(std::set<int>(elements.begin(), elements.end()).size() == elements.size());
             for (std::size_t i = 0; i < elements.size(); ++i) {
                 const auto element = static_cast<std::size_t>(elements[i]);
                 const auto face = faceOf(m_types[blockOf[element]]->sides, sides[i]);
@@ -282,6 +285,7 @@ private:
             m_reader.title().empty() ? "time steps of " + fileName : m_reader.title();
         yld_Step& step = m_database.Step("Step-1", description.c_str(), yld_Enum::TIME,
                                          times.back() > 0.0 ? times.back() : 1.0);
+        std::vector<yld_HistoryOutput> curves = addCurves(step);
         tool_Progress progress("importing", static_cast<int>(times.size()));
         for (std::size_t i = 0; i < times.size(); ++i) {
             {
@@ -291,8 +295,28 @@ private:
                     addField(frame, field, index, instance);
             }
             step.ClearFrameContainer();
+            m_reader.globalValues(static_cast<int>(i), m_column);
+            for (std::size_t c = 0; c < curves.size(); ++c)
+                curves[c].addData(times[i], static_cast<double>(single(m_column[c])));
             progress.show(static_cast<int>(i) + 1);
         }
+    }
+
+    // A curve for each global variable, in their order.
+    std::vector<yld_HistoryOutput> addCurves(yld_Step& step)
+    {
+        std::vector<yld_HistoryOutput> curves;
+        const std::vector<std::string>& variables = m_reader.variables(exo_GLOBAL);
+        if (variables.empty()) return curves;
+        const yld_HistoryPoint point(m_database.rootAssembly());
+        yld_HistoryRegion& region = step.HistoryRegion(point.shortText(), point.longText(), point);
+        std::set<std::string> given;
+        for (std::size_t i = 0; i < variables.size(); ++i) {
+            const std::string name =
+                uniqueName(variables[i], "global_", static_cast<std::int64_t>(i) + 1, given);
+            curves.push_back(region.HistoryOutput(name.c_str(), variables[i].c_str(), yld_Enum::SCALAR));
+        }
+        return curves;
     }
 
     std::vector<tool_PlannedField> planFields()
@@ -353,17 +377,12 @@ private:
     }
 
     // A value of a side is one of the whole element behind it: so no element may have two of them in a set.
-    static bool isOnceEach(const std::vector<int>& elements)
-    {
-        return std::set<int>(elements.begin(), elements.end()).size() == elements.size();
-    }
-
     void checkSides(const tool_PlannedField& field)
     {
         bool isTaken = false;
         for (std::size_t s = 0; s < m_reader.sideSets().size(); ++s) {
             if (!m_reader.hasVariable(exo_SIDE_SET, s, field.sideSet.front())) continue;
-            if (isOnceEach(m_sideSetElements[s])) isTaken = true;
+            if (m_isOnceEach[s]) isTaken = true;
             else ++m_sideValuesLeftOut;
         }
         if (isTaken) m_notes.push_back("side set variable \"" + field.name + "\" lies on the whole elements behind the sides");
@@ -443,7 +462,7 @@ private:
             for (std::size_t s = 0; s < m_sideSetElements.size(); ++s) {
                 const exo_Set& set = m_reader.sideSets()[s];
                 if (set.size == 0 || !m_reader.hasVariable(exo_SIDE_SET, s, variable) ||
-                    !isOnceEach(m_sideSetElements[s]))
+                    !m_isOnceEach[s])
                     continue;
                 m_rows.resize(m_sideSetElements[s].size());
                 m_reader.setValues(index, exo_SIDE_SET, variable, set, m_column);
@@ -478,6 +497,7 @@ private:
     std::vector<std::string> m_blockNames;
     std::vector<std::vector<int>> m_nodeSetLabels;   // only where sets have variables
     std::vector<std::vector<int>> m_sideSetElements; // the same; one label a side
+    std::vector<bool> m_isOnceEach;                  // whether no element has two sides in a set
     std::vector<double> m_column;
     std::vector<float> m_rows;
     std::vector<std::string> m_notes;

@@ -128,14 +128,47 @@ public:
     std::array<Hex8::Stress, Hex8::numPoints> stresses(int element,
                                                        const Eigen::VectorXd& displacements) const
     {
-        const std::array<int, Hex8::numNodes> nodes = m_mesh.element(element);
-        Hex8::Displacements local;
-        for (int n = 0; n < Hex8::numNodes; ++n)
-            local.segment<3>(3 * n) = displacements.segment<3>(3 * nodes[static_cast<std::size_t>(n)]);
-        return m_elements[static_cast<std::size_t>(element)].stresses(local);
+        return m_elements[static_cast<std::size_t>(element)].stresses(
+            localDisplacements(m_mesh.element(element), displacements));
+    }
+
+    /// The force with which the clamp holds the bar, upwards: what the elements at the root put on its nodes.
+    double reaction(const Eigen::VectorXd& displacements) const
+    {
+        double force = 0.0;
+        for (int e = 0; e < m_mesh.numElements(); ++e) {
+            if (!m_mesh.isRootElement(e)) continue;
+            const std::array<int, Hex8::numNodes> nodes = m_mesh.element(e);
+            const Eigen::VectorXd forces =
+                m_elements[static_cast<std::size_t>(e)].stiffness() * localDisplacements(nodes, displacements);
+            for (int n = 0; n < Hex8::numNodes; ++n)
+                if (m_mesh.isRoot(nodes[static_cast<std::size_t>(n)])) force += forces[3 * n + 2];
+        }
+        return force;
+    }
+
+    /// How far the tip has gone down, on average over its nodes.
+    double tipDeflection(const Eigen::VectorXd& displacements) const
+    {
+        double sum = 0.0;
+        int count = 0;
+        for (int node = 0; node < m_mesh.numNodes(); ++node) {
+            if (!m_mesh.isTip(node)) continue;
+            sum -= displacements[3 * node + 2];
+            ++count;
+        }
+        return sum / count;
     }
 
 private:
+    static Hex8::Displacements localDisplacements(const std::array<int, Hex8::numNodes>& nodes,
+                                                  const Eigen::VectorXd& displacements)
+    {
+        Hex8::Displacements local;
+        for (int n = 0; n < Hex8::numNodes; ++n)
+            local.segment<3>(3 * n) = displacements.segment<3>(3 * nodes[static_cast<std::size_t>(n)]);
+        return local;
+    }
     int freedom(const std::array<int, Hex8::numNodes>& nodes, int local) const
     {
         return m_freedoms[static_cast<std::size_t>(3 * nodes[static_cast<std::size_t>(local / 3)] +
@@ -192,11 +225,10 @@ yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh)
     return instance;
 }
 
-void writeFrame(yld_Step& step, int increment, const Mesh& mesh, const Structure& structure,
-                const yld_Instance& instance, const std::vector<int>& nodes, const std::vector<int>& elements)
+void writeFrame(yld_Step& step, int increment, double fraction, const Eigen::VectorXd& displacements,
+                const Mesh& mesh, const Structure& structure, const yld_Instance& instance,
+                const std::vector<int>& nodes, const std::vector<int>& elements)
 {
-    const double fraction = static_cast<double>(increment) / Cantilever::increments;
-    const Eigen::VectorXd displacements = structure.solve(fraction * Cantilever::load);
     yld_Frame frame = step.Frame(increment, fraction, ("increment " + std::to_string(increment)).c_str());
 
     yld_Sequence<yld_Enum::yld_InvariantEnum> length;
@@ -247,8 +279,20 @@ void analyse(const std::string& path, const Divisions& divisions)
     std::iota(nodes.begin(), nodes.end(), 1);
     std::iota(elements.begin(), elements.end(), 1);
     yld_Step& step = db.Step("load", "the end load grows to its full size", yld_Enum::TIME, 1.0);
-    for (int increment = 1; increment <= Cantilever::increments; ++increment)
-        writeFrame(step, increment, mesh, structure, instance, nodes, elements);
+    // Curves over the step: each increment adds a pair to both.
+    yld_HistoryOutput& deflection =
+        step.HistoryRegion("tip", "the free end", yld_HistoryPoint(instance.nodeSets().constGet("tip")))
+            .HistoryOutput("deflection", "mean deflection of the end, downwards [m]", yld_Enum::SCALAR);
+    yld_HistoryOutput& reaction =
+        step.HistoryRegion("root", "the clamped end", yld_HistoryPoint(instance.nodeSets().constGet("root")))
+            .HistoryOutput("reaction", "force of the clamp, upwards [N]", yld_Enum::SCALAR);
+    for (int increment = 1; increment <= Cantilever::increments; ++increment) {
+        const double fraction = static_cast<double>(increment) / Cantilever::increments;
+        const Eigen::VectorXd displacements = structure.solve(fraction * Cantilever::load);
+        writeFrame(step, increment, fraction, displacements, mesh, structure, instance, nodes, elements);
+        deflection.addData(fraction, structure.tipDeflection(displacements));
+        reaction.addData(fraction, structure.reaction(displacements));
+    }
     saveYld(db);
     db.close();
     std::printf("%s: %d nodes, %d elements, %d increments\n", path.c_str(), mesh.numNodes(),

@@ -409,7 +409,10 @@ TEST(eng_Tensor, misesOfRowsEqualsMisesOfEach)
             eng_mises(one.code, wide.data(), rows, engineering, outWide.data());
             for (int i = 0; i < rows; ++i) {
                 EXPECT_FLOAT_EQ(out[i], eng_TensorFloat(one.code, &data[i * one.width], engineering).mises());
-                EXPECT_EQ(out[i], outWide[i]);
+                EXPECT_FLOAT_EQ(out[i], outWide[i]);
+                EXPECT_FLOAT_EQ(outWide[i],
+                                static_cast<float>(
+                                    eng_TensorDouble(one.code, &wide[i * one.width], engineering).mises()));
             }
         }
 }
@@ -433,6 +436,46 @@ TEST(eng_Tensor, misesOfRowsKeepsItsDigitsAtBothEndsOfFloat)
     eng_mises(Code::TENSOR_3D_FULL, row, 2, false, out);
     EXPECT_FLOAT_EQ(out[0], 1e30f);
     EXPECT_FLOAT_EQ(out[1], 1.7320508e-30f);
+}
+
+TEST(eng_Tensor, misesOfRowsAtTheEndsOfFloatAmongOthers)
+{
+    // Rows that single precision cannot square, each beside rows that it can, at each of four places.
+    const double sizes[] = {1e-30, 1, 1e30, 0, 1e18, 1e-13};
+    Generator generator(7);
+    std::vector<float> data;
+    std::vector<double> expected;
+    for (int i = 0; i < 600; ++i) {
+        const double size = sizes[(i * 7 + i / 5) % 6];
+        std::vector<double> wide;
+        for (int c = 0; c < 6; ++c) {
+            data.push_back(static_cast<float>(size * generator.unit()));
+            wide.push_back(data.back());
+        }
+        expected.push_back(eng_TensorDouble(Code::TENSOR_3D_FULL, wide.data(), false).mises());
+    }
+    std::vector<float> out(600);
+    eng_mises(Code::TENSOR_3D_FULL, data.data(), 600, false, out.data());
+    for (int i = 0; i < 600; ++i) EXPECT_NEAR(out[i], expected[i], 3e-7 * expected[i]) << i;
+}
+
+TEST(eng_Tensor, misesOfRowsUnderPressureKeepsItsDigits)
+{
+    // A thousand rows of a million in each normal component and a few units beside.
+    Generator generator(11);
+    std::vector<float> data;
+    std::vector<double> expected;
+    for (int i = 0; i < 1000; ++i) {
+        std::vector<double> wide;
+        for (int c = 0; c < 6; ++c) {
+            data.push_back(static_cast<float>((c < 3 ? 1e6 : 0.0) + 8 * generator.unit()));
+            wide.push_back(data.back());
+        }
+        expected.push_back(eng_TensorDouble(Code::TENSOR_3D_FULL, wide.data(), false).mises());
+    }
+    std::vector<float> out(1000);
+    eng_mises(Code::TENSOR_3D_FULL, data.data(), 1000, false, out.data());
+    for (int i = 0; i < 1000; ++i) EXPECT_NEAR(out[i], expected[i], 3e-7 * expected[i]) << i;
 }
 
 TEST(eng_Tensor, misesOfAnUnknownCodeWritesZeros)

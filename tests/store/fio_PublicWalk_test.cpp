@@ -65,6 +65,24 @@ void makeJob(const std::string& path)
             }
             u.addData(yld_Enum::NODAL, instance, nodes, rows);
         }
+        const auto fill = [](yld_HistoryRegion& region) {
+            for (const char* variable : {"V1", "V2"}) {
+                yld_HistoryOutput& output = region.HistoryOutput(variable, "a variable", yld_Enum::SCALAR);
+                for (int i = 0; i < 50; ++i) output.addData(0.25 * i, i);
+            }
+        };
+        fill(step.HistoryRegion("node", "", instance.nodes(3)));
+        fill(step.HistoryRegion("point", "", yld_HistoryPoint(instance.elements(1), 2)));
+        fill(step.HistoryRegion("element", "", yld_HistoryPoint(instance.elements(2))));
+        fill(step.HistoryRegion("set", "", yld_HistoryPoint(instance.nodeSets().constGet("some nodes"))));
+        fill(step.HistoryRegion("model", "", yld_HistoryPoint(db.rootAssembly())));
+        // A second save leaves more than one run of values behind.
+        saveYld(db);
+        fill(step.HistoryRegion("late", "", instance.nodes(4)));
+        for (const char* region : {"node", "model"}) {
+            yld_HistoryOutput& output = step.historyRegions().get(region).historyOutput("V1");
+            for (int i = 50; i < 70; ++i) output.addData(0.25 * i, i);
+        }
     }
     saveYld(db);
     db.close();
@@ -78,6 +96,8 @@ struct Seen
     long long frames = 0;
     long long values = 0;
     long long bulk = 0;
+    long long curves = 0;
+    long long pairs = 0;
     double sum = 0.0;
 };
 
@@ -142,6 +162,28 @@ void walkField(const yld_FieldOutput& field, Seen& seen)
     }
 }
 
+void walkHistory(const yld_Step& step, Seen& seen)
+{
+    yld_RepositoryIT<yld_String, yld_HistoryRegionPers> region(step.historyRegions());
+    for (region.first(); !region.isDone(); region.next()) {
+        const yld_HistoryPoint& point = region.currentValue().historyPoint();
+        seen.sum += point.longText().length() + point.shortText().length() + point.position();
+        yld_RepositoryIT<yld_String, yld_HistoryOutput> output(region.currentValue().historyOutputs());
+        for (output.first(); !output.isDone(); output.next()) {
+            const yld_HistoryOutput& curve = output.currentValue();
+            const yld_Sequence<yld_Sequence<float>> pairs = curve.data();
+            const auto count = static_cast<std::size_t>(curve.dataSize());
+            std::vector<double> times(count);
+            std::vector<float> values(count);
+            curve.readData(0, curve.dataSize(), times.data(), values.data());
+            for (std::size_t i = 0; i < count; ++i) seen.sum += times[i] + static_cast<double>(values[i]);
+            seen.sum += curve.conjugateData().size() + curve.getSubset(1.0).data().size();
+            seen.pairs += pairs.size();
+            ++seen.curves;
+        }
+    }
+}
+
 Seen walkJob(const std::string& path)
 {
     Seen seen;
@@ -170,6 +212,7 @@ Seen walkJob(const std::string& path)
                 const yld_Sequence<yld_String> fields = frame.fieldOutputs().getFieldOutputNames();
                 for (int n = 0; n < fields.size(); ++n) walkField(frame.fieldOutputs().constGet(fields[n]), seen);
             }
+            walkHistory(step, seen);
         }
     } catch (...) {
         db.close();
@@ -226,6 +269,8 @@ TEST_F(fio_PublicWalk, theTrueJobIsWalkedWhole)
     EXPECT_EQ(seen.frames, 6);
     EXPECT_EQ(seen.values, 6 * 20);
     EXPECT_EQ(seen.bulk, 6 * 20 * 3);
+    EXPECT_EQ(seen.curves, 2 * 12);
+    EXPECT_EQ(seen.pairs, 2 * (12 * 50 + 2 * 20));
 }
 
 TEST_F(fio_PublicWalk, bitsBytesPagesAndLengths) { expectDataOrOneException(1200, &Mutation::bytes, 200); }

@@ -140,13 +140,23 @@ class ExpectedTest(programs.ProgramTest):
         if facts["num_time_steps"]:
             self.check_last_step()
             self.check_histories()
+            self.check_globals()
 
     def check_notes(self, facts, text):
-        # What globals become is for others to check.
-        for what in ("node set variable", "integration"):
+        for what in ("global variable", "node set variable"):
             self.assertNotIn(what, text)
         self.assertEqual(bool(facts.get("side_set_variables")), "lies on the whole elements behind the sides" in text)
         self.assertNotIn("side set variable on a set", text)
+
+    def check_globals(self):
+        names = self.facts.get("global_variables") or []
+        regions = self.json("history", self.target, "--json")["regions"]
+        self.assertEqual(["Assembly Assembly"] if names else [], [r["name"] for r in regions])
+        for name in names:
+            curve, = self.json("history", self.target, "--output", name, "--json")["curves"]
+            self.assertEqual(self.facts["num_time_steps"], len(curve["data"]))
+            self.assertEqual(self.facts["times"]["last"], curve["data"][-1][0])
+            self.assert_single(self.facts["global_last_step"][name], curve["data"][-1][1], name)
 
     def name_of(self, entity, prefix):
         return entity.get("name") or prefix + str(entity["id"])

@@ -55,6 +55,13 @@ class Container:
         order = {name: i for i, (name, _) in enumerate(self.dimensions)}
         fixed = [v for v in self.variables if not isinstance(v[4], list)]
         recorded = [v for v in self.variables if isinstance(v[4], list)]
+        sizes = dict(self.dimensions)
+
+        def record_size(dimensions, kind):
+            size = struct.calcsize(CODES[kind])
+            for dimension in dimensions[1:]:
+                size *= sizes[dimension]
+            return size + -size % 4
 
         def header(begins):
             data = b"CDF\x02" + struct.pack(">i", records)
@@ -67,7 +74,7 @@ class Container:
                 data += name_bytes(name) + struct.pack(">i", len(dimensions))
                 data += b"".join(struct.pack(">i", order[d]) for d in dimensions)
                 data += attributes_bytes(attributes)
-                size = len(padded(content[0] if isinstance(content, list) else content)) if content else 0
+                size = record_size(dimensions, kind) if isinstance(content, list) else len(padded(content))
                 data += struct.pack(">iiq", kind, size, begins.get(name, 0))
             return data
 
@@ -77,8 +84,10 @@ class Container:
         for name, _, _, _, content in fixed:
             begins[name] = at + len(body)
             body += padded(content)
-        for name, _, _, _, content in recorded:
-            begins[name] = at + len(body)
+        first = at + len(body)
+        for name, dimensions, _, kind, content in recorded:
+            begins[name] = first
+            first += record_size(dimensions, kind)
             body += padded(content[0]) if content else b""
         for record in range(1, records):
             for _, _, _, _, content in recorded:
@@ -92,7 +101,7 @@ def text_table(texts, width):
 
 
 def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), nodal=None, element=None,
-          title="a test", node_ids=None, element_ids=None, global_names=(), of_node_sets=None, of_side_sets=None):
+          title="a test", node_ids=None, element_ids=None, global_names=(), global_values=None, of_node_sets=None, of_side_sets=None):
     """One file.
 
     nodes      a list of coordinates
@@ -100,6 +109,7 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
     node_sets  dicts: id, nodes, name; side_sets  dicts: id, sides (pairs of element position and side), name
                both may have "factors", one a node of a node set, or of a side
     of_node_sets, of_side_sets  name to {set id: one list of values a time}
+    global_values  a list a time, a value a name of global_names; zeros if left out
     nodal      name to one list of values a time; element  name to {block id: one list of values a time}"""
     nodal, element = nodal or {}, element or {}
     file = Container()
@@ -153,7 +163,8 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
     if global_names:
         file.dimension("num_glo_var", len(global_names))
         file.variable("name_glo_var", ["num_glo_var", "len_name"], CHAR, text_table(global_names, 33))
-        file.variable("vals_glo_var", ["time_step", "num_glo_var"], DOUBLE, [[0.0] * len(global_names) for _ in times])
+        file.variable("vals_glo_var", ["time_step", "num_glo_var"], DOUBLE, 
+                      global_values or [[0.0] * len(global_names) for _ in times])
     if nodal:
         file.dimension("num_nod_var", len(nodal))
         file.variable("name_nod_var", ["num_nod_var", "len_name"], CHAR, text_table(list(nodal), 33))

@@ -184,8 +184,25 @@ class ImportTest(programs.ProgramTest):
         self.assertEqual("instance,position,node,t", rows[0])
         self.assertEqual(["nan", "inf", "-inf", "inf", "0.1", "-0", "1e-45", "3"], [r.split(",")[3] for r in rows[1:]])
 
+    def test_global_variables_become_curves_of_the_assembly(self):
+        path = self.hexes(times=[0.5, 1.0, 1.5], global_names=["energy", "dt", "energy", ""],
+                          global_values=[[1.0, 0.1, 7.0, -1.0], [2.0, 0.2, 8.0, -2.0], [1e300, 0.3, 9.0, float("nan")]])
+        region, = self.json("history", path, "--json")["regions"]
+        self.assertEqual(("Assembly Assembly", "Output at assembly Assembly", "WHOLE_MODEL", ""),
+                         tuple(region[k] for k in ("name", "description", "position", "loadCase")))
+        self.assertEqual([("dt", "dt", 3), ("energy", "energy", 3), ("energy_3", "energy", 3), ("global_4", "", 3)],
+                         [(o["name"], o["description"], o["pairs"]) for o in region["outputs"]])
+        curves = {c["output"]: c["data"] for c in
+                  self.json("history", path, "--region", "Assembly Assembly", "--json")["curves"]}
+        self.assertEqual([[0.5, 0.1], [1, 0.2], [1.5, 0.3]], curves["dt"])
+        self.assertEqual([[0.5, 1], [1, 2], [1.5, None]], curves["energy"])
+        self.assertEqual([[0.5, 7], [1, 8], [1.5, 9]], curves["energy_3"])
+        self.assertEqual([[0.5, -1], [1, -2], [1.5, None]], curves["global_4"])
+        self.assertEqual("yld: note: 1 values beyond the range of a float became infinite\n", self.said)
+
     def test_what_is_left_out_is_named(self):
-        self.hexes(times=[1.0], global_names=["energy", "dt"])
+        # Without times there is no step for them.
+        self.hexes(global_names=["energy", "dt"])
         self.assertEqual("yld: not imported: 2 global variables\n", self.said)
 
     def test_distribution_factors_are_named(self):

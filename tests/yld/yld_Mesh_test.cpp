@@ -60,6 +60,17 @@ TEST_F(yld_MeshTest, walksForwardBackwardAndAtRandomAgree)
     }
 }
 
+TEST_F(yld_MeshTest, walkInOrderLooksAtEachClassOnce)
+{
+    const yld_SequenceElement& elements = part.elements();
+    const long long before = mesh().classLoads();
+    for (unsigned i = 0; i < 9; ++i) EXPECT_EQ(elements[i].label(), all[i]);
+    EXPECT_EQ(mesh().classLoads() - before, 3);
+    for (int label : all) EXPECT_EQ(mesh().elementFromLabel(label).label(), label);
+    // By label it goes back to the first class once.
+    EXPECT_EQ(mesh().classLoads() - before, 6);
+}
+
 TEST_F(yld_MeshTest, indexEqualToTheCountIsOutOfRange)
 {
     EXPECT_EQ(raised([&] { mesh().elementAt(9, true); }), "Element index out of range.");

@@ -254,6 +254,17 @@ TEST_F(yld_PartTest, internalAndUnsortedSetsSurvive)
     EXPECT_EQ(constant.nodeSets(false, true).size(), 1);
 }
 
+TEST_F(yld_PartTest, classesAreLookedForUntilThereAreSome)
+{
+    part.addNodes(ints({1, 2, 3}), rows<float>({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}));
+    EXPECT_EQ(part.elementClasses().size(), 0);
+    part.addElements(ints({1}), rows<int>({{1, 2, 3}}), "SHELL3");
+    EXPECT_EQ(part.elementClasses().size(), 1);
+    // Once there are some, they stay.
+    part.addElements(ints({2}), rows<int>({{1, 2, 3}}), "MEMBRANE3");
+    EXPECT_EQ(part.elementClasses().size(), 1);
+}
+
 TEST_F(yld_PartTest, setsOfThreeTypesBesideEachOther)
 {
     addTwoHexes(part);

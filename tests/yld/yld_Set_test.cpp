@@ -78,6 +78,26 @@ TEST_F(yld_SetTest, sizeReadsNoMember)
     EXPECT_FALSE(set.set().set()->m_members.isLoaded());
 }
 
+TEST_F(yld_SetTest, listOfTenThousandSetsReadsNoneOfThem)
+{
+    {
+        sto_Mesh mesh = part.part().mesh();
+        const int backward[] = {9, 3, 5}; // no run, so there is a list to stay away from
+        for (int i = 0; i < 10000; ++i) mesh.Nset("set " + std::to_string(i), backward, 3, false, false);
+    }
+    model.reopen();
+    yld_Part& read = model.part("P");
+    read.nodes().size();
+    const std::size_t before = model.file->loadedObjects();
+    EXPECT_EQ(read.nodeSets().size(), 10000);
+    EXPECT_TRUE(read.nodeSets().isMember("set 9999"));
+    EXPECT_EQ(model.file->loadedObjects(), before);
+    // The size of one takes its row.
+    EXPECT_EQ(read.nodeSets().get("set 17").size(), 3);
+    EXPECT_EQ(model.file->loadedObjects(), before + 1);
+    EXPECT_FALSE(read.nodeSets().get("set 17").set().set()->m_members.isLoaded());
+}
+
 TEST_F(yld_SetTest, surfaceOnSolids)
 {
     part.Surface("S", ints({1, 2, 1}), faces({yld_Enum::FACE1, yld_Enum::FACE6, yld_Enum::FACE5}));

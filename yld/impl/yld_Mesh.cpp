@@ -130,6 +130,7 @@ int yld_Mesh::elementCount(bool includeInternal)
 
 void yld_Mesh::loadClass(int classIndex, const sto_ElementClass& elementClass)
 {
+    ++m_classLoads;
     m_currentClass = classIndex;
     m_class = elementClass.data();
     m_classSize = elementClass.numElements();

@@ -60,6 +60,8 @@ public:
     void locateElementByNodes(int classIndex, int indexInClass, int& classOut, int& indexOut, int& meshElementIndex) const;
 
     bool hasSet(const yld_String& label) const;
+    /// How often the cursor has gone to another class: once a class on a walk in order.
+    long long classLoads() const { return m_classLoads; }
 
     /// Write to an assembly's mesh. Raise "Number of node labels and coordinates does not match.", "Node location
     /// specification does not correspond to part dimension. %1$s floats expected; %2$s floats received.",
@@ -98,6 +100,7 @@ private:
     int m_classSize = 0;
     int m_numNodes = 0;
     int m_indexInClass = -1;
+    long long m_classLoads = 0;
     int m_meshIndex = -1;
     int m_nodesPerElement = 0;
     bool m_isScoped = false;

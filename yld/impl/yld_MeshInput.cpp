@@ -17,32 +17,46 @@ std::vector<int> yld_MeshInput::values(const yld_Sequence<int>& sequence)
     return all;
 }
 
-std::vector<float> yld_MeshInput::coordinates(const yld_Sequence<int>& labels,
-                                              const yld_Sequence<yld_Sequence<float>>& rows, int dimension)
+namespace {
+
+// All rows in one array. A row of another length goes to `odd`, which writes what belongs there or raises.
+template<class T, class Odd>
+std::vector<T> flatten(const yld_Sequence<yld_Sequence<T>>& rows, int width, Odd&& odd)
 {
-    if (labels.size() != rows.size()) yld_raise("Number of node labels and coordinates does not match.");
-    std::vector<float> all;
-    all.reserve(static_cast<std::size_t>(rows.size()) * static_cast<std::size_t>(dimension));
-    for (const yld_Sequence<float>& row : rows) {
-        if (row.size() != dimension) {
-            yld_raise("Node location specification does not correspond to part dimension. %1$s floats expected; %2$s "
-                      "floats received.",
-                      dimension, row.size());
+    std::vector<T> all(static_cast<std::size_t>(rows.size()) * static_cast<std::size_t>(width));
+    T* to = all.data();
+    for (const yld_Sequence<T>& row : rows) {
+        if (row.size() != width) odd(row, to);
+        for (int i = 0, length = 0; row.size() == width && i < width; i += length) {
+            const T* const run = row.run(i, length);
+            for (int k = 0; k < length; ++k) to[i + k] = run[k];
         }
-        for (int i = 0; i < dimension; ++i) all.push_back(row[i]);
+        to += width;
     }
     return all;
 }
 
+[[noreturn]] void refuseLength(const yld_Sequence<int>&, int*)
+{
+    yld_raise("Element connectivity arrays should be of same length.");
+}
+
+} // namespace
+
+std::vector<float> yld_MeshInput::coordinates(const yld_Sequence<int>& labels,
+                                              const yld_Sequence<yld_Sequence<float>>& rows, int dimension)
+{
+    if (labels.size() != rows.size()) yld_raise("Number of node labels and coordinates does not match.");
+    return flatten(rows, dimension, [dimension](const yld_Sequence<float>& row, float*) {
+        yld_raise("Node location specification does not correspond to part dimension. %1$s floats expected; %2$s "
+                  "floats received.",
+                  dimension, row.size());
+    });
+}
+
 std::vector<int> yld_MeshInput::connectivity(const yld_Sequence<yld_Sequence<int>>& rows, int width)
 {
-    std::vector<int> all;
-    all.reserve(static_cast<std::size_t>(rows.size()) * static_cast<std::size_t>(width));
-    for (const yld_Sequence<int>& row : rows) {
-        if (row.size() != width) yld_raise("Element connectivity arrays should be of same length.");
-        for (int i = 0; i < width; ++i) all.push_back(row[i]);
-    }
-    return all;
+    return flatten(rows, width, refuseLength);
 }
 
 std::vector<int> yld_MeshInput::elements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& rows,
@@ -52,23 +66,16 @@ std::vector<int> yld_MeshInput::elements(const yld_Sequence<int>& labels, const 
     if (rows.size() != labels.size()) yld_raise("Connectivity array must be provided for all elements. ");
     // A connector with one node is fixed to the ground there: its node stands at both ends.
     const bool grounded = shc_Topology::IsConnector(type.cStr());
-    const auto widthOf = [grounded](const yld_Sequence<int>& row) {
-        return grounded && row.size() == 1 ? 2 : row.size();
-    };
-    width = widthOf(rows[0]);
+    width = grounded && rows[0].size() == 1 ? 2 : rows[0].size();
     const shc_Topology* shape = shc_ShapeDictionary::GetShape(type.cStr());
     if (shape && shape->NumNodes() != width) {
         yld_raise("elements of type \"%s\" require \"%d\" nodes in their connectivity data.\n", type,
                   shape->NumNodes());
     }
-    std::vector<int> all;
-    all.reserve(static_cast<std::size_t>(rows.size()) * static_cast<std::size_t>(width));
-    for (const yld_Sequence<int>& row : rows) {
-        if (widthOf(row) != width) yld_raise("Element connectivity arrays should be of same length.");
-        for (int i = 0; i < row.size(); ++i) all.push_back(row[i]);
-        if (row.size() < width) all.push_back(row[0]);
-    }
-    return all;
+    return flatten(rows, width, [grounded, width](const yld_Sequence<int>& row, int* to) {
+        if (!grounded || row.size() != 1 || width != 2) refuseLength(row, to);
+        to[0] = to[1] = row[0];
+    });
 }
 
 sto_ElementArg yld_MeshInput::elementArg(const yld_String& type, const std::vector<int>& labels,

@@ -5,22 +5,24 @@
 #include "yld/impl/yld_MeshInput.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld_EnumMap.h"
+#include "yld_Instance.h"
+#include "yld_Part.h"
 
 #include <algorithm>
 
 namespace {
 
 // Where the two say the same in other words.
-template<class Stored> struct Messages;
+template<class Entity> struct Messages;
 
-template<> struct Messages<sto_Part>
+template<> struct Messages<yld_Part>
 {
     static constexpr const char* facesDiffer = "Number of faces and elements should agree for a Surface.";
     static constexpr const char* foreignSection = "Section assignment requires element set from this part.";
     static constexpr const char* foreignOrientation = "Orientation assignment requires element set from this part.";
 };
 
-template<> struct Messages<sto_PartInstance>
+template<> struct Messages<yld_Instance>
 {
     static constexpr const char* facesDiffer = "Number of surface faces and elements must agree.";
     static constexpr const char* foreignSection = "Section assignment requires element set from this part instance.";
@@ -40,30 +42,30 @@ setC_Region regionOf(const yld_Set& set) { return setC_Region(set.set().shortCut
 
 } // namespace
 
-template<class Stored> yld_PartOrInstance<Stored>::yld_PartOrInstance() : m_stored(new Stored) {}
+template<class Entity> yld_PartOrInstance<Entity>::yld_PartOrInstance() : m_stored(new Stored) {}
 
-template<class Stored>
-yld_PartOrInstance<Stored>::yld_PartOrInstance(const yld_String& name, yld_Enum::yld_DimensionEnum space,
+template<class Entity>
+yld_PartOrInstance<Entity>::yld_PartOrInstance(const yld_String& name, yld_Enum::yld_DimensionEnum space,
                                                yld_Enum::yld_PartTypeEnum type, const Stored& stored,
                                                const yld_MeshHandle& mesh)
     : yld_DiscreteEntity(name, space, type, mesh), m_stored(new Stored(stored))
 {
 }
 
-template<class Stored> yld_PartOrInstance<Stored>::yld_PartOrInstance(const yld_PartOrInstance&) = default;
-template<class Stored>
-yld_PartOrInstance<Stored>& yld_PartOrInstance<Stored>::operator=(const yld_PartOrInstance&) = default;
-template<class Stored> yld_PartOrInstance<Stored>::~yld_PartOrInstance() = default;
+template<class Entity> yld_PartOrInstance<Entity>::yld_PartOrInstance(const yld_PartOrInstance&) = default;
+template<class Entity>
+yld_PartOrInstance<Entity>& yld_PartOrInstance<Entity>::operator=(const yld_PartOrInstance&) = default;
+template<class Entity> yld_PartOrInstance<Entity>::~yld_PartOrInstance() = default;
 
-template<class Stored>
-yld_Set& yld_PartOrInstance<Stored>::join(yld_SetRepository& sets, const yld_String& name, const sto_Set& made)
+template<class Entity>
+yld_Set& yld_PartOrInstance<Entity>::join(yld_SetRepository& sets, const yld_String& name, const sto_Set& made)
 {
     sets.insert(name, yld_Set(yld_String(made.setLabel().c_str()), made, m_mesh));
     return sets.get(name);
 }
 
-template<class Stored>
-yld_Set& yld_PartOrInstance<Stored>::makeNodeSet(yld_SetRepository& sets, const yld_String& name,
+template<class Entity>
+yld_Set& yld_PartOrInstance<Entity>::makeNodeSet(yld_SetRepository& sets, const yld_String& name,
                                                  const yld_Sequence<int>& labels, bool isInternal, bool isUnsorted,
                                                  bool isSortedFirst)
 {
@@ -82,8 +84,8 @@ yld_Set& yld_PartOrInstance<Stored>::makeNodeSet(yld_SetRepository& sets, const 
     });
 }
 
-template<class Stored>
-yld_Set& yld_PartOrInstance<Stored>::makeElementSet(yld_SetRepository& sets, const yld_String& name,
+template<class Entity>
+yld_Set& yld_PartOrInstance<Entity>::makeElementSet(yld_SetRepository& sets, const yld_String& name,
                                                     const yld_Sequence<int>& labels, bool isInternal)
 {
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
@@ -97,28 +99,28 @@ yld_Set& yld_PartOrInstance<Stored>::makeElementSet(yld_SetRepository& sets, con
     });
 }
 
-template<class Stored>
-yld_Set& yld_PartOrInstance<Stored>::NodeSet(const yld_String& name, const yld_SequenceNode& nodes)
+template<class Entity>
+yld_Set& yld_PartOrInstance<Entity>::NodeSet(const yld_String& name, const yld_SequenceNode& nodes)
 {
     if (!(nodes.instanceName() == m_name)) yld_raise("SequenceNode is not associated with this entity.");
-    const bool isInstance = std::is_same_v<Stored, sto_PartInstance>;
+    const bool isInstance = std::is_same_v<Entity, yld_Instance>;
     return makeNodeSet(nodeSets(false, false), name, labelsOf(nodes), false, false, isInstance);
 }
 
-template<class Stored>
-yld_Set& yld_PartOrInstance<Stored>::ElementSet(const yld_String& name, const yld_SequenceElement& elements)
+template<class Entity>
+yld_Set& yld_PartOrInstance<Entity>::ElementSet(const yld_String& name, const yld_SequenceElement& elements)
 {
     if (!(elements.instanceName() == m_name)) yld_raise("SequenceElement is not associated with this entity.");
     return makeElementSet(elementSets(false, false), name, labelsOf(elements), false);
 }
 
-template<class Stored>
-yld_Set& yld_PartOrInstance<Stored>::Surface(const yld_String& name, const yld_Sequence<int>& labels,
+template<class Entity>
+yld_Set& yld_PartOrInstance<Entity>::Surface(const yld_String& name, const yld_Sequence<int>& labels,
                                              const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces, bool isInternal)
 {
     yld_SetRepository& sets = surfaces(false);
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    if (labels.size() != faces.size()) yld_raise(Messages<Stored>::facesDiffer);
+    if (labels.size() != faces.size()) yld_raise(Messages<Entity>::facesDiffer);
     sto_Mesh mesh = yld_guard([this] { return m_stored->mesh(); });
     const std::vector<sto_SurfaceSubset> subsets = yld_MeshInput::classify(labels, faces, mesh);
     return yld_guard([&]() -> yld_Set& {
@@ -126,31 +128,31 @@ yld_Set& yld_PartOrInstance<Stored>::Surface(const yld_String& name, const yld_S
     });
 }
 
-template<class Stored>
-yld_Set& yld_PartOrInstance<Stored>::Surface(const yld_String& name, const yld_SequenceElement& elements,
+template<class Entity>
+yld_Set& yld_PartOrInstance<Entity>::Surface(const yld_String& name, const yld_SequenceElement& elements,
                                              const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces)
 {
     return Surface(name, labelsOf(elements), faces, false);
 }
 
-template<class Stored>
-void yld_PartOrInstance<Stored>::assignSection(const yld_Set& set, const yld_Section& section, float offset)
+template<class Entity>
+void yld_PartOrInstance<Entity>::assignSection(const yld_Set& set, const yld_Section& section, float offset)
 {
     if (set.type() != yld_Enum::ELEMENT_SET) yld_raise("Section assignment requires element sets.");
-    if (!elementSets(false, false).isMember(set.name())) yld_raise(Messages<Stored>::foreignSection);
+    if (!elementSets(false, false).isMember(set.name())) yld_raise(Messages<Entity>::foreignSection);
     yld_guard([&] {
         m_stored->AssignSection(regionOf(set), yld_MeshInput::text(section.name()), static_cast<double>(offset));
     });
 }
 
-template<class Stored> void yld_PartOrInstance<Stored>::requireOrientable(const yld_Set& set) const
+template<class Entity> void yld_PartOrInstance<Entity>::requireOrientable(const yld_Set& set) const
 {
     if (set.type() == yld_Enum::ELEMENT_SET && elementSets(false, false).isMember(set.name())) return;
-    yld_raise(Messages<Stored>::foreignOrientation);
+    yld_raise(Messages<Entity>::foreignOrientation);
 }
 
-template<class Stored>
-void yld_PartOrInstance<Stored>::assignMaterialOrientation(const yld_Set& set, const yld_DatumCsys& csys,
+template<class Entity>
+void yld_PartOrInstance<Entity>::assignMaterialOrientation(const yld_Set& set, const yld_DatumCsys& csys,
                                                            yld_Enum::yld_AxisEnum axis, float angle,
                                                            yld_Enum::yld_StackDirectionEnum stackDirection)
 {
@@ -162,8 +164,8 @@ void yld_PartOrInstance<Stored>::assignMaterialOrientation(const yld_Set& set, c
     });
 }
 
-template<class Stored>
-void yld_PartOrInstance<Stored>::assignRebarOrientation(const yld_Set& set, const yld_DatumCsys& csys,
+template<class Entity>
+void yld_PartOrInstance<Entity>::assignRebarOrientation(const yld_Set& set, const yld_DatumCsys& csys,
                                                         yld_Enum::yld_AxisEnum axis, float angle)
 {
     requireOrientable(set);
@@ -173,8 +175,8 @@ void yld_PartOrInstance<Stored>::assignRebarOrientation(const yld_Set& set, cons
     });
 }
 
-template<class Stored>
-void yld_PartOrInstance<Stored>::assignBeamOrientation(const yld_Set& set, yld_Enum::yld_OrientationMethodEnum method,
+template<class Entity>
+void yld_PartOrInstance<Entity>::assignBeamOrientation(const yld_Set& set, yld_Enum::yld_OrientationMethodEnum method,
                                                        const yld_Sequence<float>& vector)
 {
     requireOrientable(set);
@@ -186,8 +188,8 @@ void yld_PartOrInstance<Stored>::assignBeamOrientation(const yld_Set& set, yld_E
     });
 }
 
-template<class Stored>
-yld_DatumCsys yld_PartOrInstance<Stored>::DatumCsysByThreePoints(const yld_String& name,
+template<class Entity>
+yld_DatumCsys yld_PartOrInstance<Entity>::DatumCsysByThreePoints(const yld_String& name,
                                                                  yld_Enum::yld_DatumCsysTypeEnum type,
                                                                  const yld_Sequence<float>& origin,
                                                                  const yld_Sequence<float>& point1,
@@ -200,27 +202,27 @@ yld_DatumCsys yld_PartOrInstance<Stored>::DatumCsysByThreePoints(const yld_Strin
     });
 }
 
-template<class Stored> bool yld_PartOrInstance<Stored>::hasDatumCsys(const yld_String& name) const
+template<class Entity> bool yld_PartOrInstance<Entity>::hasDatumCsys(const yld_String& name) const
 {
     return yld_guard([&] { return sto_Model(m_stored->model()).hasDatum(yld_MeshInput::text(name)); });
 }
 
-template<class Stored> yld_DatumCsys yld_PartOrInstance<Stored>::datumCsys(const yld_String& name) const
+template<class Entity> yld_DatumCsys yld_PartOrInstance<Entity>::datumCsys(const yld_String& name) const
 {
     return yld_guard([&] {
         return yld_DatumCsys(name, sto_Model(m_stored->model()).datum(yld_MeshInput::text(name)).CvtDatumCsys());
     });
 }
 
-template<class Stored> void yld_PartOrInstance<Stored>::setSolverInput(const yld_String& text)
+template<class Entity> void yld_PartOrInstance<Entity>::setSolverInput(const yld_String& text)
 {
     yld_guard([&] { m_stored->setSolverInput(yld_MeshInput::text(text)); });
 }
 
-template<class Stored> yld_String yld_PartOrInstance<Stored>::solverInput() const
+template<class Entity> yld_String yld_PartOrInstance<Entity>::solverInput() const
 {
     return yld_String(yld_guard([this] { return m_stored->solverInput(); }).c_str());
 }
 
-template class yld_PartOrInstance<sto_Part>;
-template class yld_PartOrInstance<sto_PartInstance>;
+template class yld_PartOrInstance<yld_Part>;
+template class yld_PartOrInstance<yld_Instance>;
