@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -182,8 +183,9 @@ private:
 };
 
 // Writes the model: part, instance, sets.
-yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh, yld_Sequence<int>& nodes, yld_Sequence<int>& elements)
+yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh)
 {
+    yld_Sequence<int> nodes, elements;
     yld_Part& part = db.Part("bar", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
     yld_Sequence<yld_Sequence<float>> points;
     yld_Sequence<int> root, tip;
@@ -225,7 +227,7 @@ yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh, yld_Sequence<int>& nodes
 
 void writeFrame(yld_Step& step, int increment, double fraction, const Eigen::VectorXd& displacements,
                 const Mesh& mesh, const Structure& structure, const yld_Instance& instance,
-                const yld_Sequence<int>& nodes, const yld_Sequence<int>& elements)
+                const std::vector<int>& nodes, const std::vector<int>& elements)
 {
     yld_Frame frame = step.Frame(increment, fraction, ("increment " + std::to_string(increment)).c_str());
 
@@ -233,12 +235,9 @@ void writeFrame(yld_Step& step, int increment, double fraction, const Eigen::Vec
     length.append(yld_Enum::MAGNITUDE);
     yld_FieldOutput& u =
         frame.FieldOutput("U", "displacement", yld_Enum::VECTOR, yld_Sequence<yld_String>(), length);
-    yld_Sequence<yld_Sequence<float>> rows;
-    for (int i = 0; i < mesh.numNodes(); ++i) {
-        const Eigen::Vector3f value = displacements.segment<3>(3 * i).cast<float>();
-        rows.append(yld_Sequence<float>(value.data(), 3));
-    }
-    u.addData(yld_Enum::NODAL, instance, nodes, rows);
+    // What a solver has is an array already: it goes out as it is.
+    const Eigen::VectorXf rows = displacements.cast<float>();
+    u.addBulkData(yld_Enum::NODAL, instance, nodes.data(), mesh.numNodes(), rows.data(), mesh.numNodes(), 3);
 
     yld_Sequence<yld_Enum::yld_InvariantEnum> invariants;
     for (const auto invariant : {yld_Enum::MISES, yld_Enum::TRESCA, yld_Enum::PRESS, yld_Enum::INV3,
@@ -246,13 +245,13 @@ void writeFrame(yld_Step& step, int increment, double fraction, const Eigen::Vec
         invariants.append(invariant);
     yld_FieldOutput& s =
         frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL, yld_Sequence<yld_String>(), invariants);
-    yld_Sequence<yld_Sequence<float>> stresses;
+    std::vector<float> stresses;
     for (int e = 0; e < mesh.numElements(); ++e)
-        for (const Hex8::Stress& stress : structure.stresses(e, displacements)) {
-            const Eigen::Matrix<float, 6, 1> value = stress.cast<float>();
-            stresses.append(yld_Sequence<float>(value.data(), 6));
-        }
-    s.addData(yld_Enum::INTEGRATION_POINT, instance, elements, stresses);
+        for (const Hex8::Stress& stress : structure.stresses(e, displacements))
+            for (int i = 0; i < 6; ++i)
+                stresses.push_back(static_cast<float>(stress[i]));
+    s.addBulkData(yld_Enum::INTEGRATION_POINT, instance, elements.data(), mesh.numElements(), stresses.data(),
+                  static_cast<int>(stresses.size() / 6), 6);
 }
 
 int division(const char* text)
@@ -274,8 +273,11 @@ void analyse(const std::string& path, const Divisions& divisions)
     const Structure structure(mesh);
     yld_Yld& db =
         Yld("cantilever", "Cantilever of hexahedra", "clamped bar, end load in ten increments", path.c_str());
-    yld_Sequence<int> nodes, elements;
-    const yld_Instance& instance = writeModel(db, mesh, nodes, elements);
+    const yld_Instance& instance = writeModel(db, mesh);
+    std::vector<int> nodes(static_cast<std::size_t>(mesh.numNodes()));
+    std::vector<int> elements(static_cast<std::size_t>(mesh.numElements()));
+    std::iota(nodes.begin(), nodes.end(), 1);
+    std::iota(elements.begin(), elements.end(), 1);
     yld_Step& step = db.Step("load", "the end load grows to its full size", yld_Enum::TIME, 1.0);
     // Curves over the step: each increment adds a pair to both.
     yld_HistoryOutput& deflection =

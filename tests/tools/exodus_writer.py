@@ -101,12 +101,14 @@ def text_table(texts, width):
 
 
 def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), nodal=None, element=None,
-          title="a test", node_ids=None, element_ids=None, global_names=(), global_values=None):
+          title="a test", node_ids=None, element_ids=None, global_names=(), global_values=None, of_node_sets=None, of_side_sets=None):
     """One file.
 
     nodes      a list of coordinates
     blocks     a list of dicts: id, type, connectivity (rows of node positions from 1), name (optional)
     node_sets  dicts: id, nodes, name; side_sets  dicts: id, sides (pairs of element position and side), name
+               both may have "factors", one a node of a node set, or of a side
+    of_node_sets, of_side_sets  name to {set id: one list of values a time}
     global_values  a list a time, a value a name of global_names; zeros if left out
     nodal      name to one list of values a time; element  name to {block id: one list of values a time}"""
     nodal, element = nodal or {}, element or {}
@@ -142,6 +144,8 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
         for i, node_set in enumerate(node_sets, 1):
             size = file.dimension("num_nod_ns%d" % i, len(node_set["nodes"]))
             file.variable("node_ns%d" % i, [size], INT, node_set["nodes"])
+            if "factors" in node_set:
+                file.variable("dist_fact_ns%d" % i, [size], DOUBLE, node_set["factors"])
     if side_sets:
         file.dimension("num_side_sets", len(side_sets))
         entities("ss", "num_side_sets", side_sets)
@@ -149,6 +153,9 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
             size = file.dimension("num_side_ss%d" % i, len(side_set["sides"]))
             file.variable("elem_ss%d" % i, [size], INT, [e for e, _ in side_set["sides"]])
             file.variable("side_ss%d" % i, [size], INT, [s for _, s in side_set["sides"]])
+            if "factors" in side_set:
+                factors = file.dimension("num_df_ss%d" % i, len(side_set["factors"]))
+                file.variable("dist_fact_ss%d" % i, [factors], DOUBLE, side_set["factors"])
     if node_ids:
         file.variable("node_num_map", ["num_nodes"], INT, node_ids)
     if element_ids:
@@ -173,4 +180,18 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
                 if block["id"] in values:
                     file.variable("vals_elem_var%deb%d" % (i, b), ["time_step", "num_el_in_blk%d" % b], DOUBLE,
                                   values[block["id"]])
+    for short, count, size, sets, values_of in (("ns", "num_node_sets", "num_nod_ns%d", node_sets, of_node_sets or {}),
+                                                ("ss", "num_side_sets", "num_side_ss%d", side_sets, of_side_sets or {})):
+        if not values_of:
+            continue
+        kind = short[0] + "set"
+        variables = file.dimension("num_%s_var" % kind, len(values_of))
+        file.variable("name_%s_var" % kind, [variables, "len_name"], CHAR, text_table(list(values_of), 33))
+        file.variable("%s_var_tab" % kind, [count, variables], INT,
+                      [1 if s["id"] in values else 0 for s in sets for values in values_of.values()])
+        for i, values in enumerate(values_of.values(), 1):
+            for k, each in enumerate(sets, 1):
+                if each["id"] in values:
+                    file.variable("vals_%s_var%d%s%d" % (kind, i, short, k), ["time_step", size % k], DOUBLE,
+                                  values[each["id"]])
     file.save(path, len(times))
