@@ -15,6 +15,9 @@ echo "== a cantilever of hexahedra, its end load in ten increments"
 echo
 echo "== what is in its results, read by another program"
 "$bin/cantilever_report" "$results"
+echo
+echo "== the deflection of its tip, a curve over the step"
+"$bin/yld" history "$results" --region tip --output deflection --plot
 cat <<END
 
 The results are in $results. To look into them:
@@ -23,6 +26,9 @@ The results are in $results. To look into them:
     $bin/yld values $results --field U
     $bin/yld values $results --step load --frame -1 --field S --csv
     $bin/yld info $results --json
+    $bin/yld history $results
+    $bin/yld history $results --region root --output reaction --csv
+    $bin/yld history $results --plot curves.svg
 
 Result files in Exodus II format become databases with
 

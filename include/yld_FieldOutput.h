@@ -18,6 +18,7 @@ class sto_FieldDescription;
 class sto_FieldFrame;
 class sto_FieldStep;
 class sto_PartInstance;
+class yld_Set;
 
 /// One named result in one frame: a list of blocks, read when their values are asked for. An attached field
 /// stands in a frame and takes data; an orphaned one is a result that lives in memory alone.
@@ -117,18 +118,34 @@ public:
     /// The values on elements of a type, for example "HEX8".
     yld_FieldOutput getSubset(const yld_String& elementType) const;
 
-    /// Writes results into an attached field, to be kept by the next save.
-    /// @param labels            node labels for NODAL, else element labels
+    /// Writes results into an attached field, to be kept by the next save. The rows go to one block for each element
+    /// class, in the order of the labels; this object shows them at once. Blocks that were written before a failure
+    /// stay. isComplex(), validInvariants() and componentLabels() of this object do not change.
+    /// @param labels            node labels for NODAL, else element labels, in any order; none for WHOLE_MODEL, which
+    ///                          needs no instance either
     /// @param data              one row a node, an element (CENTROID, WHOLE_ELEMENT), a node of an element
-    ///                          (ELEMENT_NODAL) or an integration point, in the order of the labels
-    /// @param localCoordSystem  one system for all rows, as rows of direction cosines; empty for none
+    ///                          (ELEMENT_NODAL) or an integration point, in the order of the labels. Rows of a tensor
+    ///                          may be shorter than its components: all of one length, the rest becomes 0
+    /// @param sectionPoint      by number and text as the elements' category has it; a negative number for none
+    /// @param localCoordSystem  one system for all rows of a tensor, as three rows of three direction cosines (in the
+    ///                          plane two of two will do); empty for none
     /// @param conjugateData     the imaginary half, as many rows as data; empty for real results
+    ///
+    /// Raises, in this order: "addData() not valid for an orphaned object.", "Instance \"%s\" does not exists in this
+    /// yld.", "Data and ConjugateData must have the same length.", "Transformation not allowed for scalar data." (for
+    /// vectors and matrices too), "Invalid results position for field.", "Invalid node label %d", "Invalid element label
+    /// %d", "The element labels passed into field.addData() method contain some undefined labels.", "Section Point number
+    /// %s.", "Section point not valid for all elements."; then, block by block, "Insufficient data sequences provided.",
+    /// "Insufficient coordSystem sequences provided.", "Length of data sequence incorrect. ...", "Invalid results type for
+    /// field.", "Coordinate system definition should be of length 0, 1, or the same length as the data array.", "SCALAR
+    /// data should be of length 1.", "Data items should be of length %s", "Incorrect tensor data length"; at last
+    /// "field.addData() request not processed correctly. ...".
     void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const yld_Sequence<int>& labels,
                  const yld_Sequence<yld_Sequence<float>>& data,
                  const yld_SectionPoint& sectionPoint = yld_SectionPoint(),
                  const yld_Sequence<yld_Sequence<float>>& localCoordSystem = yld_Sequence<yld_Sequence<float>>(),
                  const yld_Sequence<yld_Sequence<float>>& conjugateData = yld_Sequence<yld_Sequence<float>>());
-    /// @param localCoordSystems  one system a row, or one for all
+    /// @param localCoordSystems  one system a row of data, or one for all
     void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const yld_Sequence<int>& labels,
                  const yld_Sequence<yld_Sequence<float>>& data, const yld_SectionPoint& sectionPoint,
                  const yld_Sequence<yld_Sequence<yld_Sequence<float>>>& localCoordSystems,
@@ -139,12 +156,33 @@ public:
                  const yld_SectionPoint& sectionPoint,
                  const yld_Sequence<yld_Sequence<yld_Sequence<float>>>& localCoordSystems,
                  const yld_Sequence<yld_Sequence<float>>& conjugateData);
-    /// Results as plain arrays: the same checks, the same stored field, without a sequence of sequences.
-    /// @param numLabels  how many labels
-    /// @param data       numRows rows of width components, one behind the other
+    /// Writes results for a node set at NODAL, or for an element set at INTEGRATION_POINT or ELEMENT_NODAL: one row a
+    /// location, in the order of the set. The set must lie on one instance of this database. This object shows nothing of
+    /// it until the field is read again from its frame; a second call for the same set and place in the frame writes over
+    /// the first. Rows beyond those needed are ignored; what a row is short of stays as it was, 0 at first.
+    /// Nothing is written before the set is accepted. Each refusal names the set; see the messages in the manual page
+    /// of fields.
+    void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Set& set,
+                 const yld_Sequence<yld_Sequence<float>>& data,
+                 const yld_SectionPoint& sectionPoint = yld_SectionPoint(),
+                 const yld_Sequence<yld_Sequence<float>>& conjugateData = yld_Sequence<yld_Sequence<float>>());
+    /// Results as plain arrays: the same checks in the same order, the same blocks, without a sequence of sequences.
+    /// All arrays are borrowed for the call alone. Labels in the order of the mesh are recognised by one comparison.
+    /// @param numLabels          how many labels
+    /// @param data               numRows rows of width components, one behind the other
+    /// @param conjugateData      the imaginary half, laid out as data; null for none
+    /// @param localCoordSystems  numSystems systems of nine direction cosines, axis by axis: one, or one a row; null for
+    ///                           none
+    /// Raises besides "addBulkData() takes no negative count.".
     void addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const int* labels,
                      int numLabels, const float* data, int numRows, int width,
-                     const yld_SectionPoint& sectionPoint = yld_SectionPoint(), const float* conjugateData = nullptr);
+                     const yld_SectionPoint& sectionPoint = yld_SectionPoint(), const float* conjugateData = nullptr,
+                     const float* localCoordSystems = nullptr, int numSystems = 0);
+    /// The same in double precision, which the stored values keep.
+    void addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const int* labels,
+                     int numLabels, const double* data, int numRows, int width,
+                     const yld_SectionPoint& sectionPoint = yld_SectionPoint(), const double* conjugateData = nullptr,
+                     const float* localCoordSystems = nullptr, int numSystems = 0);
 
     /// Copies all blocks of another field, which may be an orphan or stand in another database, into this one. Instances,
     /// sets and element classes are found by their names in this field's model; a set whose labels are others there is
@@ -166,10 +204,16 @@ public:
     bool operator==(const yld_FieldOutput& other) const { return this == &other; }
 
 private:
+    friend class yld_FieldAddDataSet;
     friend class yld_FieldAddDataUtils;
     friend class yld_FieldCopy;
     friend class yld_Frame;
 
+    void checkAttached() const;
+    template<class T>
+    void addArrays(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const int* labels,
+                   int numLabels, const T* data, int numRows, int width, const yld_SectionPoint& sectionPoint,
+                   const T* conjugateData, const float* localCoordSystems, int numSystems);
     bool appendFieldKeys(const yld_Sequence<int>& keys);
     yld_FieldOutput subsetOf(const yld_SequenceFieldValue& values) const;
     void moveToPosition(const yld_SequenceFieldValue& source, yld_Enum::yld_ResultPositionEnum position,

@@ -10,7 +10,8 @@
 
 class yld_Instance;
 
-/// The components of one value, in single or double precision, with the conjugate half of a complex value.
+/// The components of one value, in single or double precision, with the conjugate half of a complex value. As many as
+/// a tensor has stand in the object itself, so that a value costs no memory beside its own.
 class YLD_API yld_FieldValueData
 {
 public:
@@ -50,6 +51,10 @@ private:
     friend class yld_FieldValue;
     friend class yld_FieldValueList;
 
+    template<class Real> Real* allocate(int length);
+    template<class Real> void release(Real*& components);
+    template<class Real> void take(Real*& components, yld_FieldValueData& from, Real*& theirs);
+    bool isInRoom(const void* components) const;
     void reserve(int length, yld_Enum::yld_PrecisionEnum precision);
     void clear();
     void copyIn(const float* components);
@@ -68,6 +73,9 @@ private:
     double* m_doubleConjugate = nullptr;
     int m_length = 0;
     bool m_isBorrowed = false;
+    unsigned char m_roomUsed = 0;
+    // Six doubles, or six floats and their conjugates.
+    alignas(double) char m_room[6 * sizeof(double)];
 };
 
 /// One result at one place. A disposable object that owns its components; it keeps no link to its field.

@@ -72,7 +72,9 @@ private:
 
     shr_COW<sto_FieldFrame> m_fieldFrame;
     shr_ArrayCOW<sto_Assembly> m_assembly;
-    mutable yld_Repository<yld_String, yld_FieldOutput> m_fields;
+    using Fields = yld_Repository<yld_String, yld_FieldOutput>;
+    // Behind a handle: a map that is assigned an empty one holds on to what it had.
+    mutable shr_COW<Fields> m_fields{Fields()};
     mutable yld_FieldOutput m_emptyField;
     shr_COW<sto_FieldStep> m_fieldStep;
     int m_frameNumber = -1;

@@ -49,6 +49,8 @@ public:
 
     /// Warns "Undefined position for historyPoint." for UNDEFINED_POSITION.
     yld_Enum::yld_ResultPositionEnum position() const;
+    /// The same without a word.
+    yld_Enum::yld_ResultPositionEnum storedPosition() const { return m_position; }
     const yld_Node& node() const { return m_node; }
     const yld_Element& element() const;
     /// Counted from 1; 0 for none.
@@ -73,11 +75,6 @@ public:
     yld_String shortText() const;
 
 private:
-    friend class yld_HistoryRegionPers;
-
-    /// The position, without a word.
-    yld_Enum::yld_ResultPositionEnum plainPosition() const { return m_position; }
-
     yld_Node m_node;
     shr_COW<yld_Element> m_element; // these are null until there is something to hold
     int m_ipNumber = 0;

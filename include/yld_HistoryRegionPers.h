@@ -35,8 +35,8 @@ private:
 
     /// Enters a curve that the database has; false if there is one of that name.
     bool addStored(const sto_History& history);
-    const sto_Set& nodeResults(const sto_PartInstance& instance) const;
-    const sto_Set& elementResults(const sto_PartInstance& instance) const;
+    /// The set of the node or the element, made when it is first asked for.
+    const sto_Set& results(const sto_PartInstance& instance, bool isNode) const;
 
     shr_CountedHld<sto_HistoryStep> m_historyStep;
 };

@@ -20,6 +20,7 @@ struct tool_ElementType
     int numNodes;
     const int* order; ///< ours[i] = theirs[order[i]]; null where the orders agree
     tool_SideRuleEnm sides;
+    int numPoints; ///< integration points
 };
 
 /// The element type behind a block's type name, case ignored and with or without a node count at the end, the

@@ -207,6 +207,15 @@ void exo_Reader::readVariables()
         check(ex_get_truth_table(m_id, EX_ELEM_BLOCK, static_cast<int>(m_blocks.size()),
                                  static_cast<int>(numVariables), m_truth.data()),
               "the truth table");
+    for (const exo_VariableKindEnm kind : {exo_NODE_SET, exo_SIDE_SET}) {
+        const std::size_t numSets = (kind == exo_NODE_SET ? m_nodeSets : m_sideSets).size();
+        std::vector<int>& truth = m_setTruth[kind == exo_SIDE_SET];
+        truth.assign(numSets * m_variables[kind].size(), 1);
+        if (!truth.empty())
+            check(ex_get_truth_table(m_id, entityTypes[kind], static_cast<int>(numSets),
+                                     static_cast<int>(m_variables[kind].size()), truth.data()),
+                  "the truth table of sets");
+    }
 }
 
 std::vector<int> exo_Reader::nodeLabels() const
@@ -278,6 +287,14 @@ void exo_Reader::sidesOf(const exo_Set& set, std::vector<int>& elements, std::ve
     }
 }
 
+void exo_Reader::globalValues(int step, std::vector<double>& values) const
+{
+    values.resize(m_variables[exo_GLOBAL].size());
+    if (values.empty()) return;
+    check(ex_get_var(m_id, step + 1, EX_GLOBAL, 1, 0, static_cast<std::int64_t>(values.size()), values.data()),
+          "the global variables");
+}
+
 void exo_Reader::nodalValues(int step, std::size_t variable, std::vector<double>& values) const
 {
     values.resize(static_cast<std::size_t>(m_numNodes));
@@ -294,4 +311,14 @@ void exo_Reader::elementValues(int step, std::size_t variable, const exo_Block& 
     check(ex_get_var(m_id, step + 1, EX_ELEM_BLOCK, static_cast<int>(variable) + 1, block.id,
                      block.numElements, values.data()),
           ("element variable " + m_variables[exo_ELEMENT][variable]).c_str());
+}
+
+void exo_Reader::setValues(int step, exo_VariableKindEnm kind, std::size_t variable, const exo_Set& set,
+                           std::vector<double>& values) const
+{
+    values.resize(static_cast<std::size_t>(set.size));
+    if (values.empty()) return;
+    check(ex_get_var(m_id, step + 1, entityTypes[kind], static_cast<int>(variable) + 1, set.id, set.size,
+                     values.data()),
+          ("set variable " + m_variables[kind][variable]).c_str());
 }

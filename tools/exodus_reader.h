@@ -62,6 +62,11 @@ public:
     {
         return m_truth[block * m_variables[exo_ELEMENT].size() + variable] != 0;
     }
+    /// Whether a set has a variable of its kind.
+    bool hasVariable(exo_VariableKindEnm kind, std::size_t set, std::size_t variable) const
+    {
+        return m_setTruth[kind == exo_SIDE_SET][set * m_variables[kind].size() + variable] != 0;
+    }
     /// Blocks and sets of edges and faces, which are read by nobody here.
     int numOtherEntities() const { return m_numOtherEntities; }
 
@@ -76,11 +81,16 @@ public:
     std::vector<int> nodesOf(const exo_Set& set) const;
     /// Positions of the elements of a side set, and their side numbers, which count from 1.
     void sidesOf(const exo_Set& set, std::vector<int>& elements, std::vector<int>& sides) const;
+    /// One value a global variable.
+    void globalValues(int step, std::vector<double>& values) const;
     /// One value a node. `values` is resized; a buffer to use again spares memory.
     void nodalValues(int step, std::size_t variable, std::vector<double>& values) const;
     /// One value an element of the block.
     void elementValues(int step, std::size_t variable, const exo_Block& block,
                        std::vector<double>& values) const;
+    /// One value a node of a node set, or a side of a side set.
+    void setValues(int step, exo_VariableKindEnm kind, std::size_t variable, const exo_Set& set,
+                   std::vector<double>& values) const;
 
 private:
     void check(int status, const char* what) const;
@@ -105,6 +115,7 @@ private:
     std::vector<double> m_times;
     std::vector<std::string> m_variables[exo_SIDE_SET + 1];
     std::vector<int> m_truth;
+    std::vector<int> m_setTruth[2]; // of node sets and side sets
 };
 
 #endif

@@ -9,6 +9,7 @@
 #include "target_file.h"
 #include "yld.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -76,9 +77,11 @@ public:
         const auto mention = [&](bool isThere, const char* what) {
             if (isThere) append(left, what, ", ");
         };
-        add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
-        add(m_reader.variables(exo_NODE_SET).size(), "node set variable", "node set variables");
-        add(m_reader.variables(exo_SIDE_SET).size(), "side set variable", "side set variables");
+        // Without times there is no step for them.
+        if (m_reader.times().empty())
+            add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
+        add(m_sideValuesLeftOut, "side set variable on a set with several sides of an element",
+            "side set variables on sets with several sides of an element");
         bool attributes = false;
         for (const exo_Block& block : m_reader.blocks())
             attributes = attributes || block.numAttributes > 0;
@@ -203,6 +206,7 @@ private:
             std::vector<int> labels = m_reader.nodesOf(set);
             for (int& label : labels)
                 label = m_nodeLabels[static_cast<std::size_t>(label)];
+            m_nodeSetLabels.push_back(m_reader.variables(exo_NODE_SET).empty() ? std::vector<int>() : labels);
             part.NodeSet(name.c_str(), sequence(labels));
             instance.NodeSet(name.c_str(), sequence(labels));
         }
@@ -250,6 +254,11 @@ private:
             m_reader.sidesOf(set, elements, sides);
             yld_Sequence<int> labels(set.size);
             yld_Sequence<yld_Enum::yld_ElementFaceEnum> faces(set.size);
+            m_sideSetElements.emplace_back();
+            if (!m_reader.variables(exo_SIDE_SET).empty())
+                for (const int element : elements)
+                    m_sideSetElements.back().push_back(labelOf[static_cast<std::size_t>(element)]);
+            m_isOnceEach.push_back(std::set<int>(elements.begin(), elements.end()).size() == elements.size());
             for (std::size_t i = 0; i < elements.size(); ++i) {
                 const auto element = static_cast<std::size_t>(elements[i]);
                 const auto face = faceOf(m_types[blockOf[element]]->sides, sides[i]);
@@ -269,20 +278,14 @@ private:
     {
         const std::vector<double>& times = m_reader.times();
         if (times.empty()) return;
-        const auto sameBlocks = [this](std::size_t a, std::size_t b) {
-            for (std::size_t block = 0; block < m_reader.blocks().size(); ++block)
-                if (m_reader.hasVariable(block, a) != m_reader.hasVariable(block, b)) return false;
-            return true;
-        };
-        const std::vector<tool_PlannedField> fields = tool_planFields(
-            m_reader.dimension(), m_reader.variables(exo_NODAL), m_reader.variables(exo_ELEMENT), sameBlocks,
-            [this](const std::string& note) { m_notes.push_back(note); });
+        const std::vector<tool_PlannedField> fields = planFields();
 
         const std::string fileName = std::filesystem::path(m_reader.path()).filename().string();
         const std::string description =
             m_reader.title().empty() ? "time steps of " + fileName : m_reader.title();
         yld_Step& step = m_database.Step("Step-1", description.c_str(), yld_Enum::TIME,
                                          times.back() > 0.0 ? times.back() : 1.0);
+        std::vector<yld_HistoryOutput> curves = addCurves(step);
         tool_Progress progress("importing", static_cast<int>(times.size()));
         for (std::size_t i = 0; i < times.size(); ++i) {
             {
@@ -292,12 +295,103 @@ private:
                     addField(frame, field, index, instance);
             }
             step.ClearFrameContainer();
+            m_reader.globalValues(static_cast<int>(i), m_column);
+            for (std::size_t c = 0; c < curves.size(); ++c)
+                curves[c].addData(times[i], static_cast<double>(single(m_column[c])));
             progress.show(static_cast<int>(i) + 1);
         }
     }
 
-    void addField(yld_Frame& frame, const tool_PlannedField& planned, int index, const yld_Instance& instance)
+    // A curve for each global variable, in their order.
+    std::vector<yld_HistoryOutput> addCurves(yld_Step& step)
     {
+        std::vector<yld_HistoryOutput> curves;
+        const std::vector<std::string>& variables = m_reader.variables(exo_GLOBAL);
+        if (variables.empty()) return curves;
+        const yld_HistoryPoint point(m_database.rootAssembly());
+        yld_HistoryRegion& region = step.HistoryRegion(point.shortText(), point.longText(), point);
+        std::set<std::string> given;
+        for (std::size_t i = 0; i < variables.size(); ++i) {
+            const std::string name =
+                uniqueName(variables[i], "global_", static_cast<std::int64_t>(i) + 1, given);
+            curves.push_back(region.HistoryOutput(name.c_str(), variables[i].c_str(), yld_Enum::SCALAR));
+        }
+        return curves;
+    }
+
+    std::vector<tool_PlannedField> planFields()
+    {
+        tool_Variables variables;
+        variables.dimension = m_reader.dimension();
+        variables.nodal = m_reader.variables(exo_NODAL);
+        variables.element = m_reader.variables(exo_ELEMENT);
+        variables.nodeSet = m_reader.variables(exo_NODE_SET);
+        variables.sideSet = m_reader.variables(exo_SIDE_SET);
+        variables.numBlocks = m_reader.blocks().size();
+        variables.hasVariable = [this](std::size_t block, std::size_t variable) {
+            return m_types[block] != nullptr && m_reader.hasVariable(block, variable);
+        };
+        variables.numPoints = [this](std::size_t block) {
+            return m_types[block] == nullptr ? 0 : m_types[block]->numPoints;
+        };
+        std::vector<tool_PlannedField> fields =
+            tool_planFields(variables, [this](const std::string& note) { m_notes.push_back(note); });
+        for (tool_PlannedField& field : fields)
+            if (field.type == tool_PlannedField::NINE) tool_settleNine(field, isSymmetric(field));
+        for (const tool_PlannedField& field : fields)
+            if (!field.sideSet.empty()) checkSides(field);
+        return fields;
+    }
+
+    // Whether nine components are those of a symmetric tensor, at all times: as exactly as a float can tell.
+    bool isSymmetric(const tool_PlannedField& field)
+    {
+        std::vector<std::vector<double>> nine(9);
+        const auto isMirrored = [&nine] {
+            for (std::size_t i = 0; i < nine[0].size(); ++i) {
+                double largest = 0.0;
+                for (const std::vector<double>& column : nine)
+                    largest = std::max(largest, std::fabs(column[i]));
+                for (const auto& [upper, below] : {std::pair(1, 3), std::pair(2, 6), std::pair(5, 7)})
+                    if (std::fabs(nine[static_cast<std::size_t>(upper)][i] -
+                                  nine[static_cast<std::size_t>(below)][i]) > 1e-6 * largest)
+                        return false;
+            }
+            return true;
+        };
+        for (std::size_t step = 0; step < m_reader.times().size(); ++step) {
+            const int index = static_cast<int>(step);
+            if (!field.nodal.empty()) {
+                for (std::size_t c = 0; c < 9; ++c)
+                    m_reader.nodalValues(index, field.nodal[c], nine[c]);
+                if (!isMirrored()) return false;
+            }
+            for (const std::size_t block : field.pointBlocks)
+                for (std::size_t q = 0; q < field.points.front().size(); ++q) {
+                    for (std::size_t c = 0; c < 9; ++c)
+                        m_reader.elementValues(index, field.points[c][q], m_reader.blocks()[block], nine[c]);
+                    if (!isMirrored()) return false;
+                }
+        }
+        return true;
+    }
+
+    // A value of a side is one of the whole element behind it: so no element may have two of them in a set.
+    void checkSides(const tool_PlannedField& field)
+    {
+        bool isTaken = false;
+        for (std::size_t s = 0; s < m_reader.sideSets().size(); ++s) {
+            if (!m_reader.hasVariable(exo_SIDE_SET, s, field.sideSet.front())) continue;
+            if (m_isOnceEach[s]) isTaken = true;
+            else ++m_sideValuesLeftOut;
+        }
+        if (isTaken) m_notes.push_back("side set variable \"" + field.name + "\" lies on the whole elements behind the sides");
+    }
+
+    yld_FieldOutput& makeField(yld_Frame& frame, const tool_PlannedField& planned)
+    {
+        const yld_String name(planned.name.c_str());
+        if (planned.type == tool_PlannedField::MATRIX) return frame.MatrixOutput(name, name, 3, 3);
         yld_Enum::yld_DataTypeEnum type = yld_Enum::SCALAR;
         std::vector<yld_Enum::yld_InvariantEnum> invariants;
         if (planned.type == tool_PlannedField::VECTOR) {
@@ -315,9 +409,17 @@ private:
         yld_Sequence<yld_Enum::yld_InvariantEnum> valid;
         for (const yld_Enum::yld_InvariantEnum invariant : invariants)
             valid.append(invariant);
-        yld_FieldOutput& field =
-            frame.FieldOutput(planned.name.c_str(), planned.name.c_str(), type, labels, valid);
+        return frame.FieldOutput(name, name, type, labels, valid);
+    }
 
+    void addField(yld_Frame& frame, const tool_PlannedField& planned, int index, const yld_Instance& instance)
+    {
+        yld_FieldOutput& field = makeField(frame, planned);
+        const auto write = [&](yld_Enum::yld_ResultPositionEnum position, const std::vector<int>& labels,
+                               std::size_t numRows, std::size_t width) {
+            field.addBulkData(position, instance, labels.data(), static_cast<int>(labels.size()), m_rows.data(),
+                              static_cast<int>(numRows), static_cast<int>(width));
+        };
         if (!planned.nodal.empty() && !m_nodeLabels.empty()) {
             const std::size_t width = planned.nodal.size();
             m_rows.resize(m_nodeLabels.size() * width);
@@ -325,24 +427,48 @@ private:
                 m_reader.nodalValues(index, planned.nodal[c], m_column);
                 fillColumn(c, width);
             }
-            field.addBulkData(yld_Enum::NODAL, instance, m_nodeLabels.data(),
-                              static_cast<int>(m_nodeLabels.size()), m_rows.data(),
-                              static_cast<int>(m_nodeLabels.size()), static_cast<int>(width));
+            write(yld_Enum::NODAL, m_nodeLabels, m_nodeLabels.size(), width);
         }
-        if (planned.element.empty()) return;
-        const std::size_t width = planned.element.size();
-        for (std::size_t b = 0; b < m_blockLabels.size(); ++b) {
-            if (m_types[b] == nullptr || !m_reader.hasVariable(b, planned.element.front())) continue;
-            const std::vector<int>& elements = m_blockLabels[b];
-            m_rows.resize(elements.size() * width);
+        for (const std::size_t b : planned.elementBlocks) {
+            const std::size_t width = planned.element.size();
+            m_rows.resize(m_blockLabels[b].size() * width);
             for (std::size_t c = 0; c < width; ++c) {
                 m_reader.elementValues(index, planned.element[c], m_reader.blocks()[b], m_column);
                 fillColumn(c, width);
             }
-            field.addBulkData(yld_Enum::CENTROID, instance, elements.data(),
-                              static_cast<int>(elements.size()), m_rows.data(),
-                              static_cast<int>(elements.size()), static_cast<int>(width));
+            write(yld_Enum::CENTROID, m_blockLabels[b], m_blockLabels[b].size(), width);
         }
+        for (const std::size_t b : planned.pointBlocks) {
+            const std::size_t width = planned.points.size();
+            const std::size_t numPoints = planned.points.front().size();
+            m_rows.resize(m_blockLabels[b].size() * numPoints * width);
+            for (std::size_t c = 0; c < width; ++c)
+                for (std::size_t q = 0; q < numPoints; ++q) {
+                    m_reader.elementValues(index, planned.points[c][q], m_reader.blocks()[b], m_column);
+                    fillColumn(q * width + c, numPoints * width);
+                }
+            write(yld_Enum::INTEGRATION_POINT, m_blockLabels[b], m_blockLabels[b].size() * numPoints, width);
+        }
+        for (const std::size_t variable : planned.nodeSet)
+            for (std::size_t s = 0; s < m_nodeSetLabels.size(); ++s) {
+                const exo_Set& set = m_reader.nodeSets()[s];
+                if (set.size == 0 || !m_reader.hasVariable(exo_NODE_SET, s, variable)) continue;
+                m_rows.resize(m_nodeSetLabels[s].size());
+                m_reader.setValues(index, exo_NODE_SET, variable, set, m_column);
+                fillColumn(0, 1);
+                write(yld_Enum::NODAL, m_nodeSetLabels[s], m_nodeSetLabels[s].size(), 1);
+            }
+        for (const std::size_t variable : planned.sideSet)
+            for (std::size_t s = 0; s < m_sideSetElements.size(); ++s) {
+                const exo_Set& set = m_reader.sideSets()[s];
+                if (set.size == 0 || !m_reader.hasVariable(exo_SIDE_SET, s, variable) ||
+                    !m_isOnceEach[s])
+                    continue;
+                m_rows.resize(m_sideSetElements[s].size());
+                m_reader.setValues(index, exo_SIDE_SET, variable, set, m_column);
+                fillColumn(0, 1);
+                write(yld_Enum::WHOLE_ELEMENT, m_sideSetElements[s], m_sideSetElements[s].size(), 1);
+            }
     }
 
     void fillColumn(std::size_t component, std::size_t width)
@@ -369,10 +495,14 @@ private:
     std::vector<int> m_nodeLabels;
     std::vector<std::vector<int>> m_blockLabels;
     std::vector<std::string> m_blockNames;
+    std::vector<std::vector<int>> m_nodeSetLabels;   // only where sets have variables
+    std::vector<std::vector<int>> m_sideSetElements; // the same; one label a side
+    std::vector<bool> m_isOnceEach;                  // whether no element has two sides in a set
     std::vector<double> m_column;
     std::vector<float> m_rows;
     std::vector<std::string> m_notes;
     std::size_t m_sidesLeftOut = 0;
+    std::size_t m_sideValuesLeftOut = 0;
     std::size_t m_valuesOutOfRange = 0;
 };
 

@@ -52,6 +52,18 @@ std::string tool_numberText(double number)
     return std::string(shortest(number, buffer));
 }
 
+std::string tool_validUtf8(std::string_view text)
+{
+    std::string valid;
+    while (!text.empty()) {
+        const std::size_t length = characterLength(text);
+        if (length == 0) valid += "\xef\xbf\xbd";
+        else valid += text.substr(0, length);
+        text.remove_prefix(length == 0 ? 1 : length);
+    }
+    return valid;
+}
+
 tool_JsonWriter& tool_JsonWriter::key(std::string_view name)
 {
     separate();
@@ -72,6 +84,13 @@ tool_JsonWriter& tool_JsonWriter::value(int number)
 {
     separate();
     m_output << number;
+    return *this;
+}
+
+tool_JsonWriter& tool_JsonWriter::value(long long number)
+{
+    separate();
+    m_output << std::to_string(number);
     return *this;
 }
 

@@ -10,6 +10,9 @@
 std::string tool_numberText(float number);
 std::string tool_numberText(double number);
 
+/// The text with U+FFFD in the place of each byte that is not UTF-8.
+std::string tool_validUtf8(std::string_view text);
+
 /// Writes one JSON document as it comes, so that a million values need no memory. Commas and nesting are
 /// looked after; keys and values must come in turn. Text that is not UTF-8 gets U+FFFD in the place of each
 /// bad byte. Numbers are printed so that they read back exactly; NaN and the infinities, which JSON has not,
@@ -28,6 +31,7 @@ public:
     tool_JsonWriter& value(std::string_view text);
     tool_JsonWriter& value(const char* text) { return value(std::string_view(text)); }
     tool_JsonWriter& value(int number);
+    tool_JsonWriter& value(long long number);
     tool_JsonWriter& value(float number);
     tool_JsonWriter& value(double number);
 

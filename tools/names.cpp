@@ -149,3 +149,14 @@ tool_Database::~tool_Database()
         // Opened for reading alone: nothing is lost.
     }
 }
+
+yld_Step& tool_findStep(yld_Yld& database, const std::string& path, const std::string& name)
+{
+    yld_StepRepository& steps = database.steps();
+    const std::vector<std::string> names = tool_texts(steps.stepNames());
+    if (names.empty()) throw tool_Failure("no steps: " + path);
+    const std::string& wanted = name.empty() ? names.back() : name;
+    if (!steps.isMember(wanted.c_str()))
+        throw tool_Failure("no step \"" + wanted + "\" in " + path + tool_choices(names));
+    return steps.get(wanted.c_str());
+}

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+class yld_Step;
 class yld_Yld;
 
 /// The enumerator as text, for example "NODAL"; its number for one that has no name.
@@ -44,5 +45,9 @@ public:
 private:
     yld_Yld* m_database;
 };
+
+/// The step of that name; the last one for an empty name. Raises tool_Failure. @param path  of the database, for the
+/// message
+yld_Step& tool_findStep(yld_Yld& database, const std::string& path, const std::string& name);
 
 #endif

@@ -54,3 +54,14 @@ void tool_Output::write()
     }
     m_buffer.clear();
 }
+
+std::string tool_csvCell(const std::string& text)
+{
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"') quoted.push_back('"');
+        quoted.push_back(c);
+    }
+    return quoted + '"';
+}

@@ -40,4 +40,7 @@ private:
     std::string m_buffer;
 };
 
+/// A cell of a comma-separated table: in quotes where it has to be.
+std::string tool_csvCell(const std::string& text);
+
 #endif

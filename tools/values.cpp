@@ -92,18 +92,6 @@ void printJson(const tool_ValuesRequest& request, const std::string& step, int f
     output << '\n';
 }
 
-// A cell of a comma-separated table: in quotes where it has to be.
-std::string csvCell(const std::string& text)
-{
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    std::string quoted = "\"";
-    for (const char c : text) {
-        if (c == '"') quoted.push_back('"');
-        quoted.push_back(c);
-    }
-    return quoted + '"';
-}
-
 void printCsv(const Layout& layout, const std::vector<Block>& blocks, tool_Output& output)
 {
     output << "instance,position";
@@ -112,7 +100,7 @@ void printCsv(const Layout& layout, const std::vector<Block>& blocks, tool_Outpu
     if (layout.hasPoint) output << ",point";
     if (layout.hasSectionPoint) output << ",sectionPoint";
     for (const std::string& heading : layout.headings)
-        output << ',' << csvCell(heading);
+        output << ',' << tool_csvCell(heading);
     output << '\n';
     const auto label = [&](bool isColumn, const int* labels, int row) {
         if (!isColumn) return;
@@ -120,7 +108,7 @@ void printCsv(const Layout& layout, const std::vector<Block>& blocks, tool_Outpu
         if (labels != nullptr) output << labels[row];
     };
     for (const Block& block : blocks) {
-        const std::string start = csvCell(block.instance) + ',' + block.position;
+        const std::string start = tool_csvCell(block.instance) + ',' + block.position;
         for (int row = 0; row < block.bulk.length(); ++row) {
             output << start;
             label(layout.hasNode, block.nodes, row);
@@ -176,17 +164,6 @@ void printTable(const Layout& layout, const std::vector<Block>& blocks, tool_Out
         }
 }
 
-yld_Step& findStep(yld_Yld& database, const tool_ValuesRequest& request)
-{
-    yld_StepRepository& steps = database.steps();
-    const std::vector<std::string> names = tool_texts(steps.stepNames());
-    if (names.empty()) throw tool_Failure("no steps: " + request.path);
-    const std::string& name = request.step.empty() ? names.back() : request.step;
-    if (!steps.isMember(name.c_str()))
-        throw tool_Failure("no step \"" + name + "\" in " + request.path + tool_choices(names));
-    return steps.get(name.c_str());
-}
-
 int findFrame(yld_Step& step, const tool_ValuesRequest& request)
 {
     const int count = step.frames().size();
@@ -210,7 +187,7 @@ bool contains(const Names& names, const std::string& name)
 void tool_values(const tool_ValuesRequest& request)
 {
     tool_Database database(request.path);
-    yld_Step& step = findStep(*database, request);
+    yld_Step& step = tool_findStep(*database, request.path, request.step);
     const int index = findFrame(step, request);
     const yld_Frame& frame = step.frames(index);
     const std::string where =

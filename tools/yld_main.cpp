@@ -1,6 +1,7 @@
 // The command line tool: looks into results databases and makes them from result files of other programs.
 
 #include "failure.h"
+#include "history.h"
 #include "import.h"
 #include "info.h"
 #include "names.h"
@@ -93,6 +94,39 @@ int main(int argc, char** argv)
                          : valuesAsCsv ? tool_ValuesRequest::CSV
                                        : tool_ValuesRequest::TABLE;
         command = [&] { tool_values(request); };
+    });
+
+    tool_HistoryRequest curves;
+    bool historyAsJson = false;
+    bool historyAsCsv = false;
+    CLI::App* const history =
+        app.add_subcommand("history", "List the history of a step, print or draw curves of it");
+    history->add_option("FILE", curves.path, "The database")->required();
+    history->add_option("--step", curves.step, "Name of the step; the last one if left out");
+    history->add_option("--region", curves.region, "Print the curves of this region");
+    history->add_option("--output", curves.output, "Print the curves of this name");
+    CLI::Option* const historyCsv = history->add_flag("--csv", historyAsCsv, "Comma-separated, a heading first");
+    CLI::Option* const historyJson =
+        history->add_flag("--json", historyAsJson, "One JSON object; what is no number is null")->excludes(historyCsv);
+    CLI::Option* const plot =
+        history
+            ->add_option("--plot", curves.picture,
+                         "Draw the curves: on the terminal, or into a file whose name ends in .svg")
+            ->expected(0, 1)
+            ->excludes(historyCsv)
+            ->excludes(historyJson)
+            ->check([](const std::string& name) {
+                const bool isPicture = name.size() > 4 && name.compare(name.size() - 4, 4, ".svg") == 0;
+                return name.empty() || isPicture ? std::string() : "the name of a picture ends in .svg, not as in " + name;
+            });
+    history->footer(
+        "Without --region and --output the curves are listed. Numbers read back as what the file holds.");
+    history->callback([&] {
+        curves.format = plot->count() > 0 ? tool_HistoryRequest::PLOT
+                        : historyAsJson   ? tool_HistoryRequest::JSON
+                        : historyAsCsv    ? tool_HistoryRequest::CSV
+                                          : tool_HistoryRequest::TABLE;
+        command = [&] { tool_history(curves); };
     });
 
     std::string source;

@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -127,14 +128,47 @@ public:
     std::array<Hex8::Stress, Hex8::numPoints> stresses(int element,
                                                        const Eigen::VectorXd& displacements) const
     {
-        const std::array<int, Hex8::numNodes> nodes = m_mesh.element(element);
-        Hex8::Displacements local;
-        for (int n = 0; n < Hex8::numNodes; ++n)
-            local.segment<3>(3 * n) = displacements.segment<3>(3 * nodes[static_cast<std::size_t>(n)]);
-        return m_elements[static_cast<std::size_t>(element)].stresses(local);
+        return m_elements[static_cast<std::size_t>(element)].stresses(
+            localDisplacements(m_mesh.element(element), displacements));
+    }
+
+    /// The force with which the clamp holds the bar, upwards: what the elements at the root put on its nodes.
+    double reaction(const Eigen::VectorXd& displacements) const
+    {
+        double force = 0.0;
+        for (int e = 0; e < m_mesh.numElements(); ++e) {
+            if (!m_mesh.isRootElement(e)) continue;
+            const std::array<int, Hex8::numNodes> nodes = m_mesh.element(e);
+            const Eigen::VectorXd forces =
+                m_elements[static_cast<std::size_t>(e)].stiffness() * localDisplacements(nodes, displacements);
+            for (int n = 0; n < Hex8::numNodes; ++n)
+                if (m_mesh.isRoot(nodes[static_cast<std::size_t>(n)])) force += forces[3 * n + 2];
+        }
+        return force;
+    }
+
+    /// How far the tip has gone down, on average over its nodes.
+    double tipDeflection(const Eigen::VectorXd& displacements) const
+    {
+        double sum = 0.0;
+        int count = 0;
+        for (int node = 0; node < m_mesh.numNodes(); ++node) {
+            if (!m_mesh.isTip(node)) continue;
+            sum -= displacements[3 * node + 2];
+            ++count;
+        }
+        return sum / count;
     }
 
 private:
+    static Hex8::Displacements localDisplacements(const std::array<int, Hex8::numNodes>& nodes,
+                                                  const Eigen::VectorXd& displacements)
+    {
+        Hex8::Displacements local;
+        for (int n = 0; n < Hex8::numNodes; ++n)
+            local.segment<3>(3 * n) = displacements.segment<3>(3 * nodes[static_cast<std::size_t>(n)]);
+        return local;
+    }
     int freedom(const std::array<int, Hex8::numNodes>& nodes, int local) const
     {
         return m_freedoms[static_cast<std::size_t>(3 * nodes[static_cast<std::size_t>(local / 3)] +
@@ -149,8 +183,9 @@ private:
 };
 
 // Writes the model: part, instance, sets.
-yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh, yld_Sequence<int>& nodes, yld_Sequence<int>& elements)
+yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh)
 {
+    yld_Sequence<int> nodes, elements;
     yld_Part& part = db.Part("bar", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
     yld_Sequence<yld_Sequence<float>> points;
     yld_Sequence<int> root, tip;
@@ -190,24 +225,19 @@ yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh, yld_Sequence<int>& nodes
     return instance;
 }
 
-void writeFrame(yld_Step& step, int increment, const Mesh& mesh, const Structure& structure,
-                const yld_Instance& instance, const yld_Sequence<int>& nodes,
-                const yld_Sequence<int>& elements)
+void writeFrame(yld_Step& step, int increment, double fraction, const Eigen::VectorXd& displacements,
+                const Mesh& mesh, const Structure& structure, const yld_Instance& instance,
+                const std::vector<int>& nodes, const std::vector<int>& elements)
 {
-    const double fraction = static_cast<double>(increment) / Cantilever::increments;
-    const Eigen::VectorXd displacements = structure.solve(fraction * Cantilever::load);
     yld_Frame frame = step.Frame(increment, fraction, ("increment " + std::to_string(increment)).c_str());
 
     yld_Sequence<yld_Enum::yld_InvariantEnum> length;
     length.append(yld_Enum::MAGNITUDE);
     yld_FieldOutput& u =
         frame.FieldOutput("U", "displacement", yld_Enum::VECTOR, yld_Sequence<yld_String>(), length);
-    yld_Sequence<yld_Sequence<float>> rows;
-    for (int i = 0; i < mesh.numNodes(); ++i) {
-        const Eigen::Vector3f value = displacements.segment<3>(3 * i).cast<float>();
-        rows.append(yld_Sequence<float>(value.data(), 3));
-    }
-    u.addData(yld_Enum::NODAL, instance, nodes, rows);
+    // What a solver has is an array already: it goes out as it is.
+    const Eigen::VectorXf rows = displacements.cast<float>();
+    u.addBulkData(yld_Enum::NODAL, instance, nodes.data(), mesh.numNodes(), rows.data(), mesh.numNodes(), 3);
 
     yld_Sequence<yld_Enum::yld_InvariantEnum> invariants;
     for (const auto invariant : {yld_Enum::MISES, yld_Enum::TRESCA, yld_Enum::PRESS, yld_Enum::INV3,
@@ -215,13 +245,13 @@ void writeFrame(yld_Step& step, int increment, const Mesh& mesh, const Structure
         invariants.append(invariant);
     yld_FieldOutput& s =
         frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL, yld_Sequence<yld_String>(), invariants);
-    yld_Sequence<yld_Sequence<float>> stresses;
+    std::vector<float> stresses;
     for (int e = 0; e < mesh.numElements(); ++e)
-        for (const Hex8::Stress& stress : structure.stresses(e, displacements)) {
-            const Eigen::Matrix<float, 6, 1> value = stress.cast<float>();
-            stresses.append(yld_Sequence<float>(value.data(), 6));
-        }
-    s.addData(yld_Enum::INTEGRATION_POINT, instance, elements, stresses);
+        for (const Hex8::Stress& stress : structure.stresses(e, displacements))
+            for (int i = 0; i < 6; ++i)
+                stresses.push_back(static_cast<float>(stress[i]));
+    s.addBulkData(yld_Enum::INTEGRATION_POINT, instance, elements.data(), mesh.numElements(), stresses.data(),
+                  static_cast<int>(stresses.size() / 6), 6);
 }
 
 int division(const char* text)
@@ -243,11 +273,26 @@ void analyse(const std::string& path, const Divisions& divisions)
     const Structure structure(mesh);
     yld_Yld& db =
         Yld("cantilever", "Cantilever of hexahedra", "clamped bar, end load in ten increments", path.c_str());
-    yld_Sequence<int> nodes, elements;
-    const yld_Instance& instance = writeModel(db, mesh, nodes, elements);
+    const yld_Instance& instance = writeModel(db, mesh);
+    std::vector<int> nodes(static_cast<std::size_t>(mesh.numNodes()));
+    std::vector<int> elements(static_cast<std::size_t>(mesh.numElements()));
+    std::iota(nodes.begin(), nodes.end(), 1);
+    std::iota(elements.begin(), elements.end(), 1);
     yld_Step& step = db.Step("load", "the end load grows to its full size", yld_Enum::TIME, 1.0);
-    for (int increment = 1; increment <= Cantilever::increments; ++increment)
-        writeFrame(step, increment, mesh, structure, instance, nodes, elements);
+    // Curves over the step: each increment adds a pair to both.
+    yld_HistoryOutput& deflection =
+        step.HistoryRegion("tip", "the free end", yld_HistoryPoint(instance.nodeSets().constGet("tip")))
+            .HistoryOutput("deflection", "mean deflection of the end, downwards [m]", yld_Enum::SCALAR);
+    yld_HistoryOutput& reaction =
+        step.HistoryRegion("root", "the clamped end", yld_HistoryPoint(instance.nodeSets().constGet("root")))
+            .HistoryOutput("reaction", "force of the clamp, upwards [N]", yld_Enum::SCALAR);
+    for (int increment = 1; increment <= Cantilever::increments; ++increment) {
+        const double fraction = static_cast<double>(increment) / Cantilever::increments;
+        const Eigen::VectorXd displacements = structure.solve(fraction * Cantilever::load);
+        writeFrame(step, increment, fraction, displacements, mesh, structure, instance, nodes, elements);
+        deflection.addData(fraction, structure.tipDeflection(displacements));
+        reaction.addData(fraction, structure.reaction(displacements));
+    }
     saveYld(db);
     db.close();
     std::printf("%s: %d nodes, %d elements, %d increments\n", path.c_str(), mesh.numNodes(),

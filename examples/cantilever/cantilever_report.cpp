@@ -128,6 +128,26 @@ Place placeOf(const yld_Instance& instance, const Peak& peak)
     return place;
 }
 
+// The curves that the analysis wrote along the way: the deflection must be that of the frames, the reaction the load.
+void printHistory(const yld_Step& step, double deflection, double force)
+{
+    const auto& regions = step.historyRegions();
+    const yld_Sequence<yld_String> names = regions.keys();
+    for (int r = 0; r < names.size(); ++r) {
+        const yld_HistoryRegion& region = regions.constGet(names[r]);
+        const yld_Sequence<yld_String> outputs = region.historyOutputs().keys();
+        for (int o = 0; o < outputs.size(); ++o) {
+            const yld_HistoryOutput& output = region.historyOutput(outputs[o]);
+            const yld_Sequence<yld_Sequence<float>> pairs = output.data();
+            const auto last = static_cast<double>(pairs[pairs.size() - 1][1]);
+            const double expected = output.name() == "reaction" ? force : deflection;
+            std::printf("history %s of %s: %s; %d pairs, %.6g at the end, difference %.4f%%\n", output.name().cStr(),
+                        region.name().cStr(), output.description().cStr(), pairs.size(), last,
+                        100.0 * (last - expected) / expected);
+        }
+    }
+}
+
 void report(const char* path)
 {
     yld_Yld& db = openYld(path, true);
@@ -158,6 +178,7 @@ void report(const char* path)
                     "with shear (Timoshenko) %.6g, difference %.3f%%\n",
                     deflection, bending, 100.0 * (deflection - bending) / bending, theory,
                     100.0 * (deflection - theory) / theory);
+        printHistory(step, deflection, force);
         const Peak peak = largestMises(last, compared);
         const Place place = placeOf(instance, peak);
         const double expected = Cantilever::mises(force, place.x, place.z);

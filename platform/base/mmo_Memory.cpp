@@ -3,6 +3,10 @@
 #include <cstdlib>
 #include <new>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 // The C library may answer a request for no bytes with a null pointer, which would look like a failure.
 void* mmo_Malloc(std::size_t bytes)
 {
@@ -25,4 +29,11 @@ void* mmo_Realloc(void* block, std::size_t bytes)
 void mmo_Free(void* block) noexcept
 {
     std::free(block);
+}
+
+void mmo_GiveBack() noexcept
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }

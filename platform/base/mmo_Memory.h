@@ -17,4 +17,8 @@ YLD_API void* mmo_Realloc(void* block, std::size_t bytes);
 /// A null pointer is allowed.
 YLD_API void mmo_Free(void* block) noexcept;
 
+/// Hands memory that is free back to the system, which otherwise keeps counting it as the process's own.
+/// Cost: a look at all free blocks; for moments at which much was let go of.
+void mmo_GiveBack() noexcept;
+
 #endif

@@ -130,8 +130,8 @@ using eng_TensorFloat = eng_Tensor<float>;
 using eng_TensorDouble = eng_Tensor<double>;
 
 /// Mises values of many rows that follow each other: `rows` times the components of the type in, one float
-/// each out. Sums run in double precision. A type code that is no tensor's writes zeros. Nothing is
-/// allocated.
+/// each out. Sums of floats run in single precision where their squares fit its range, and are then good to 3e-7;
+/// all others in double. A type code that is no tensor's writes zeros. Nothing is allocated.
 void eng_mises(int typeCode, const float* data, std::size_t rows, bool engineering, float* out);
 void eng_mises(int typeCode, const double* data, std::size_t rows, bool engineering, float* out);
 

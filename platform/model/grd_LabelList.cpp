@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 
 void grd_LabelIndex::enter(int label, int place)
 {
@@ -77,8 +78,29 @@ void grd_LabelList::append(const int* labels, int count)
     m_labels.append(labels, count);
 }
 
+int grd_LabelList::findStretch(const int* labels, int count) const
+{
+    const int length = size();
+    if (count <= 0 || count > length || labels[0] < m_smallest || labels[0] > m_largest) return -1;
+    const int* all = m_labels.data();
+    // A look at every label costs less than an index, unless it is for a few labels only.
+    constexpr int fewOfMany = 64;
+    int first = 0;
+    if (m_ascending || count < length / fewOfMany) {
+        first = find(labels[0]);
+    } else {
+        first = static_cast<int>(std::find(all, all + length, labels[0]) - all);
+    }
+    if (first < 0 || first > length - count) return -1;
+    return std::equal(labels, labels + count, all + first) ? first : -1;
+}
+
 int grd_LabelList::findAll(const int* labels, int count, int* places) const
 {
+    if (const int first = findStretch(labels, count); first >= 0) {
+        if (places) std::iota(places, places + count, first);
+        return count;
+    }
     int last = -1;
     for (int i = 0; i < count; ++i) {
         last = find(labels[i], last + 1);

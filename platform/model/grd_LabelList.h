@@ -15,6 +15,7 @@ public:
     /// @param labels  the list from its beginning, at least as far as at the last call
     /// @return the place of the label among the first `count`, or -1
     int find(const int* labels, int count, int label);
+    int size() const { return m_indexed; }
     /// Room for that many labels, so that they come in without being moved.
     void reserve(int count);
 
@@ -57,6 +58,13 @@ public:
     /// @param places  room for `count` places, or null
     /// @return the position of the first label that is not in the list, or `count`
     int findAll(const int* labels, int count, int* places) const;
+
+    /// The place of the first of these labels if they are a stretch of the list in the list's own order, else -1.
+    /// One comparison of the two arrays; neither sorts nor builds an index over a list without order, as long as the
+    /// labels are many.
+    int findStretch(const int* labels, int count) const;
+    /// How many labels the index covers by now: 0 as long as no search has needed one.
+    int numIndexed() const { return m_index ? m_index->size() : 0; }
 
     /// The position of the first label that stands in the list already, or `count`.
     int firstPresent(const int* labels, int count) const;

@@ -3,6 +3,7 @@
 #include "platform/store/fio_Error.h"
 
 #include <limits>
+#include <numeric>
 
 std::string setC_Set::key(int type, const std::string& label)
 {
@@ -73,6 +74,17 @@ void setC_Set::append(int meshIndex, int classIndex, int subsetType, const int* 
     const int row[numbers] = {meshIndex, classIndex, subsetType, count, run ? members[0] : -1, facets ? 1 : 0};
     m_subsets.insert(m_subsets.end(), row, row + numbers);
     if (!run) m_members.append(members, count);
+}
+
+void setC_Set::appendRun(int meshIndex, int classIndex, int subsetType, int first, int count)
+{
+    if (!m_subsets.empty()) {
+        std::vector<int> members(static_cast<std::size_t>(count));
+        std::iota(members.begin(), members.end(), first);
+        append(meshIndex, classIndex, subsetType, members.data(), nullptr, count);
+        return;
+    }
+    m_subsets = {meshIndex, classIndex, subsetType, count, first, 0};
 }
 
 void setC_Set::clear()

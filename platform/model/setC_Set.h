@@ -63,6 +63,8 @@ public:
     /// Appends a subset; members that are consecutive numbers are kept as a run.
     /// @param facets  one a member, or null
     void append(int meshIndex, int classIndex, int subsetType, const int* members, const int* facets, int count);
+    /// Appends consecutive members without a list of them.
+    void appendRun(int meshIndex, int classIndex, int subsetType, int first, int count);
     /// Takes all subsets away.
     void clear();
     /// Raises when the parts of the row do not fit each other.

@@ -48,6 +48,7 @@ public:
         visit("clamp type", self.m_clampType);
         visit("min clamp", self.m_minClamp);
         visit("max clamp", self.m_maxClamp);
+        visit("load coordinate system", self.m_loadCoordSystem);
     }
 
     fld_DataTypeEnm dataType() const { return static_cast<fld_DataTypeEnm>(m_dataType); }
@@ -90,6 +91,7 @@ public:
     int m_clampType = 0;    ///< 1 lower, 2 upper, 3 both
     float m_minClamp = 0.0F;
     float m_maxClamp = 0.0F;
+    int m_loadCoordSystem = 0; ///< 1 for vectors and tensors, 3 for scalars, 0 where the writer does not say
 };
 
 #endif

@@ -42,7 +42,8 @@ shr_String rmt_RemoteConnectionsRep::MapRemotePathToUrl(const msg_StringBase& pa
 {
     const shr_String name = ExtractRemoteConnectionName(path);
     if (name.empty()) {
-        exc_TextException(msg_Format("\"%s\" does not go through a remote connection.", path)).Throw(__FILE__, __LINE__);
+        exc_TextException(msg_Format("\"%s\" does not go through a remote connection.", path))
+            .Throw(__FILE__, __LINE__);
     }
     const shr_String file = path.substr(name.length() + 1);
     if (file.empty()) exc_TextException(msg_Format("\"%s\" names no file.", path)).Throw(__FILE__, __LINE__);

@@ -13,7 +13,7 @@ class sto_ApiExtension : public pcl_Class<sto_ApiExtension>
 {
 public:
     static constexpr const char* className = "sto_ApiExtension";
-    static constexpr unsigned classId = 0x00400002;
+    static constexpr unsigned classId = 0x00400020;
     static constexpr int classVersion = 1;
     template<class Self, class V> static void attributes(Self& self, V&& visit)
     {

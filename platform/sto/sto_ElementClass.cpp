@@ -6,7 +6,9 @@
 #include "platform/store/fio_File.h"
 #include "platform/text/exc_Exception.h"
 
+#include <algorithm>
 #include <limits>
+#include <numeric>
 
 void sto_ElemCtrlParams::SetElemCtrlParams(const char* text1, double value2, double value3, double value4,
                                            const char* text5, const char* text6, double value7, bool flag8,
@@ -94,6 +96,17 @@ int sto_ElementData::firstElementIndex(int classIndex) const
     return static_cast<int>(total);
 }
 
+int sto_ElementData::findStretch(const int* labels, int count, int& classIndex) const
+{
+    for (int i = 0; i < numClasses(); ++i) {
+        const int first = elementClass(i, 0).data()->m_labels.findStretch(labels, count);
+        if (first < 0) continue;
+        classIndex = i;
+        return first;
+    }
+    return -1;
+}
+
 int sto_ElementData::CheckUserElementLabels(const int* labels, int count) const
 {
     return GetElementIndices(labels, count, nullptr, nullptr);
@@ -101,6 +114,12 @@ int sto_ElementData::CheckUserElementLabels(const int* labels, int count) const
 
 int sto_ElementData::GetElementIndices(const int* labels, int count, int* classes, int* indices) const
 {
+    int only = -1;
+    if (const int first = findStretch(labels, count, only); first >= 0) {
+        if (classes) std::fill_n(classes, count, only);
+        if (indices) std::iota(indices, indices + count, first);
+        return count;
+    }
     std::vector<sto_ElementClass> all;
     for (int i = 0; i < numClasses(); ++i) all.push_back(elementClass(i, 0));
     std::size_t current = 0;

@@ -21,16 +21,24 @@ std::string_view nameIn(std::string_view keyText)
     return keyText;
 }
 
+void checkSize(const fld_FieldDescription& description, int storageType, const fio_Buffer& values,
+               const fio_Buffer& conjugate, const std::shared_ptr<fio_FileBody>& file)
+{
+    const std::size_t bytes = static_cast<std::size_t>(description.m_length) *
+                              static_cast<std::size_t>(description.m_width) *
+                              (storageType == 1 ? sizeof(double) : sizeof(float));
+    if (values.size() != bytes || (!conjugate.isEmpty() && conjugate.size() != bytes)) {
+        fio_raise(file->path(),
+                  "the values of field \"" + description.m_label + "\" have another size than its description");
+    }
+}
+
 lnk_ShortCut<fld_Field> create(const sto_FieldDescription& description, int key, const fio_Buffer& values,
                                const fio_Buffer& conjugate, const lnk_ShortCut<fld_Field>& orientation, int storageType)
 {
     const auto& file = description.shortCut().file();
     const std::shared_ptr<const fld_FieldDescription> data = description.data();
-    const std::size_t bytes = static_cast<std::size_t>(data->m_length) * static_cast<std::size_t>(data->m_width) *
-                              (storageType == 1 ? sizeof(double) : sizeof(float));
-    if (values.size() != bytes || (!conjugate.isEmpty() && conjugate.size() != bytes)) {
-        fio_raise(file->path(), "the values of field \"" + data->m_label + "\" have another size than its description");
-    }
+    checkSize(*data, storageType, values, conjugate, file);
     fld_Field field;
     field.m_key = key;
     field.m_description = description.shortCut();
@@ -127,6 +135,32 @@ sto_Field sto_FieldFrame::Field(const sto_FieldDescription& description, int key
     m_frame.replace(frame);
     frame->m_fields.append(description.data()->keyName(), field);
     return sto_Field(field);
+}
+
+sto_Field sto_FieldFrame::find(const sto_FieldDescription& description) const
+{
+    const std::shared_ptr<const fld_Frame> frame = m_frame.fetch();
+    const std::string name = description.data()->keyName();
+    for (int i = frame->m_fields.size(); i-- > 0;) {
+        if (frame->m_fields.key(i) != name) continue;
+        const lnk_ShortCut<fld_Field> field = frame->m_fields.at(i);
+        if (field.fetch()->m_description == description.shortCut()) return sto_Field(field);
+    }
+    return {};
+}
+
+void sto_FieldFrame::Replace(const sto_Field& field, const fio_Buffer& values, const fio_Buffer& conjugate) const
+{
+    const auto& file = field.shortCut().file();
+    const std::shared_ptr<fld_Field> changed = field.shortCut().fetchWritable();
+    checkSize(*field.fieldDescription().data(), 0, values, conjugate, file);
+    changed->m_values.adopt(values);
+    changed->m_values.toDisk(file);
+    if (!conjugate.isEmpty()) {
+        changed->m_conjugate.adopt(conjugate);
+        changed->m_conjugate.toDisk(file);
+    }
+    field.shortCut().replace(changed);
 }
 
 sto_Field sto_FieldFrame::Orientation(const sto_FieldDescription& description, int key, const fio_Buffer& values,

@@ -45,6 +45,12 @@ public:
     /// @param orientation  what Orientation() gave; an empty handle for none
     sto_Field Field(const sto_FieldDescription& description, int key, const fio_Buffer& values,
                     const fio_Buffer& conjugate, const sto_Field& orientation, int storageType = 0);
+    /// The last field of this frame with a description; an empty handle where there is none. Reads rows of fields of
+    /// the same name, position and type alone.
+    sto_Field find(const sto_FieldDescription& description) const;
+    /// Puts other values, in single precision, in the place of those of a field of this frame. Handles that have read
+    /// the field keep what they have read.
+    void Replace(const sto_Field& field, const fio_Buffer& values, const fio_Buffer& conjugate) const;
     /// Keeps the local systems of a block. They have no name in the frame; the block refers to them.
     sto_Field Orientation(const sto_FieldDescription& description, int key, const fio_Buffer& values, int storageType = 0);
 

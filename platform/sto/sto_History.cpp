@@ -32,7 +32,13 @@ sto_ElementClass sto_History::elementClass() const
     return mesh.elementData().elementClass(history->m_classIndex);
 }
 
-long long sto_History::numValues() const { return m_history.fetch()->m_values.fetch()->m_rows; }
+long long sto_History::numValues() const
+{
+    const std::shared_ptr<const fld_Series> values = m_history.fetch()->m_values.fetch();
+    // Callers take memory for as many: a damaged number must not pass for one.
+    values->verify(m_history.file());
+    return values->m_rows;
+}
 
 int sto_History::numColumns() const { return m_history.fetch()->m_values.fetch()->m_columns; }
 

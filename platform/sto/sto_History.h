@@ -47,7 +47,7 @@ public:
 
     sto_HistoryClock clock() const { return sto_HistoryClock(m_history.fetch()->m_clock); }
 
-    /// How many rows of values there are.
+    /// How many rows of values there are. Reads none, but looks once whether the file has as many.
     long long numValues() const;
     /// 1, or 2 with an imaginary half.
     int numColumns() const;

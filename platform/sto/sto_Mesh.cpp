@@ -307,15 +307,26 @@ sto_Set sto_Mesh::temporarySet(int type, const std::string& name, const int* lab
 
 void sto_Mesh::appendNodes(setC_Set& set, const int* labels, int count) const
 {
-    std::vector<int> places(static_cast<std::size_t>(count));
     const std::shared_ptr<const mshK_Mesh> body = mesh();
-    const int bad = sto_NodeData(body->m_nodeData).GetNodeIndices(labels, count, places.data());
+    const sto_NodeData nodes(body->m_nodeData);
+    const int first = nodes.isValid() ? nodes.data()->m_labels.findStretch(labels, count) : -1;
+    if (first >= 0) {
+        set.appendRun(body->m_meshIndex, -1, setC_SubSet::nodes, first, count);
+        return;
+    }
+    std::vector<int> places(static_cast<std::size_t>(count));
+    const int bad = nodes.GetNodeIndices(labels, count, places.data());
     if (bad < count) throw exc_TextException(msg_Format("Invalid node label %d", labels[bad]));
     set.append(body->m_meshIndex, -1, setC_SubSet::nodes, places.data(), nullptr, count);
 }
 
 void sto_Mesh::appendElements(setC_Set& set, const int* labels, int count) const
 {
+    int classIndex = -1;
+    if (const int first = elementData().findStretch(labels, count, classIndex); first >= 0) {
+        set.appendRun(meshIndex(), classIndex, setC_SubSet::elements, first, count);
+        return;
+    }
     std::vector<int> classes(static_cast<std::size_t>(count));
     std::vector<int> places(static_cast<std::size_t>(count));
     const int bad = elementData().GetElementIndices(labels, count, classes.data(), places.data());

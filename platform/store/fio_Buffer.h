@@ -2,7 +2,6 @@
 #define FIO_BUFFER_H
 
 #include <cstddef>
-#include <cstdlib>
 #include <memory>
 
 /// Counted, aligned bytes. Copies share them. Not initialised when made.
@@ -12,15 +11,9 @@ public:
     static constexpr std::size_t alignment = 64;
 
     fio_Buffer() = default;
-    explicit fio_Buffer(std::size_t bytes) : m_size(bytes)
-    {
-        if (bytes == 0) return;
-        const std::size_t rounded = (bytes + alignment - 1) / alignment * alignment;
-        if (rounded < bytes) throw std::bad_alloc();
-        void* memory = std::aligned_alloc(alignment, rounded);
-        if (!memory) throw std::bad_alloc();
-        m_memory.reset(memory, std::free);
-    }
+    /// Large ones are in large pages where the system has them: filling small pages for the first time takes as long
+    /// as reading what goes into them.
+    explicit fio_Buffer(std::size_t bytes);
 
     std::size_t size() const { return m_size; }
     const char* data() const { return static_cast<const char*>(m_memory.get()); }

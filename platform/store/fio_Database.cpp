@@ -6,8 +6,10 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,7 +20,7 @@ constexpr int longestValue = 64 << 20;
 
 constexpr const char* mapFile = "PRAGMA mmap_size = 0x7fffffffffff";
 // Pages read through the map stay resident; having read this much, the map is taken down and made anew.
-constexpr long long mostMappedBytes = 128LL << 20;
+constexpr long long mostMappedBytes = 32LL << 20;
 
 // Below this a database has not even its first page.
 constexpr off_t leastBytes = 4096;
@@ -34,12 +36,15 @@ void refuseWhatIsNoFile(const std::string& path)
     if (status.st_size == 0) fio_raise(path, "the file is empty");
 }
 
-// SQLite has room for so many bytes of a path and the ending of its journal, and tells a longer one from a missing
-// file by no more than a number.
+// SQLite has room for so many bytes of a path, with links followed, and the ending of its journal; a longer one it cannot
+// tell from a missing file.
 void refuseLongPath(const std::string& path)
 {
     const auto most = static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - std::strlen("-journal");
-    if (path.size() > most) fio_raise(path, "the path is longer than " + std::to_string(most) + " bytes");
+    const std::unique_ptr<char, void (*)(void*)> resolved(realpath(path.c_str(), nullptr), std::free);
+    if (path.size() > most || (resolved && std::strlen(resolved.get()) > most)) {
+        fio_raise(path, "the path is longer than " + std::to_string(most) + " bytes");
+    }
 }
 
 } // namespace
@@ -82,9 +87,11 @@ void fio_Statement::bindZeroBlob(int parameter, std::size_t count)
 
 bool fio_Statement::step()
 {
-    if (!m_stepped) m_database.refuseEmptiedFile();
+    if (!m_stepped) {
+        m_database.refuseEmptiedFile();
+        ++m_database.m_statements;
+    }
     m_stepped = true;
-    ++m_database.m_statements;
     const int code = sqlite3_step(m_statement);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;
@@ -120,8 +127,6 @@ const void* fio_Statement::blob(int column, std::size_t& count) const
 fio_Database::fio_Database(const std::string& path, Access access) : m_path(path), m_access(access)
 {
     int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
-    if (access != Access::CREATE) refuseWhatIsNoFile(path);
-    refuseLongPath(path);
     if (access == Access::CREATE) {
         // The file is made here, exclusively, so that two programs never create one database.
         const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
@@ -129,12 +134,14 @@ fio_Database::fio_Database(const std::string& path, Access access) : m_path(path
         ::close(descriptor);
         flags |= SQLITE_OPEN_READWRITE;
     } else {
+        refuseWhatIsNoFile(path);
         // Also a reader has to roll back what a killed writer has left half written, where the file may be written;
         // anything else it is kept from by query_only.
         flags |= SQLITE_OPEN_READWRITE;
     }
     try {
         const int code = sqlite3_open_v2(path.c_str(), &m_handle, flags, isWritable() ? fio_sharingVfs() : nullptr);
+        if ((code & 0xff) == SQLITE_CANTOPEN) refuseLongPath(path);
         if (code != SQLITE_OK) raiseCode(code);
         // SQLite opens for reading, without a word, what it may not write.
         if (access == Access::WRITE && sqlite3_db_readonly(m_handle, "main") == 1) raise("the file cannot be written");

@@ -108,10 +108,11 @@ double relativeError(double found, double expected, double size)
 }
 
 template<class Real>
-void expectAll(const std::vector<double>& c, const double* expected, double tolerance)
+void expectAll(const std::vector<double>& c, const double* expected, double tolerance,
+               int code = Code::TENSOR_3D_FULL)
 {
     std::vector<Real> row(c.begin(), c.end());
-    const eng_Tensor<Real> tensor(Code::TENSOR_3D_FULL, row.data(), false);
+    const eng_Tensor<Real> tensor(code, row.data(), false);
     const double found[9] = {tensor.maxPrincipal(),
                              tensor.midPrincipal(),
                              tensor.minPrincipal(),
@@ -147,7 +148,7 @@ void expectAll(const std::vector<double>& c, const double* expected, double tole
 TEST(eng_Tensor, tenThousandFloatTensorsHaveTheirPrincipalValues)
 {
     const std::vector<double> reference = readDoubles("tensors_float.bin");
-    ASSERT_EQ(reference.size(), 30000u);
+    ASSERT_EQ(reference.size(), 90000u);
     Generator generator(1);
     double worst = 0;
     for (int index = 0; index < 10000; ++index) {
@@ -161,7 +162,7 @@ TEST(eng_Tensor, tenThousandFloatTensorsHaveTheirPrincipalValues)
         EXPECT_EQ(found[1], tensor.midPrincipal());
         EXPECT_EQ(found[2], tensor.minPrincipal());
         for (int i = 0; i < 3; ++i)
-            worst = std::max(worst, relativeError(found[i], reference[3 * index + i], 1));
+            worst = std::max(worst, relativeError(found[i], reference[9 * index + i], 1));
     }
     // Half a unit in the last place of a float, and the calculation's own 1e-8 on top.
     EXPECT_LE(worst, 7.1e-8);
@@ -170,7 +171,7 @@ TEST(eng_Tensor, tenThousandFloatTensorsHaveTheirPrincipalValues)
 TEST(eng_Tensor, theSameTensorsInDoubleAreGoodToTwelveDigits)
 {
     const std::vector<double> reference = readDoubles("tensors_float.bin");
-    ASSERT_EQ(reference.size(), 30000u);
+    ASSERT_EQ(reference.size(), 90000u);
     Generator generator(1);
     double worst = 0;
     for (int index = 0; index < 10000; ++index) {
@@ -180,9 +181,49 @@ TEST(eng_Tensor, theSameTensorsInDoubleAreGoodToTwelveDigits)
         double found[3];
         eng_TensorDouble(Code::TENSOR_3D_FULL, row.data(), false).principals(found);
         for (int i = 0; i < 3; ++i)
-            worst = std::max(worst, relativeError(found[i], reference[3 * index + i], sizeOf(row)));
+            worst = std::max(worst, relativeError(found[i], reference[9 * index + i], sizeOf(row)));
     }
     EXPECT_LE(worst, 2e-13);
+}
+
+TEST(eng_Tensor, allInvariantsOfTenThousandTensorsInBothPrecisions)
+{
+    const std::vector<double> reference = readDoubles("tensors_float.bin");
+    ASSERT_EQ(reference.size(), 90000u);
+    Generator generator(1);
+    for (int index = 0; index < 10000; ++index) {
+        SCOPED_TRACE(index);
+        std::vector<double> row;
+        for (double x : generator.tensor(index))
+            row.push_back(static_cast<float>(x));
+        expectAll<float>(row, &reference[9 * index], 1.2e-7);
+        expectAll<double>(row, &reference[9 * index], 1e-12);
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(eng_Tensor, allInvariantsOfPlanarAndSurfaceTensors)
+{
+    const std::vector<double> reference = readDoubles("tensors_plane.bin");
+    ASSERT_EQ(reference.size(), 18000u);
+    Generator generator(3);
+    for (int index = 0; index < 1000; ++index) {
+        SCOPED_TRACE(index);
+        std::vector<double> c;
+        for (double x : generator.tensor(index))
+            c.push_back(static_cast<float>(x));
+        const std::vector<double> planar = {c[0], c[1], c[2], c[3]};
+        const std::vector<double> surface = {c[0], c[1], c[3]};
+        for (int code : {Code::TENSOR_3D_PLANAR, Code::TENSOR_2D_PLANAR}) {
+            expectAll<float>(planar, &reference[18 * index], 1.2e-7, code);
+            expectAll<double>(planar, &reference[18 * index], 1e-12, code);
+        }
+        for (int code : {Code::TENSOR_3D_SURFACE, Code::TENSOR_2D_SURFACE}) {
+            expectAll<float>(surface, &reference[18 * index + 9], 1.2e-7, code);
+            expectAll<double>(surface, &reference[18 * index + 9], 1e-12, code);
+        }
+        if (::testing::Test::HasFailure()) return;
+    }
 }
 
 TEST(eng_Tensor, allInvariantsOfDoubleTensors)
@@ -409,7 +450,10 @@ TEST(eng_Tensor, misesOfRowsEqualsMisesOfEach)
             eng_mises(one.code, wide.data(), rows, engineering, outWide.data());
             for (int i = 0; i < rows; ++i) {
                 EXPECT_FLOAT_EQ(out[i], eng_TensorFloat(one.code, &data[i * one.width], engineering).mises());
-                EXPECT_EQ(out[i], outWide[i]);
+                EXPECT_FLOAT_EQ(out[i], outWide[i]);
+                EXPECT_FLOAT_EQ(outWide[i],
+                                static_cast<float>(
+                                    eng_TensorDouble(one.code, &wide[i * one.width], engineering).mises()));
             }
         }
 }
@@ -433,6 +477,46 @@ TEST(eng_Tensor, misesOfRowsKeepsItsDigitsAtBothEndsOfFloat)
     eng_mises(Code::TENSOR_3D_FULL, row, 2, false, out);
     EXPECT_FLOAT_EQ(out[0], 1e30f);
     EXPECT_FLOAT_EQ(out[1], 1.7320508e-30f);
+}
+
+TEST(eng_Tensor, misesOfRowsAtTheEndsOfFloatAmongOthers)
+{
+    // Rows that single precision cannot square, each beside rows that it can, at each of four places.
+    const double sizes[] = {1e-30, 1, 1e30, 0, 1e18, 1e-13};
+    Generator generator(7);
+    std::vector<float> data;
+    std::vector<double> expected;
+    for (int i = 0; i < 600; ++i) {
+        const double size = sizes[(i * 7 + i / 5) % 6];
+        std::vector<double> wide;
+        for (int c = 0; c < 6; ++c) {
+            data.push_back(static_cast<float>(size * generator.unit()));
+            wide.push_back(data.back());
+        }
+        expected.push_back(eng_TensorDouble(Code::TENSOR_3D_FULL, wide.data(), false).mises());
+    }
+    std::vector<float> out(600);
+    eng_mises(Code::TENSOR_3D_FULL, data.data(), 600, false, out.data());
+    for (int i = 0; i < 600; ++i) EXPECT_NEAR(out[i], expected[i], 3e-7 * expected[i]) << i;
+}
+
+TEST(eng_Tensor, misesOfRowsUnderPressureKeepsItsDigits)
+{
+    // A thousand rows of a million in each normal component and a few units beside.
+    Generator generator(11);
+    std::vector<float> data;
+    std::vector<double> expected;
+    for (int i = 0; i < 1000; ++i) {
+        std::vector<double> wide;
+        for (int c = 0; c < 6; ++c) {
+            data.push_back(static_cast<float>((c < 3 ? 1e6 : 0.0) + 8 * generator.unit()));
+            wide.push_back(data.back());
+        }
+        expected.push_back(eng_TensorDouble(Code::TENSOR_3D_FULL, wide.data(), false).mises());
+    }
+    std::vector<float> out(1000);
+    eng_mises(Code::TENSOR_3D_FULL, data.data(), 1000, false, out.data());
+    for (int i = 0; i < 1000; ++i) EXPECT_NEAR(out[i], expected[i], 3e-7 * expected[i]) << i;
 }
 
 TEST(eng_Tensor, misesOfAnUnknownCodeWritesZeros)

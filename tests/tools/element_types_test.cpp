@@ -60,3 +60,22 @@ TEST(element_types, everyOrderIsAPermutation)
         EXPECT_EQ(count - 1, *places.rbegin());
     }
 }
+
+TEST(element_types, integrationPoints)
+{
+    const auto points = [](const char* name, int numNodes, int dimension) {
+        return tool_elementType(name, numNodes, dimension)->numPoints;
+    };
+    EXPECT_EQ(8, points("HEX", 8, 3));
+    EXPECT_EQ(27, points("HEX", 20, 3));
+    EXPECT_EQ(27, points("HEX", 27, 3));
+    EXPECT_EQ(1, points("TET", 4, 3));
+    EXPECT_EQ(4, points("TET", 10, 3));
+    EXPECT_EQ(2, points("WEDGE", 6, 3));
+    EXPECT_EQ(9, points("WEDGE", 15, 3));
+    EXPECT_EQ(5, points("PYRAMID", 5, 3));
+    EXPECT_EQ(4, points("SHELL", 4, 3));
+    EXPECT_EQ(9, points("QUAD", 8, 2));
+    EXPECT_EQ(3, points("TRI", 6, 2));
+    EXPECT_EQ(2, points("BAR", 3, 3));
+}

@@ -55,6 +55,13 @@ class Container:
         order = {name: i for i, (name, _) in enumerate(self.dimensions)}
         fixed = [v for v in self.variables if not isinstance(v[4], list)]
         recorded = [v for v in self.variables if isinstance(v[4], list)]
+        sizes = dict(self.dimensions)
+
+        def record_size(dimensions, kind):
+            size = struct.calcsize(CODES[kind])
+            for dimension in dimensions[1:]:
+                size *= sizes[dimension]
+            return size + -size % 4
 
         def header(begins):
             data = b"CDF\x02" + struct.pack(">i", records)
@@ -67,7 +74,7 @@ class Container:
                 data += name_bytes(name) + struct.pack(">i", len(dimensions))
                 data += b"".join(struct.pack(">i", order[d]) for d in dimensions)
                 data += attributes_bytes(attributes)
-                size = len(padded(content[0] if isinstance(content, list) else content)) if content else 0
+                size = record_size(dimensions, kind) if isinstance(content, list) else len(padded(content))
                 data += struct.pack(">iiq", kind, size, begins.get(name, 0))
             return data
 
@@ -77,8 +84,10 @@ class Container:
         for name, _, _, _, content in fixed:
             begins[name] = at + len(body)
             body += padded(content)
-        for name, _, _, _, content in recorded:
-            begins[name] = at + len(body)
+        first = at + len(body)
+        for name, dimensions, _, kind, content in recorded:
+            begins[name] = first
+            first += record_size(dimensions, kind)
             body += padded(content[0]) if content else b""
         for record in range(1, records):
             for _, _, _, _, content in recorded:
@@ -92,12 +101,15 @@ def text_table(texts, width):
 
 
 def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), nodal=None, element=None,
-          title="a test", node_ids=None, element_ids=None, global_names=()):
+          title="a test", node_ids=None, element_ids=None, global_names=(), global_values=None, of_node_sets=None, of_side_sets=None):
     """One file.
 
     nodes      a list of coordinates
     blocks     a list of dicts: id, type, connectivity (rows of node positions from 1), name (optional)
     node_sets  dicts: id, nodes, name; side_sets  dicts: id, sides (pairs of element position and side), name
+               both may have "factors", one a node of a node set, or of a side
+    of_node_sets, of_side_sets  name to {set id: one list of values a time}
+    global_values  a list a time, a value a name of global_names; zeros if left out
     nodal      name to one list of values a time; element  name to {block id: one list of values a time}"""
     nodal, element = nodal or {}, element or {}
     file = Container()
@@ -132,6 +144,8 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
         for i, node_set in enumerate(node_sets, 1):
             size = file.dimension("num_nod_ns%d" % i, len(node_set["nodes"]))
             file.variable("node_ns%d" % i, [size], INT, node_set["nodes"])
+            if "factors" in node_set:
+                file.variable("dist_fact_ns%d" % i, [size], DOUBLE, node_set["factors"])
     if side_sets:
         file.dimension("num_side_sets", len(side_sets))
         entities("ss", "num_side_sets", side_sets)
@@ -139,6 +153,9 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
             size = file.dimension("num_side_ss%d" % i, len(side_set["sides"]))
             file.variable("elem_ss%d" % i, [size], INT, [e for e, _ in side_set["sides"]])
             file.variable("side_ss%d" % i, [size], INT, [s for _, s in side_set["sides"]])
+            if "factors" in side_set:
+                factors = file.dimension("num_df_ss%d" % i, len(side_set["factors"]))
+                file.variable("dist_fact_ss%d" % i, [factors], DOUBLE, side_set["factors"])
     if node_ids:
         file.variable("node_num_map", ["num_nodes"], INT, node_ids)
     if element_ids:
@@ -146,7 +163,8 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
     if global_names:
         file.dimension("num_glo_var", len(global_names))
         file.variable("name_glo_var", ["num_glo_var", "len_name"], CHAR, text_table(global_names, 33))
-        file.variable("vals_glo_var", ["time_step", "num_glo_var"], DOUBLE, [[0.0] * len(global_names) for _ in times])
+        file.variable("vals_glo_var", ["time_step", "num_glo_var"], DOUBLE, 
+                      global_values or [[0.0] * len(global_names) for _ in times])
     if nodal:
         file.dimension("num_nod_var", len(nodal))
         file.variable("name_nod_var", ["num_nod_var", "len_name"], CHAR, text_table(list(nodal), 33))
@@ -162,4 +180,18 @@ def write(path, dimension, nodes, blocks, node_sets=(), side_sets=(), times=(), 
                 if block["id"] in values:
                     file.variable("vals_elem_var%deb%d" % (i, b), ["time_step", "num_el_in_blk%d" % b], DOUBLE,
                                   values[block["id"]])
+    for short, count, size, sets, values_of in (("ns", "num_node_sets", "num_nod_ns%d", node_sets, of_node_sets or {}),
+                                                ("ss", "num_side_sets", "num_side_ss%d", side_sets, of_side_sets or {})):
+        if not values_of:
+            continue
+        kind = short[0] + "set"
+        variables = file.dimension("num_%s_var" % kind, len(values_of))
+        file.variable("name_%s_var" % kind, [variables, "len_name"], CHAR, text_table(list(values_of), 33))
+        file.variable("%s_var_tab" % kind, [count, variables], INT,
+                      [1 if s["id"] in values else 0 for s in sets for values in values_of.values()])
+        for i, values in enumerate(values_of.values(), 1):
+            for k, each in enumerate(sets, 1):
+                if each["id"] in values:
+                    file.variable("vals_%s_var%d%s%d" % (kind, i, short, k), ["time_step", size % k], DOUBLE,
+                                  values[each["id"]])
     file.save(path, len(times))

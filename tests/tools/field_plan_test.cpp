@@ -12,10 +12,21 @@ struct Plan
     std::vector<tool_PlannedField> fields;
 
     Plan(int dimension, const Names& nodal, const Names& element, bool sameBlocks = true)
-        : fields(tool_planFields(
-              dimension, nodal, element, [=](std::size_t a, std::size_t b) { return sameBlocks || a == b; },
-              [this](const std::string& note) { notes.push_back(note); }))
     {
+        tool_Variables variables;
+        variables.dimension = dimension;
+        variables.nodal = nodal;
+        variables.element = element;
+        // Either one block with everything, or one for each variable.
+        variables.numBlocks = sameBlocks ? 1 : element.size();
+        variables.hasVariable = [=](std::size_t block, std::size_t variable) { return sameBlocks || block == variable; };
+        variables.numPoints = [](std::size_t) { return 1; };
+        make(variables);
+    }
+    explicit Plan(const tool_Variables& variables) { make(variables); }
+    void make(const tool_Variables& variables)
+    {
+        fields = tool_planFields(variables, [this](const std::string& note) { notes.push_back(note); });
     }
 
     Names names() const
@@ -60,9 +71,19 @@ TEST(field_plan, inThePlaneTwoComponentsDo)
     EXPECT_EQ((Names{"u_x", "u_y"}), plan.fields[0].componentLabels);
 }
 
-TEST(field_plan, elementVariablesMakeNoVector)
+TEST(field_plan, elementVariablesMakeVectorsToo)
 {
-    EXPECT_EQ((Names{"q_x", "q_y", "q_z"}), Plan(3, {}, {"q_x", "q_y", "q_z"}).names());
+    const Plan plan(3, {}, {"q_x", "q_y", "q_z"});
+    ASSERT_EQ(Names{"q"}, plan.names());
+    EXPECT_EQ((Places{0, 1, 2}), plan.fields[0].element);
+    EXPECT_EQ(Places{0}, plan.fields[0].elementBlocks);
+}
+
+TEST(field_plan, nodalVariablesMakeTensorsToo)
+{
+    const Plan plan(3, {"s_xx", "s_yy", "s_zz", "s_xy", "s_yz", "s_zx"}, {});
+    ASSERT_EQ(Names{"s"}, plan.names());
+    EXPECT_EQ((Places{0, 1, 2, 3, 5, 4}), plan.fields[0].nodal);
 }
 
 TEST(field_plan, tensorIsSortedWhateverTheSpelling)
@@ -123,4 +144,119 @@ TEST(field_plan, aVariableWithoutANameGetsOne)
 {
     const Plan plan(3, {""}, {""});
     EXPECT_EQ(Names{"unnamed"}, plan.names());
+}
+
+namespace {
+
+// Variables with "_1" to "_n" behind each of these names.
+Names numbered(const Names& bases, int count)
+{
+    Names names;
+    for (int q = 1; q <= count; ++q)
+        for (const std::string& base : bases)
+            names.push_back(base + "_" + std::to_string(q));
+    return names;
+}
+
+// Blocks with all variables, whose elements have these numbers of points.
+tool_Variables onBlocks(const Names& element, const std::vector<int>& points)
+{
+    tool_Variables variables;
+    variables.element = element;
+    variables.numBlocks = points.size();
+    variables.hasVariable = [](std::size_t, std::size_t) { return true; };
+    variables.numPoints = [points](std::size_t block) { return points[block]; };
+    return variables;
+}
+
+} // namespace
+
+TEST(field_plan, numberedVariablesAreIntegrationPointsWhereTheirNumberFits)
+{
+    const Plan fits(onBlocks(numbered({"e"}, 8), {8}));
+    ASSERT_EQ(Names{"e"}, fits.names());
+    ASSERT_EQ(1u, fits.fields[0].points.size());
+    EXPECT_EQ((Places{0, 1, 2, 3, 4, 5, 6, 7}), fits.fields[0].points[0]);
+    EXPECT_EQ(Places{0}, fits.fields[0].pointBlocks);
+    EXPECT_TRUE(fits.fields[0].element.empty());
+    // Five values for four points, or a hole in the numbers, are no points.
+    EXPECT_EQ(numbered({"e"}, 5), Plan(onBlocks(numbered({"e"}, 5), {4})).names());
+    EXPECT_EQ((Names{"e_1", "e_2", "e_4"}), Plan(onBlocks({"e_1", "e_2", "e_4"}, {3})).names());
+    EXPECT_EQ((Names{"e_01", "e_02"}), Plan(onBlocks({"e_01", "e_02"}, {2})).names());
+    // One number alone says nothing.
+    EXPECT_EQ(Names{"e_1"}, Plan(onBlocks({"e_1"}, {1})).names());
+}
+
+TEST(field_plan, blocksWithOtherPointsKeepTheirVariables)
+{
+    // The third block has a ninth value, and none of its elements nine points.
+    tool_Variables variables = onBlocks(numbered({"e"}, 9), {8, 8, 8});
+    variables.hasVariable = [](std::size_t block, std::size_t variable) { return variable < 8 || block == 2; };
+    const Plan plan(variables);
+    ASSERT_EQ(10u, plan.fields.size());
+    EXPECT_EQ("e_1", plan.fields[0].name);
+    EXPECT_EQ(Places{2}, plan.fields[0].elementBlocks);
+    EXPECT_EQ("e_9", plan.fields[8].name);
+    EXPECT_EQ("e", plan.fields[9].name);
+    EXPECT_EQ((Places{0, 1}), plan.fields[9].pointBlocks);
+    EXPECT_EQ(8u, plan.fields[9].points[0].size());
+}
+
+TEST(field_plan, averagesAndPointsOfOneNameAreOneField)
+{
+    Names names = {"e", "s_xx", "s_yy", "s_zz", "s_xy", "s_yz", "s_zx"};
+    for (const std::string& name : numbered(names, 2)) names.push_back(name);
+    const Plan plan(onBlocks(names, {2}));
+    ASSERT_EQ((Names{"e", "s"}), plan.names());
+    EXPECT_EQ(Places{0}, plan.fields[0].element);
+    EXPECT_EQ((std::vector<Places>{{7, 14}}), plan.fields[0].points);
+    EXPECT_EQ(tool_PlannedField::TENSOR, plan.fields[1].type);
+    EXPECT_EQ((Places{1, 2, 3, 4, 6, 5}), plan.fields[1].element);
+    EXPECT_EQ((std::vector<Places>{{8, 15}, {9, 16}, {10, 17}, {11, 18}, {13, 20}, {12, 19}}), plan.fields[1].points);
+    EXPECT_EQ((Names{"s_xx", "s_yy", "s_zz", "s_xy", "s_zx", "s_yz"}), plan.fields[1].componentLabels);
+}
+
+TEST(field_plan, nineNumberedComponentsAreATensorOrAMatrix)
+{
+    const Plan plan(onBlocks(numbered(numbered({"s"}, 9), 2), {2}));
+    ASSERT_EQ(Names{"s"}, plan.names());
+    ASSERT_EQ(tool_PlannedField::NINE, plan.fields[0].type);
+    ASSERT_EQ(9u, plan.fields[0].points.size());
+    EXPECT_EQ((Places{3, 12}), plan.fields[0].points[3]);
+    tool_PlannedField tensor = plan.fields[0];
+    tool_settleNine(tensor, true);
+    EXPECT_EQ(tool_PlannedField::TENSOR, tensor.type);
+    EXPECT_EQ((std::vector<Places>{{0, 9}, {4, 13}, {8, 17}, {1, 10}, {2, 11}, {5, 14}}), tensor.points);
+    EXPECT_EQ((Names{"s_1", "s_5", "s_9", "s_2", "s_3", "s_6"}), tensor.componentLabels);
+    tool_PlannedField matrix = plan.fields[0];
+    tool_settleNine(matrix, false);
+    EXPECT_EQ(tool_PlannedField::MATRIX, matrix.type);
+    EXPECT_EQ(9u, matrix.points.size());
+    EXPECT_TRUE(matrix.componentLabels.empty());
+    // Ten are no tensor.
+    EXPECT_EQ(10u, Plan(onBlocks(numbered(numbered({"s"}, 10), 2), {2})).fields.size());
+}
+
+TEST(field_plan, threeByThreeAtNodes)
+{
+    const Names names = {"p_1_1", "p_2_1", "p_3_1", "p_1_2", "p_2_2", "p_3_2", "p_1_3", "p_2_3", "p_3_3"};
+    const Plan plan(3, names, {});
+    ASSERT_EQ(Names{"p"}, plan.names());
+    EXPECT_EQ(tool_PlannedField::NINE, plan.fields[0].type);
+    EXPECT_EQ((Places{0, 3, 6, 1, 4, 7, 2, 5, 8}), plan.fields[0].nodal); // row by row
+}
+
+TEST(field_plan, variablesOfSets)
+{
+    tool_Variables variables = onBlocks({"e"}, {1});
+    variables.nodal = {"t"};
+    variables.nodeSet = {"t", "e", "n"};
+    variables.sideSet = {"t", "p"};
+    const Plan plan(variables);
+    // At nodes there is a "t" already; elsewhere there is room in the field of the name.
+    ASSERT_EQ((Names{"t", "e", "t_2", "n", "p"}), plan.names());
+    EXPECT_EQ(Places{0}, plan.fields[0].sideSet);
+    EXPECT_EQ(Places{1}, plan.fields[1].nodeSet);
+    EXPECT_EQ(Places{0}, plan.fields[2].nodeSet);
+    EXPECT_EQ(Names{"variable \"t\" is named \"t_2\""}, plan.notes);
 }

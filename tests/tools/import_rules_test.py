@@ -184,9 +184,135 @@ class ImportTest(programs.ProgramTest):
         self.assertEqual("instance,position,node,t", rows[0])
         self.assertEqual(["nan", "inf", "-inf", "inf", "0.1", "-0", "1e-45", "3"], [r.split(",")[3] for r in rows[1:]])
 
+    def test_global_variables_become_curves_of_the_assembly(self):
+        path = self.hexes(times=[0.5, 1.0, 1.5], global_names=["energy", "dt", "energy", ""],
+                          global_values=[[1.0, 0.1, 7.0, -1.0], [2.0, 0.2, 8.0, -2.0], [1e300, 0.3, 9.0, float("nan")]])
+        region, = self.json("history", path, "--json")["regions"]
+        self.assertEqual(("Assembly Assembly", "Output at assembly Assembly", "WHOLE_MODEL", ""),
+                         tuple(region[k] for k in ("name", "description", "position", "loadCase")))
+        self.assertEqual([("dt", "dt", 3), ("energy", "energy", 3), ("energy_3", "energy", 3), ("global_4", "", 3)],
+                         [(o["name"], o["description"], o["pairs"]) for o in region["outputs"]])
+        curves = {c["output"]: c["data"] for c in
+                  self.json("history", path, "--region", "Assembly Assembly", "--json")["curves"]}
+        self.assertEqual([[0.5, 0.1], [1, 0.2], [1.5, 0.3]], curves["dt"])
+        self.assertEqual([[0.5, 1], [1, 2], [1.5, None]], curves["energy"])
+        self.assertEqual([[0.5, 7], [1, 8], [1.5, 9]], curves["energy_3"])
+        self.assertEqual([[0.5, -1], [1, -2], [1.5, None]], curves["global_4"])
+        self.assertEqual("yld: note: 1 values beyond the range of a float became infinite\n", self.said)
+
     def test_what_is_left_out_is_named(self):
-        self.hexes(times=[1.0], global_names=["energy", "dt"])
+        # Without times there is no step for them.
+        self.hexes(global_names=["energy", "dt"])
         self.assertEqual("yld: not imported: 2 global variables\n", self.said)
+
+    def test_distribution_factors_are_named(self):
+        path = self.hexes(node_sets=[{"id": 1, "nodes": [1, 2], "factors": [0.5, 0.5]}],
+                          side_sets=[{"id": 1, "sides": [(1, 1)], "factors": [1.0] * 4}])
+        self.assertEqual("yld: not imported: distribution factors\n", self.said)
+        self.assertEqual(2, self.info(path)["instances"][0]["nodeSets"][0]["size"])
+
+    def points(self, path, field, *arguments):
+        return [(v["element"], v["point"], v["data"])
+                for v in self.values(path, field, "--position", "INTEGRATION_POINT", *arguments)]
+
+    def test_numbered_variables_at_integration_points(self):
+        element = {"e_%d" % q: {7: [[float(q)], [10.0 * q]]} for q in range(1, 9)}
+        path = self.hexes(times=[1.0, 2.0], element=element)
+        field, = self.fields(self.info(path)).values()
+        self.assertEqual(("e", "SCALAR", [{"position": "INTEGRATION_POINT", "values": 8}]),
+                         (field["name"], field["type"], field["positions"]))
+        self.assertEqual([(1, q, [q]) for q in range(1, 9)], self.points(path, "e", "--frame", "0"))
+        self.assertEqual([(1, q, [10 * q]) for q in range(1, 9)], self.points(path, "e"))
+        self.assertEqual("", self.said)
+
+    def test_numbered_variables_that_fit_no_points_stay_scalars(self):
+        names = ["e_%d" % q for q in range(1, 6)]
+        fields = self.fields(self.info(self.hexes(times=[1.0], element={n: {7: [[1.0]]} for n in names})))
+        self.assertEqual(set(names), set(fields))
+        self.assertEqual([{"position": "CENTROID", "values": 1}], fields["e_5"]["positions"])
+
+    def test_points_and_averages_by_block(self):
+        # The first block has points, the second averages alone, the third two values for its one point.
+        nodes = CUBE + [(x + 1, y, z) for x, y, z in CUBE]
+        element = {"s": {1: [[9.0]], 2: [[8.0]]}}
+        for q in range(1, 9):
+            element["s_%d" % q] = {1: [[float(q)]]}
+        element["s_1"][3] = [[21.0]]
+        element["s_2"][3] = [[22.0]]
+        path = self.imported(3, nodes, [{"id": 1, "type": "HEX", "connectivity": [HEX]},
+                                        {"id": 2, "type": "HEX", "connectivity": [[n + 8 for n in HEX]]},
+                                        {"id": 3, "type": "TET", "connectivity": [[1, 2, 3, 5]]}],
+                             times=[1.0], element=element)
+        fields = self.fields(self.info(path))
+        self.assertEqual({"s", "s_1", "s_2"}, set(fields))
+        self.assertEqual([(1, q, [q]) for q in range(1, 9)], self.points(path, "s"))
+        self.assertEqual([(1, [9]), (2, [8])],
+                         [(v["element"], v["data"]) for v in self.values(path, "s", "--position", "CENTROID")])
+        self.assertEqual([(3, [22])], [(v["element"], v["data"]) for v in self.values(path, "s_2")])
+
+    def test_tensors_at_integration_points(self):
+        pairs = ["xx", "yy", "zz", "xy", "yz", "zx"]
+        element = {"s_%s_%d" % (p, q): {7: [[10.0 * q + i]]} for q in range(1, 9) for i, p in enumerate(pairs)}
+        path = self.hexes(times=[1.0], element=element)
+        field, = self.fields(self.info(path)).values()
+        self.assertEqual(("s", "TENSOR_3D_FULL"), (field["name"], field["type"]))
+        self.assertEqual(["s_xx", "s_yy", "s_zz", "s_xy", "s_zx", "s_yz"], field["components"])
+        self.assertEqual((1, 3, [30, 31, 32, 33, 35, 34]), self.points(path, "s")[2])
+
+    def nine(self, mirror):
+        """Row by row: component c at point q is 100 q + c, those below the diagonal as `mirror` says."""
+        element = {}
+        for q in range(1, 9):
+            for c in range(1, 10):
+                value = 100.0 * q + {4: mirror(2), 7: mirror(3), 8: mirror(6)}.get(c, c)
+                element["s_%d_%d" % (c, q)] = {7: [[value]]}
+        path = self.hexes(times=[1.0], element=element)
+        field, = self.fields(self.info(path)).values()
+        return path, field
+
+    def test_nine_symmetric_components_are_a_tensor(self):
+        path, field = self.nine(lambda c: c)
+        self.assertEqual(("s", "TENSOR_3D_FULL"), (field["name"], field["type"]))
+        self.assertEqual(["s_1", "s_5", "s_9", "s_2", "s_3", "s_6"], field["components"])
+        self.assertEqual((1, 2, [201, 205, 209, 202, 203, 206]), self.points(path, "s")[1])
+
+    def test_nine_other_components_are_a_matrix(self):
+        path, field = self.nine(lambda c: c + 50)
+        self.assertEqual(("s", "MATRIX", []), (field["name"], field["type"], field["components"]))
+        self.assertEqual((1, 2, [201, 202, 203, 252, 205, 206, 253, 256, 209]), self.points(path, "s")[1])
+
+    def test_tensors_and_matrices_at_nodes(self):
+        six = {"a_" + p: [[float(i)] * 8] for i, p in enumerate(["xx", "yy", "zz", "xy", "yz", "zx"])}
+        nine = {"b_%d_%d" % (r, c): [[float(10 * min(r, c) + max(r, c))] * 8] for r in (1, 2, 3) for c in (1, 2, 3)}
+        path = self.hexes(times=[1.0], nodal={**six, **nine})
+        self.assertEqual({"a", "b"}, set(self.fields(self.info(path))))
+        self.assertEqual([0, 1, 2, 3, 5, 4], self.values(path, "a")[0]["data"])
+        self.assertEqual([11, 22, 33, 12, 13, 23], self.values(path, "b")[7]["data"])
+
+    def test_vectors_on_elements(self):
+        path = self.hexes(times=[1.0], element={"q_" + a: {7: [[float(i)]]} for i, a in enumerate("xyz")})
+        self.assertEqual("VECTOR", self.fields(self.info(path))["q"]["type"])
+        self.assertEqual([0, 1, 2], self.values(path, "q")[0]["data"])
+
+    def test_node_set_variables(self):
+        path = self.hexes(times=[1.0, 2.0], nodal={"t": [[0.0] * 8] * 2},
+                          node_sets=[{"id": 1, "nodes": [8, 2]}, {"id": 2, "nodes": [3]}, {"id": 3, "nodes": [1, 4]}],
+                          of_node_sets={"p": {1: [[1.0, 2.0], [3.0, 4.0]], 3: [[5.0, 6.0], [7.0, 8.0]]},
+                                        "t": {2: [[9.0], [10.0]]}})
+        self.assertEqual([(8, [3]), (2, [4]), (1, [7]), (4, [8])],
+                         [(v["node"], v["data"]) for v in self.values(path, "p")])
+        self.assertEqual([(3, [9])], [(v["node"], v["data"]) for v in self.values(path, "t_2", "--frame", "0")])
+        self.assertEqual('yld: note: variable "t" is named "t_2"\n', self.said)
+
+    def test_side_set_variables(self):
+        nodes = CUBE + [(x + 1, y, z) for x, y, z in CUBE]
+        path = self.imported(3, nodes, [{"id": 1, "type": "HEX", "connectivity": [HEX, [n + 8 for n in HEX]]}],
+                             side_sets=[{"id": 1, "sides": [(2, 1), (1, 3)]}, {"id": 2, "sides": [(1, 1), (1, 2)]}],
+                             times=[1.0], of_side_sets={"p": {1: [[5.0, 6.0]], 2: [[7.0, 8.0]]}})
+        self.assertEqual([("WHOLE_ELEMENT", 2, [5]), ("WHOLE_ELEMENT", 1, [6])],
+                         [(v["position"], v["element"], v["data"]) for v in self.values(path, "p")])
+        self.assertEqual("yld: not imported: 1 side set variable on a set with several sides of an element\n"
+                         'yld: note: side set variable "p" lies on the whole elements behind the sides\n', self.said)
 
     def test_element_types(self):
         line = [(float(i), 0.0, 0.0) for i in range(20)]

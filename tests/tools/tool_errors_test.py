@@ -58,7 +58,7 @@ class ErrorTest(programs.ProgramTest):
     def test_help_tells_the_exit_codes(self):
         text = self.yld("--help")
         self.assertIn("Exit codes: 0 done; 1 it failed, one line on standard error says what and where; 2 bad usage.", text)
-        for command in ("info", "values", "import"):
+        for command in ("info", "values", "history", "import"):
             self.assertIn("FILE" if command != "import" else "OUT", self.yld(command, "--help"))
 
     def test_bad_usage(self):
@@ -78,7 +78,7 @@ class ErrorTest(programs.ProgramTest):
                  (foreign, ""), (self.source, ""), (sqlite, ""), ("/dev/null", "is no plain file"),
                  (os.path.join(self.source, "x.yld"), "Not a directory")]
         for path, what in cases:
-            for arguments in (["info", path], ["info", path, "--json"], ["values", path, "--field", "temp"]):
+            for arguments in (["info", path], ["info", path, "--json"], ["values", path, "--field", "temp"], ["history", path]):
                 with self.subTest(arguments):
                     self.assert_fails(run("yld", *arguments), 1, what, path)
                     self.assert_nothing_left()

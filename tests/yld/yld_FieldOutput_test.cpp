@@ -1,6 +1,6 @@
 #include "platform/sto/sto_FieldDescription.h"
 #include "result_model.h"
-#include "yld/impl/yld_FieldAddDataUtils.h"
+#include "yld/impl/yld_RowArray.h"
 
 using yld_FieldOutputTest = ResultModel;
 
@@ -336,11 +336,6 @@ TEST_F(yld_FieldOutputTest, wrongNumberOfLocalSystems)
     systems.append(unitSystem());
     EXPECT_EQ(failureOf([&] {
                   s.addData(yld_Enum::NODAL, instance(), ints({10, 20, 30}),
-                            rows({{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}}), yld_SectionPoint(), systems);
-              }),
-              "Coordinate system definition should be of length 0, 1, or the same length as the data array.");
-    EXPECT_EQ(failureOf([&] {
-                  s.addData(yld_Enum::CENTROID, instance(), ints({101, 102, 7}),
                             rows({{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}}), yld_SectionPoint(), systems);
               }),
               "Coordinate system definition should be of length 0, 1, or the same length as the data array.");

@@ -294,6 +294,30 @@ TEST_F(yld_HistoryPointTest, storedAtAFace)
     EXPECT_EQ(pointOf({.type = 3, .classIndex = 2, .elementNumber = 1, .face = 2}).face(), yld_Enum::FACE_UNKNOWN);
 }
 
+TEST_F(yld_HistoryPointTest, facesInThePlaneAreEdges)
+{
+    yld_Part& part = m_yld->Part("plate", yld_Enum::TWO_D_PLANAR, yld_Enum::DEFORMABLE_BODY);
+    part.addNodes(ints({1, 2, 3, 4}), rows({{0, 0}, {1, 0}, {1, 1}, {0, 1}}));
+    part.addElements(ints({9}), connectivity({{1, 2, 3, 4}}), "QUAD4");
+    const lnk_ShortCut<mshK_PartInstance> plate =
+        m_yld->rootAssembly().Instance("plate-1", part).instance().shortCut();
+    const auto faceOf = [&](int facet) {
+        const sto_HistoryStep store = step().step()->historyStep();
+        fld_History like;
+        like.m_type = 3;
+        like.m_instance = plate;
+        like.m_classIndex = 0;
+        like.m_elementNumber = 0;
+        like.m_face = facet;
+        return yld_HistoryPoint(store.History(like, store.Clock()), m_yld->rootAssembly().assembly());
+    };
+    EXPECT_EQ(faceOf(3).face(), yld_Enum::FACE4);
+    EXPECT_STREQ(faceOf(3).shortText().cStr(), "Element plate-1.9 Face 14");
+    // A solid has a fifth face, an element in the plane no fifth edge.
+    EXPECT_EQ(faceOf(4).face(), yld_Enum::FACE_UNKNOWN);
+    EXPECT_EQ(pointOf({.type = 3, .classIndex = 0, .elementNumber = 0, .face = 4}).face(), yld_Enum::FACE5);
+}
+
 TEST_F(yld_HistoryPointTest, storedAtAFaceIntegrationPoint)
 {
     for (const int type : {16, 17}) {

@@ -1,6 +1,7 @@
 #include "call_results.h"
 #include "platform/store/lnk_Root.h"
 #include "platform/text/exc_Exception.h"
+#include "platform/text/prg_WIP.h"
 #include "result_model.h"
 #include "sql_log.h"
 #include "yld/impl/yld_YldRepository.h"
@@ -237,5 +238,66 @@ TEST_F(yld_LazyRead, aFailedReadLeavesALaterTryToFailTheSameWay)
     EXPECT_TRUE(first.ends_with(" of class fld_Step is missing; the file is damaged")) << first;
     EXPECT_EQ(failureOf([&] { open.steps(); }), first);
     EXPECT_EQ(open.constRootAssembly().instances().size(), 1) << "the model is whole";
+    open.close();
+}
+
+namespace {
+
+// Takes errors and lets the work go on.
+class Patient : public prg_WipReporter
+{
+public:
+    Patient() : m_before(lok_ThreadSingleton<prg_WIP>::Instance().InstallReporter(this)) { m_errors = true; }
+    ~Patient() override { lok_ThreadSingleton<prg_WIP>::Instance().InstallReporter(m_before); }
+    using prg_WipReporter::Error;
+    void Error(const msg_StringBase& text, int) override { told.emplace_back(text.cStr()); }
+
+    std::vector<std::string> told;
+
+private:
+    prg_WipReporter* m_before;
+};
+
+// Takes the mesh of the first instance away.
+void loseAMesh(const std::string& path)
+{
+    sqlite3* raw = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &raw), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(raw,
+                           "DELETE FROM mshK_Mesh WHERE oid = "
+                           "(SELECT mesh FROM mshK_PartInstance ORDER BY oid LIMIT 1)",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    ASSERT_EQ(sqlite3_changes(raw), 1);
+    sqlite3_close(raw);
+}
+
+} // namespace
+
+TEST_F(yld_LazyRead, anUnreadableSectionCategoryIsReportedAsAnError)
+{
+    makeModel(m_path, 2, 1);
+    loseAMesh(m_path);
+    yld_Yld& open = openYld(m_path.c_str(), true);
+    std::string failure;
+    EXPECT_EQ(warningsOf([&] { failure = failureOf([&] { open.sectionCategories(); }); }),
+              "ERROR: Error reading SectionCategories.\n");
+    EXPECT_EQ(failure, "Error reading SectionCategories.");
+    open.close();
+}
+
+TEST_F(yld_LazyRead, aReporterThatTakesTheErrorLetsTheReadingGoOn)
+{
+    makeModel(m_path, 3, 1);
+    loseAMesh(m_path);
+    yld_Yld& open = openYld(m_path.c_str(), true);
+    {
+        Patient reporter;
+        // The assembly needs the same mesh, and fails by itself.
+        const std::string failure = failureOf([&] { open.steps(); });
+        EXPECT_TRUE(failure.ends_with(" of class mshK_Mesh is missing; the file is damaged")) << failure;
+        EXPECT_EQ(reporter.told, std::vector<std::string>{"Error reading SectionCategories."})
+            << "once for the one instance";
+    }
     open.close();
 }

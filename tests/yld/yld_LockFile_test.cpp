@@ -1,4 +1,5 @@
 #include "call_results.h"
+#include "other_process.h"
 #include "test_files.h"
 #include "yld.h"
 #include "yld/impl/yld_YldRepository.h"
@@ -7,6 +8,7 @@
 #include <fstream>
 #include <string>
 #include <sys/file.h>
+#include <thread>
 #include <unistd.h>
 
 TEST(yld_LockFile, writerMakesALockFileAndRemovesItOnClose)
@@ -228,6 +230,30 @@ TEST(yld_LockFile, aFileThatAWriterKeepsOpenCountsAsNone)
         EXPECT_EQ(warningsOf([&] { EXPECT_FALSE(yld_YldRepository::Instance().IsYldLocked(path.c_str())); }), "");
     }
     warningsOf([&] { EXPECT_TRUE(yld_YldRepository::Instance().IsYldLocked(path.c_str())) << "nobody holds it now"; });
+}
+
+TEST(yld_LockFile, testingAFileWhileOthersOpenItHarmsNobody)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    std::ofstream(folder.file("job.lck")).close();
+    constexpr int rounds = 3000;
+    OtherProcess other([&](OtherProcess& test) {
+        test.await();
+        const yld_YldRepository& registry = yld_YldRepository::Instance();
+        for (int i = 0; i < rounds; ++i) EXPECT_TRUE(registry.LockYld(path.c_str()));
+        test.done();
+    });
+    const Library library;
+    warningsOf([&] {
+        std::thread tester([&] {
+            for (int i = 0; i < rounds; ++i) yld_YldRepository::Instance().IsYldLocked(path.c_str());
+        });
+        EXPECT_TRUE(other.go());
+        tester.join();
+        EXPECT_TRUE(yld_YldRepository::Instance().IsYldLocked(path.c_str()));
+    });
+    EXPECT_EQ(other.finish(), 0);
 }
 
 TEST(yld_LockFile, aFileThatAReaderKeepsOpenStillCounts)

@@ -2,6 +2,7 @@
 #include "platform/sto/sto_Model.h"
 #include "platform/store/lnk_Root.h"
 #include "platform/text/msg_translate.h"
+#include "store/test_disk.h"
 #include "test_files.h"
 #include "yld.h"
 #include "yld/impl/yld_YldRepository.h"
@@ -9,6 +10,12 @@
 #include <fstream>
 #include <string>
 #include <vector>
+
+namespace {
+
+yld_YldRepository& registry() { return yld_YldRepository::Instance(); }
+
+} // namespace
 
 TEST(yld_OpenClose, createdDatabaseReopensWithItsHeader)
 {
@@ -56,7 +63,7 @@ TEST(yld_OpenClose, openingTwiceGivesTheSameObject)
               "Warning: The database has been opened with readOnly flag on. It will remain readOnly.\n");
     EXPECT_EQ(second, &first);
     EXPECT_TRUE(second->isReadOnly());
-    EXPECT_EQ(yld_YldRepository::Instance().size(), 1);
+    EXPECT_EQ(registry().size(), 1);
     first.close();
 }
 
@@ -70,6 +77,19 @@ TEST(yld_OpenClose, nameTakenByAnotherPathIsRefused)
     yld_Yld& open = openYld("name", folder.file("a.yld").c_str(), true, false);
     EXPECT_EQ(failureOf([&] { openYld("name", link.c_str(), true, false); }),
               "A database named ('name') already exists.");
+    open.close();
+}
+
+TEST(yld_OpenClose, nameTakenByACopyOfTheFileIsRefused)
+{
+    const Library library;
+    const ScratchFolder folder;
+    makeDatabase(folder.file("a.yld"));
+    std::filesystem::copy_file(folder.file("a.yld"), folder.file("b.yld"));
+    yld_Yld& open = openYld("name", folder.file("a.yld").c_str(), true, false);
+    EXPECT_EQ(failureOf([&] { openYld("name", folder.file("b.yld").c_str(), false, false); }),
+              "A database named ('name') already exists.");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("b.lck")));
     open.close();
 }
 
@@ -230,7 +250,7 @@ TEST(yld_OpenClose, failedCreateLeavesNothingOpen)
     const std::string path = folder.file("job.yld");
     EXPECT_EQ(failureOf([&] { Yld("job", "", "", path.c_str()); }),
               "Cannot create file " + path + ". " + path + ": is not a regular file");
-    EXPECT_EQ(yld_YldRepository::Instance().size(), 0);
+    EXPECT_EQ(registry().size(), 0);
     EXPECT_EQ(failureOf([] { getActiveYld(); }), "No yld files are open.");
 }
 
@@ -313,7 +333,7 @@ TEST(yld_OpenClose, fileThatWasReplacedIsOpenedButItsNameKeepsTheOldEntry)
     EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck"))) << "nobody would remove it";
     old.close();
     EXPECT_STREQ(openYld("job", path.c_str(), true, false).analysisTitle().cStr(), "the new title");
-    closeYld(yld_YldRepository::Instance().get("job"));
+    closeYld(registry().get("job"));
 }
 
 TEST(yld_OpenClose, anotherFileUnderATakenNameGivesTheOldEntryAndStaysClosed)
@@ -355,7 +375,7 @@ TEST(yld_OpenClose, failedOpenLeavesNoLockAndNoStore)
               "Cannot open file " + path + ". " + path + ": holds no store; the file is damaged");
     EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
     EXPECT_FALSE(lnk_Root::IsMember(path.c_str()));
-    EXPECT_EQ(yld_YldRepository::Instance().size(), 0);
+    EXPECT_EQ(registry().size(), 0);
 }
 
 TEST(yld_OpenClose, openWithoutTheDefaultModelFailsAndLeavesNoLockAndNoStore)
@@ -372,6 +392,61 @@ TEST(yld_OpenClose, openWithoutTheDefaultModelFailsAndLeavesNoLockAndNoStore)
               "Cannot open file " + path + ". " + path + ": has no model named \"Default Model\"");
     EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck")));
     EXPECT_FALSE(lnk_Root::IsMember(path.c_str()));
+}
+
+TEST(yld_OpenClose, whateverCallOfTheDiskFailsACreateLeavesNothing)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    int failures = 0;
+    for (int call = 1;; ++call) {
+        FaultyDisk disk;
+        disk.failCall(call, SQLITE_FULL);
+        const std::string failure = failureOf([&] { Yld("job", "title", "", path.c_str()); });
+        const bool hasFailed = disk.hasFailed();
+        disk.failCall(0, SQLITE_OK);
+        if (failure == "no exception") {
+            registry().get("job").close();
+            if (!hasFailed) break;
+            continue;
+        }
+        ++failures;
+        EXPECT_TRUE(failure.starts_with("Cannot create file " + path + ". " + path + ": ")) << failure;
+        EXPECT_EQ(registry().size(), 0);
+        EXPECT_TRUE(lnk_Root::Instance().stores().empty());
+        EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << "call " << call;
+    }
+    EXPECT_GT(failures, 20);
+}
+
+TEST(yld_OpenClose, whateverCallOfTheDiskFailsAnOpenLeavesTheFileAlone)
+{
+    const Library library;
+    const ScratchFolder folder;
+    const std::string path = folder.file("job.yld");
+    makeDatabase(path);
+    int failures = 0;
+    for (int call = 1;; ++call) {
+        FaultyDisk disk;
+        disk.failCall(call, SQLITE_IOERR_READ);
+        std::string failure;
+        warningsOf([&] { failure = failureOf([&] { openYld("job", path.c_str(), false, false); }); });
+        const bool hasFailed = disk.hasFailed();
+        disk.failCall(0, SQLITE_OK);
+        if (failure == "no exception") {
+            EXPECT_EQ(registry().get("job").steps().size(), 0);
+            registry().get("job").close();
+        } else {
+            ++failures;
+            EXPECT_TRUE(failure.starts_with("Cannot open file " + path + ". " + path + ": ")) << failure;
+            EXPECT_EQ(registry().size(), 0);
+            EXPECT_TRUE(lnk_Root::Instance().stores().empty());
+        }
+        EXPECT_FALSE(std::filesystem::exists(folder.file("job.lck"))) << "call " << call;
+        if (!hasFailed) break;
+    }
+    EXPECT_GT(failures, 5);
 }
 
 TEST(yld_OpenClose, aFailedOpenClosesNoStoreThatWasOpenBefore)
@@ -413,7 +488,7 @@ TEST(yld_OpenClose, closeYldTakesOutEveryNameOnThePathAndLeavesTheLockFile)
     openYld("third", path.c_str(), true, false);
     yld_Yld& stays = openYld("stays", other.c_str(), true, false);
     closeYld(writer);
-    EXPECT_EQ(yld_YldRepository::Instance().size(), 1);
+    EXPECT_EQ(registry().size(), 1);
     EXPECT_FALSE(stays.isClosed());
     EXPECT_TRUE(std::filesystem::exists(folder.file("job.lck")));
     EXPECT_FALSE(lnk_Root::IsMember(path.c_str()));

@@ -5,7 +5,9 @@
 
 namespace {
 
-void expectAxis(const yld_Sequence<yld_Sequence<float>>& axis, std::initializer_list<std::initializer_list<float>> points)
+using Points = std::initializer_list<std::initializer_list<float>>;
+
+void expectAxis(const yld_Sequence<yld_Sequence<float>>& axis, Points points)
 {
     ASSERT_EQ(axis.size(), static_cast<int>(points.size()));
     int row = 0;

@@ -1,11 +1,13 @@
 #include "yld_FieldBulkData.h"
 
+#include "platform/math/eng_Tensor.h"
+#include "platform/result/fld_Enum.h"
 #include "yld/impl/yld_FieldValueList.h"
 #include "yld/impl/yld_Raise.h"
+#include "yld_EnumMap.h"
 #include "yld_Instance.h"
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 
 namespace {
@@ -36,49 +38,15 @@ T* perValue(const T* ofBlock, int length, int valuesPerElement, const yld_Sequen
     return values.release();
 }
 
+// Rows that stand as close as the type has components, as nearly all do, go in one piece.
 template<class Real>
-float misesOf(const Real* row, yld_Enum::yld_DataTypeEnum type, bool engineering)
+void fillMises(int code, const Real* rows, int count, int width, bool engineering, float* values)
 {
-    const double e = engineering ? 0.5 : 1.0;
-    const auto s = [row](int i) { return static_cast<double>(row[i]); };
-    double mean = 0.0;
-    double d[3] = {0.0, 0.0, 0.0};
-    double shear = 0.0;
-    switch (type) {
-    case yld_Enum::TENSOR_3D_SURFACE:
-    case yld_Enum::TENSOR_2D_SURFACE:
-        mean = (s(0) + s(1)) / 3.0;
-        d[0] = s(0) - mean;
-        d[1] = s(1) - mean;
-        d[2] = -mean;
-        shear = e * s(2) * (e * s(2));
-        break;
-    default:
-        mean = (s(0) + s(1) + s(2)) / 3.0;
-        d[0] = s(0) - mean;
-        d[1] = s(1) - mean;
-        d[2] = s(2) - mean;
-        shear = e * s(3) * (e * s(3));
-        if (type == yld_Enum::TENSOR_3D_FULL) shear += e * s(4) * (e * s(4)) + e * s(5) * (e * s(5));
-        break;
+    if (width == eng_DataType::numTensorComponents(code)) {
+        eng_mises(code, rows, sizeOf(count), engineering, values);
+        return;
     }
-    return static_cast<float>(std::sqrt(1.5 * (d[0] * d[0] + d[1] * d[1] + d[2] * d[2] + 2.0 * shear)));
-}
-
-int componentsOf(yld_Enum::yld_DataTypeEnum type)
-{
-    switch (type) {
-    case yld_Enum::TENSOR_3D_FULL:
-        return 6;
-    case yld_Enum::TENSOR_3D_PLANAR:
-    case yld_Enum::TENSOR_2D_PLANAR:
-        return 4;
-    case yld_Enum::TENSOR_3D_SURFACE:
-    case yld_Enum::TENSOR_2D_SURFACE:
-        return 3;
-    default:
-        return 0;
-    }
+    for (int i = 0; i < count; ++i, rows += width) eng_mises(code, rows, 1, engineering, values + i);
 }
 
 } // namespace
@@ -211,14 +179,12 @@ const int* yld_FieldBulkData::integrationPoints() const
 const float* yld_FieldBulkData::mises() const
 {
     if (m_misesValues) return m_misesValues;
-    const int components = componentsOf(m_type);
-    if (components == 0 || m_width < components || (!m_data && !m_dataDouble)) return nullptr;
-    auto values = std::make_unique<float[]>(sizeOf(m_length));
-    for (int k = 0; k < m_length; ++k) {
-        const std::ptrdiff_t place = static_cast<std::ptrdiff_t>(k) * m_width;
-        values[sizeOf(k)] = m_data ? misesOf(m_data + place, m_type, m_engineeringTensor)
-                                   : misesOf(m_dataDouble + place, m_type, m_engineeringTensor);
-    }
+    if (m_type < yld_Enum::TENSOR_3D_FULL || m_type > yld_Enum::TENSOR_2D_SURFACE) return nullptr;
+    const int code = static_cast<int>(unMapDataType(m_type));
+    if (m_width < eng_DataType::numTensorComponents(code) || (!m_data && !m_dataDouble)) return nullptr;
+    std::unique_ptr<float[]> values(new float[sizeOf(m_length)]);
+    if (m_data) fillMises(code, m_data, m_length, m_width, m_engineeringTensor, values.get());
+    else fillMises(code, m_dataDouble, m_length, m_width, m_engineeringTensor, values.get());
     m_misesValues = values.release();
     return m_misesValues;
 }

@@ -6,10 +6,9 @@
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/yld_FieldAddDataUtils.h"
 #include "yld/impl/yld_Raise.h"
+#include "yld/impl/yld_SetCache.h"
 #include "yld_EnumMap.h"
 
-#include <algorithm>
-#include <cstring>
 #include <string>
 
 namespace {
@@ -46,14 +45,6 @@ std::vector<int> rowsOf(const yld_SubField& block)
     return rows;
 }
 
-template<class T> fio_Buffer gather(const T* values, int width, const std::vector<int>& rows)
-{
-    fio_Buffer buffer(rows.size() * static_cast<std::size_t>(width) * sizeof(T));
-    auto* into = reinterpret_cast<T*>(buffer.writable());
-    for (const int row : rows) into = std::copy_n(values + static_cast<std::ptrdiff_t>(row) * width, width, into);
-    return buffer;
-}
-
 struct Halves
 {
     fio_Buffer values;
@@ -62,10 +53,9 @@ struct Halves
 
 template<class T> Halves gather(const sto_Field& field, const std::vector<int>& rows)
 {
-    const sto_FieldView<T> view = field.view<T>();
     Halves halves;
-    halves.values = gather(view.data(), view.width(), rows);
-    if (view.conjugate()) halves.conjugate = gather(view.conjugate(), view.width(), rows);
+    halves.values = field.rowsAt<T>(rows);
+    if (field.hasConjugate()) halves.conjugate = field.rowsAt<T>(rows, true);
     return halves;
 }
 
@@ -231,11 +221,14 @@ sto_Set yld_FieldCopy::setFor(const yld_SubField& block, const Place& place, con
         if (candidate.isValid() && membersOf(candidate, place.mesh, place.classIndex) == wanted) return candidate;
     }
 
-    const std::string name = yld_FieldAddDataUtils::freeSetName(place.mesh, type, "api set");
-    sto_Mesh target = place.mesh;
     const int count = static_cast<int>(wanted.labels.size());
-    if (type == setC_Set::nodeSet) return target.Nset(name, wanted.labels.data(), count, true, false);
-    if (type == setC_Set::elementSet) return target.Elset(name, wanted.labels.data(), count, true);
+    if (type != setC_Set::surface) {
+        return yld_SetCache::instance().get(place.mesh, type, wanted.labels.data(), count, "api set", "api set ", 1);
+    }
+    const sto_SetList present = place.mesh.set();
+    std::string name = "api set";
+    for (int number = 1; present.has(type, name); ++number) name = "api set " + std::to_string(number);
+    sto_Mesh target = place.mesh;
     int subsetType = setC_SubSet::faces;
     for (int i = 0; i < stored.numSubsets(); ++i) {
         const sto_Subset subset = stored.subSet(i);

@@ -7,11 +7,8 @@
 #include "platform/sto/sto_FieldStep.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
-#include "yld/impl/yld_FieldAddDataUtils.h"
-#include "yld/impl/yld_FieldCopy.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld_EnumMap.h"
-#include "yld_Instance.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -281,85 +278,4 @@ void yld_FieldOutput::checkValidInvariants(yld_Enum::yld_DataTypeEnum type,
     for (const yld_Enum::yld_InvariantEnum invariant : invariants) {
         if (std::find(permitted.begin(), permitted.end(), invariant) == permitted.end()) yld_raise("Invalid invariant");
     }
-}
-
-namespace {
-
-// The stored instance of that name; none for values that belong to the whole model.
-sto_PartInstance storedInstance(const shr_ArrayCOW<sto_Assembly>& assembly, yld_Enum::yld_ResultPositionEnum position,
-                                const yld_Instance& instance)
-{
-    if (position == yld_Enum::WHOLE_MODEL) return {};
-    const std::string name = instance.name().cStr();
-    return yld_guard([&] {
-        if (assembly.IsNull() || !assembly.ConstGet().isValid() || !assembly.ConstGet().hasInstance(name)) {
-            yld_raise("Instance \"%s\" does not exists in this yld.", instance.name());
-        }
-        return assembly.ConstGet().instance(name);
-    });
-}
-
-} // namespace
-
-void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
-                              const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& data,
-                              const yld_SectionPoint& sectionPoint,
-                              const yld_Sequence<yld_Sequence<float>>& localCoordSystem,
-                              const yld_Sequence<yld_Sequence<float>>& conjugateData)
-{
-    yld_Sequence<yld_Sequence<yld_Sequence<float>>> systems;
-    if (!localCoordSystem.isEmpty()) systems.append(localCoordSystem);
-    addData(position, instance, labels, data, sectionPoint, systems, conjugateData);
-}
-
-void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
-                              const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& data,
-                              const yld_SectionPoint& sectionPoint,
-                              const yld_Sequence<yld_Sequence<yld_Sequence<float>>>& localCoordSystems,
-                              const yld_Sequence<yld_Sequence<float>>& conjugateData)
-{
-    if (m_isOrphan) yld_raise("addData() not valid for an orphaned object.");
-    addData(position, storedInstance(m_assembly, position, instance), labels, data, sectionPoint, localCoordSystems,
-            conjugateData);
-}
-
-void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const sto_PartInstance& instance,
-                              const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& data,
-                              const yld_SectionPoint& sectionPoint,
-                              const yld_Sequence<yld_Sequence<yld_Sequence<float>>>& localCoordSystems,
-                              const yld_Sequence<yld_Sequence<float>>& conjugateData)
-{
-    std::vector<int> flatLabels(static_cast<std::size_t>(labels.size()));
-    for (int i = 0, length = 0; i < labels.size(); i += length) {
-        const int* run = labels.run(i, length);
-        std::copy_n(run, length, flatLabels.begin() + i);
-    }
-    const yld_RowArray rows(data);
-    const yld_RowArray conjugateRows(conjugateData);
-    yld_guard([&] {
-        yld_FieldAddDataUtils(*this, position, instance, flatLabels.data(), labels.size(), rows, sectionPoint,
-                              localCoordSystems, conjugateRows)
-            .run();
-    });
-}
-
-void yld_FieldOutput::addData(yld_FieldOutput& field)
-{
-    if (m_isOrphan) yld_raise("addData() not valid for an orphaned object.");
-    yld_guard([&] { yld_FieldCopy(*this, field).run(); });
-}
-
-void yld_FieldOutput::addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
-                                  const int* labels, int numLabels, const float* data, int numRows, int width,
-                                  const yld_SectionPoint& sectionPoint, const float* conjugateData)
-{
-    if (m_isOrphan) yld_raise("addData() not valid for an orphaned object.");
-    const sto_PartInstance stored = storedInstance(m_assembly, position, instance);
-    const yld_RowArray rows(data, numRows, width);
-    const yld_RowArray conjugateRows = conjugateData ? yld_RowArray(conjugateData, numRows, width) : yld_RowArray();
-    const yld_Sequence<yld_Sequence<yld_Sequence<float>>> noSystems;
-    yld_guard([&] {
-        yld_FieldAddDataUtils(*this, position, stored, labels, numLabels, rows, sectionPoint, noSystems, conjugateRows)
-            .run();
-    });
 }

@@ -14,13 +14,6 @@
 
 namespace {
 
-template<class Real> Real* duplicate(const Real* components, int length)
-{
-    auto* copy = new Real[static_cast<std::size_t>(length)];
-    std::copy_n(components, length, copy);
-    return copy;
-}
-
 bool isTensor(yld_Enum::yld_DataTypeEnum type)
 {
     return type >= yld_Enum::TENSOR_3D_FULL && type <= yld_Enum::TENSOR_2D_SURFACE;
@@ -72,14 +65,16 @@ yld_FieldValueData::yld_FieldValueData(const yld_Sequence<double>& components)
 yld_FieldValueData::yld_FieldValueData(const yld_FieldValueData& other) { copyFrom(other); }
 
 yld_FieldValueData::yld_FieldValueData(yld_FieldValueData&& other) noexcept
+    : m_length(other.m_length), m_isBorrowed(other.m_isBorrowed), m_roomUsed(other.m_roomUsed)
 {
-    // A borrowed one has nothing to give away, but what it points to is the same for both.
-    std::swap(m_floatData, other.m_floatData);
-    std::swap(m_floatConjugate, other.m_floatConjugate);
-    std::swap(m_doubleData, other.m_doubleData);
-    std::swap(m_doubleConjugate, other.m_doubleConjugate);
-    std::swap(m_length, other.m_length);
-    std::swap(m_isBorrowed, other.m_isBorrowed);
+    std::memcpy(m_room, other.m_room, m_roomUsed);
+    take(m_floatData, other, other.m_floatData);
+    take(m_floatConjugate, other, other.m_floatConjugate);
+    take(m_doubleData, other, other.m_doubleData);
+    take(m_doubleConjugate, other, other.m_doubleConjugate);
+    other.m_length = 0;
+    other.m_isBorrowed = false;
+    other.m_roomUsed = 0;
 }
 
 yld_FieldValueData& yld_FieldValueData::operator=(const yld_FieldValueData& other)
@@ -99,28 +94,53 @@ yld_FieldValueData& yld_FieldValueData::operator=(const yld_FieldValueData& othe
 
 yld_FieldValueData::~yld_FieldValueData() { clear(); }
 
+bool yld_FieldValueData::isInRoom(const void* components) const
+{
+    return components >= m_room && components < m_room + sizeof m_room;
+}
+
+template<class Real> Real* yld_FieldValueData::allocate(int length)
+{
+    const std::size_t bytes = static_cast<std::size_t>(length) * sizeof(Real);
+    if (bytes > sizeof m_room - m_roomUsed) return new Real[static_cast<std::size_t>(length)];
+    auto* components = reinterpret_cast<Real*>(m_room + m_roomUsed);
+    constexpr std::size_t unit = sizeof(double);
+    m_roomUsed = static_cast<unsigned char>(m_roomUsed + (bytes + unit - 1) / unit * unit);
+    return components;
+}
+
+template<class Real> void yld_FieldValueData::release(Real*& components)
+{
+    if (components && !m_isBorrowed && !isInRoom(components)) delete[] components;
+    components = nullptr;
+}
+
+// What stood in the other's room stands at the same place of this one's.
+template<class Real> void yld_FieldValueData::take(Real*& components, yld_FieldValueData& from, Real*& theirs)
+{
+    const auto place = reinterpret_cast<const char*>(theirs) - from.m_room;
+    components = from.isInRoom(theirs) ? reinterpret_cast<Real*>(m_room + place) : theirs;
+    theirs = nullptr;
+}
+
 void yld_FieldValueData::reserve(int length, yld_Enum::yld_PrecisionEnum precision)
 {
     clear();
     if (length <= 0) return;
-    const auto count = static_cast<std::size_t>(length);
-    if (precision == yld_Enum::DOUBLE_PRECISION) m_doubleData = new double[count];
-    else m_floatData = new float[count];
+    if (precision == yld_Enum::DOUBLE_PRECISION) m_doubleData = allocate<double>(length);
+    else m_floatData = allocate<float>(length);
     m_length = length;
 }
 
 void yld_FieldValueData::clear()
 {
-    if (!m_isBorrowed) {
-        delete[] m_floatData;
-        delete[] m_floatConjugate;
-        delete[] m_doubleData;
-        delete[] m_doubleConjugate;
-    }
-    m_floatData = m_floatConjugate = nullptr;
-    m_doubleData = m_doubleConjugate = nullptr;
+    release(m_floatData);
+    release(m_floatConjugate);
+    release(m_doubleData);
+    release(m_doubleConjugate);
     m_length = 0;
     m_isBorrowed = false;
+    m_roomUsed = 0;
 }
 
 void yld_FieldValueData::copyIn(const float* components) { std::copy_n(components, m_length, m_floatData); }
@@ -145,13 +165,13 @@ void yld_FieldValueData::borrow(double* components, int length)
 
 void yld_FieldValueData::setConjugate(const float* components)
 {
-    if (!m_floatConjugate) m_floatConjugate = new float[static_cast<std::size_t>(m_length)];
+    if (!m_floatConjugate) m_floatConjugate = allocate<float>(m_length);
     std::copy_n(components, m_length, m_floatConjugate);
 }
 
 void yld_FieldValueData::setConjugate(const double* components)
 {
-    if (!m_doubleConjugate) m_doubleConjugate = new double[static_cast<std::size_t>(m_length)];
+    if (!m_doubleConjugate) m_doubleConjugate = allocate<double>(m_length);
     std::copy_n(components, m_length, m_doubleConjugate);
 }
 
@@ -164,11 +184,11 @@ void yld_FieldValueData::copyFrom(const yld_FieldValueData& other)
     if (other.m_floatData) {
         reserve(other.m_length, yld_Enum::SINGLE_PRECISION);
         copyIn(other.m_floatData);
-        if (other.m_floatConjugate) m_floatConjugate = duplicate(other.m_floatConjugate, other.m_length);
+        if (other.m_floatConjugate) setConjugate(other.m_floatConjugate);
     } else if (other.m_doubleData) {
         reserve(other.m_length, yld_Enum::DOUBLE_PRECISION);
         copyIn(other.m_doubleData);
-        if (other.m_doubleConjugate) m_doubleConjugate = duplicate(other.m_doubleConjugate, other.m_length);
+        if (other.m_doubleConjugate) setConjugate(other.m_doubleConjugate);
     }
 }
 

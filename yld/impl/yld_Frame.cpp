@@ -62,7 +62,7 @@ bool yld_FieldOutputRepository::hasStore() const
 int yld_FieldOutputRepository::size() const
 {
     if (!m_fullyRead) yld_guard([this] { return readAll(); });
-    return m_fields.size();
+    return m_fields->size();
 }
 
 shr_ArrayCOW<sto_Assembly> yld_FieldOutputRepository::assemblyOf(const sto_FieldDescription& description) const
@@ -78,7 +78,7 @@ shr_ArrayCOW<sto_Assembly> yld_FieldOutputRepository::assemblyOf(const sto_Field
 
 bool yld_FieldOutputRepository::isMember(const yld_String& name) const
 {
-    return m_fields.isMember(name) || yld_guard([&] { return readOne(name); });
+    return m_fields->isMember(name) || yld_guard([&] { return readOne(name); });
 }
 
 bool yld_FieldOutputRepository::readOne(const yld_String& name) const
@@ -89,20 +89,20 @@ bool yld_FieldOutputRepository::readOne(const yld_String& name) const
     const sto_Field first = m_fieldFrame.ConstGet().field().get(keys.front());
     yld_FieldOutput field(name, assemblyOf(first.fieldDescription()), m_fieldFrame, m_fieldStep, m_frameNumber);
     field.addFieldKeys(sequenceOf(keys));
-    m_fields.insert(name, field);
+    m_fields.Get().insert(name, field);
     return true;
 }
 
 yld_FieldOutput& yld_FieldOutputRepository::get(const yld_String& name)
 {
     if (!isMember(name)) return m_emptyField;
-    return m_fields.get(name);
+    return m_fields.Get().get(name);
 }
 
 const yld_FieldOutput& yld_FieldOutputRepository::constGet(const yld_String& name) const
 {
     if (!isMember(name)) return m_emptyField;
-    return m_fields.constGet(name);
+    return m_fields->constGet(name);
 }
 
 yld_Sequence<yld_String> yld_FieldOutputRepository::getFieldOutputNames() const
@@ -133,7 +133,7 @@ yld_Sequence<yld_String> yld_FieldOutputRepository::readNames() const
     return names;
 }
 
-void yld_FieldOutputRepository::insert(const yld_FieldOutput& field) { m_fields.insert(field.name(), field); }
+void yld_FieldOutputRepository::insert(const yld_FieldOutput& field) { m_fields.Get().insert(field.name(), field); }
 
 bool yld_FieldOutputRepository::update()
 {
@@ -164,13 +164,13 @@ bool yld_FieldOutputRepository::readAll() const
     }
     for (const auto& [text, found] : byName) {
         const yld_String name(text.c_str());
-        if (m_fields.isMember(name)) {
-            if (m_fields.get(name).addFieldKeys(sequenceOf(found.keys))) isNew = true;
+        if (m_fields->isMember(name)) {
+            if (m_fields.Get().get(name).addFieldKeys(sequenceOf(found.keys))) isNew = true;
             continue;
         }
         yld_FieldOutput field(name, found.assembly, m_fieldFrame, m_fieldStep, m_frameNumber);
         field.addFieldKeys(sequenceOf(found.keys));
-        m_fields.insert(name, field);
+        m_fields.Get().insert(name, field);
         isNew = true;
     }
     m_fullyRead = true;

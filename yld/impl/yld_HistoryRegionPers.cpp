@@ -27,37 +27,26 @@ yld_HistoryRegionPers::yld_HistoryRegionPers(const yld_HistoryRegionPers&) = def
 yld_HistoryRegionPers& yld_HistoryRegionPers::operator=(const yld_HistoryRegionPers&) = default;
 yld_HistoryRegionPers::~yld_HistoryRegionPers() = default;
 
-const sto_Set& yld_HistoryRegionPers::nodeResults(const sto_PartInstance& instance) const
+const sto_Set& yld_HistoryRegionPers::results(const sto_PartInstance& instance, bool isNode) const
 {
     sto_Set& set = resultsSet();
     if (set.isValid()) return set;
-    const std::string name = yld_MeshInput::text(historyPoint().shortText()) + " results_nset";
-    const int label = historyPoint().node().label();
+    const std::string name =
+        yld_MeshInput::text(historyPoint().shortText()) + (isNode ? " results_nset" : " results_elset");
+    const int label = isNode ? historyPoint().node().label() : historyPoint().element().label();
+    const int type = isNode ? setC_Set::nodeSet : setC_Set::elementSet;
+    // Another region at the place, or an earlier session, may have made it.
     if (instance.isValid()) {
-        // Another region at the node, or an earlier run, may have made it.
-        set = instance.mesh().nset(name);
-        if (!set.isValid()) set = sto_PartInstance(instance).Nset(name, &label, 1, true, false);
+        sto_PartInstance owner(instance);
+        set = owner.mesh().set().find(type, name);
+        if (set.isValid()) return set;
+        set = isNode ? owner.Nset(name, &label, 1, true, false) : owner.Elset(name, &label, 1, true);
     } else {
-        sto_Assembly assembly = m_historyStep->assembly();
-        set = assembly.set().find(setC_Set::nodeSet, name);
-        if (!set.isValid()) set = assembly.Nset(name, {{std::string(), {label}}}, true, false);
-    }
-    return set;
-}
-
-const sto_Set& yld_HistoryRegionPers::elementResults(const sto_PartInstance& instance) const
-{
-    sto_Set& set = resultsSet();
-    if (set.isValid()) return set;
-    const std::string name = yld_MeshInput::text(historyPoint().shortText()) + " results_elset";
-    const int label = historyPoint().element().label();
-    if (instance.isValid()) {
-        set = instance.mesh().elset(name);
-        if (!set.isValid()) set = sto_PartInstance(instance).Elset(name, &label, 1, true);
-    } else {
-        sto_Assembly assembly = m_historyStep->assembly();
-        set = assembly.set().find(setC_Set::elementSet, name);
-        if (!set.isValid()) set = assembly.Elset(name, {{std::string(), {label}}}, true);
+        sto_Assembly owner = m_historyStep->assembly();
+        set = owner.set().find(type, name);
+        if (set.isValid()) return set;
+        const std::vector<sto_SetStruct> group = {{std::string(), {label}}};
+        set = isNode ? owner.Nset(name, group, true, false) : owner.Elset(name, group, true);
     }
     return set;
 }
@@ -73,7 +62,7 @@ yld_HistoryOutput& yld_HistoryRegionPers::HistoryOutput(const yld_String& name, 
         const yld_HistoryPoint& point = historyPoint();
         const sto_HistoryStep& step = *m_historyStep;
         const sto_HistoryClock clock = step.Clock();
-        const yld_Enum::yld_ResultPositionEnum place = point.plainPosition();
+        const yld_Enum::yld_ResultPositionEnum place = point.storedPosition();
         const fld_OutputPositionEnm position = unMapOutputPosition(place);
         const sto_PartInstance instance = point.instance().instance();
         const auto classOf = [&](const sto_Set& set) {
@@ -85,20 +74,20 @@ yld_HistoryOutput& yld_HistoryRegionPers::HistoryOutput(const yld_String& name, 
         case yld_Enum::UNDEFINED_POSITION:
         case yld_Enum::WHOLE_MODEL: curve = step.FloatHistory(clock, position, name, description); break;
         case yld_Enum::NODAL: {
-            const sto_Set& set = nodeResults(instance);
+            const sto_Set& set = results(instance, true);
             curve = step.FloatHistory(clock, position, instance, name, description, point.node().label(), set);
             break;
         }
         case yld_Enum::ELEMENT_NODAL: yld_raise("yld_Enum::ELEMENT_NODAL history not allowed.");
         case yld_Enum::INTEGRATION_POINT: {
-            const sto_Set& set = elementResults(instance);
+            const sto_Set& set = results(instance, false);
             curve = step.FloatHistory(clock, position, fromZero(point.ipNumber()), instance, classOf(set), name,
                                       description, fromZero(point.sectionPoint().number()), set,
                                       point.element().label());
             break;
         }
         case yld_Enum::WHOLE_ELEMENT: {
-            const sto_Set& set = elementResults(instance);
+            const sto_Set& set = results(instance, false);
             curve = step.FloatHistory(clock, position, instance, classOf(set), name, description,
                                       point.element().label(), set);
             break;

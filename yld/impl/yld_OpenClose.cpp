@@ -61,8 +61,8 @@ void refuseWhileReplaced(const yld_YldRepository& registry, const yld_String& pa
 {
     const yld_String phase = registry.GetLockPhase(path);
     if (phase.compare("Analysis Input File Processor") != 0 && phase.compare("ZANTRA/Explicit Packager") != 0) return;
-    yld_raise("The .lck file for the output database %1$s indicates that the %2$s is currently modifying the database.  "
-              "The database cannot be opened at this time.",
+    yld_raise("The .lck file for the output database %1$s indicates that the %2$s is currently modifying the "
+              "database.  The database cannot be opened at this time.",
               path, phase);
 }
 
@@ -211,10 +211,12 @@ yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_
 {
     yld_YldRepository& registry = yld_YldRepository::Instance();
     const yld_String path = freePath(registry, name, givenPath);
-    sto_Sto store;
+    bool isMade = false;
     try {
         sto_StoContainer& container = registry.StoContainer();
+        sto_Sto store;
         container.CreateSto(store, path, description);
+        isMade = true;
         sto_Model model = store.Model(defaultModel);
         store.Result();
         store.UserData();
@@ -229,7 +231,7 @@ yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_
         return registry.get(name);
     } catch (const exc_Exception& failure) {
         // What was begun here and not brought to its end is no database.
-        if (store.file()) {
+        if (isMade) {
             sto_StoToolset::Instance().CloseYld(path);
             std::remove(path.cStr());
         }

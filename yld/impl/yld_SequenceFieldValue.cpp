@@ -80,7 +80,11 @@ void yld_SequenceFieldValue::append(const yld_SubField& block)
     }
     m_isListOnly = false;
     m_blocks.append(block);
-    m_lists.Get(m_listCount++) = yld_FieldValueList();
+    // The list is made when the block is read: a writer never asks for it. Where a stretch of lists stands already,
+    // copies of this sequence may hold it too, and it has to become this one's own.
+    const int at = m_listCount++;
+    m_lists.Grow(m_listCount);
+    if (m_lists.BlockAt((m_lists.Head() + at) >> m_lists.BlockPower())) m_lists.Get(at) = yld_FieldValueList();
     m_numValues += block.length();
     ++m_numBlocks;
 }

@@ -1,6 +1,7 @@
 #include "yld_Step.h"
 
 #include "platform/attribute/stpC_Steps.h"
+#include "platform/base/mmo_Memory.h"
 #include "platform/sto/sto_FieldDescription.h"
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_Frame.h"
@@ -447,4 +448,5 @@ void yld_Step::ClearFrameContainer()
     if (m_frames.m_current.IsValid()) m_frames.leave();
     m_frames = yld_SequenceFrame();
     m_frames = yld_SequenceFrame(*this);
+    mmo_GiveBack();
 }

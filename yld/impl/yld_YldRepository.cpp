@@ -126,7 +126,11 @@ bool yld_YldRepository::IsYldLocked(const yld_String& path) const
 bool yld_YldRepository::LockYld(const yld_String& path) const
 {
     if (osu_UrlParser::IsUrl(path)) return true;
-    const int descriptor = ::open(lockName(path).cStr(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, lockPermissions);
+    const yld_String name = lockName(path);
+    int descriptor = -1;
+    // It waits for a program that is testing the file at this instant.
+    do descriptor = ::open(name.cStr(), O_WRONLY | O_CREAT | O_CLOEXEC, lockPermissions);
+    while (descriptor < 0 && errno == EINTR);
     if (descriptor < 0) return false;
     ::close(descriptor);
     return true;

@@ -2,6 +2,7 @@
 //
 //     large_field [FOLDER]
 
+#include "measured_child.h"
 #include "platform/store/fio_File.h"
 
 #include <algorithm>
@@ -23,7 +24,6 @@ namespace {
 constexpr long long blockBytes = 16LL << 20;
 constexpr long long valuesInBlock = blockBytes / static_cast<long long>(sizeof(float));
 constexpr int allBlocks = 256;
-constexpr long long mostResidentMegabytes = 300;
 
 class large_Block : public pcl_Class<large_Block>
 {
@@ -54,30 +54,6 @@ public:
 
 // Exact in a float, and different in every block.
 float valueAt(int block, long long i) { return static_cast<float>((i * 31 + block * 7919LL) & 0xffffff); }
-
-double secondsSince(std::chrono::steady_clock::time_point start)
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-long long statusNumber(const char* name)
-{
-    std::ifstream status("/proc/self/status");
-    std::string word;
-    while (status >> word) {
-        if (word == name) {
-            long long kilobytes = 0;
-            status >> kilobytes;
-            return kilobytes;
-        }
-    }
-    throw std::runtime_error(std::string("/proc/self/status has no ") + name);
-}
-
-void demand(bool holds, const std::string& what)
-{
-    if (!holds) throw std::runtime_error(what);
-}
 
 void writeField(const std::string& path, int blocks)
 {
@@ -126,30 +102,6 @@ void readField(const std::string& path, int blocks)
         }
         file.body()->release(ref.id());
     }
-}
-
-// In a process of its own, so that each peak is its own.
-bool inChild(const char* what, const std::function<void()>& function)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        try {
-            const auto start = std::chrono::steady_clock::now();
-            function();
-            const long long peak = statusNumber("VmHWM:") / 1024;
-            std::printf("%s: %.1f s, %lld MB resident at most, %lld MB of them not the file's own pages now\n", what,
-                        secondsSince(start), peak, statusNumber("RssAnon:") / 1024);
-            std::fflush(stdout);
-            demand(peak < mostResidentMegabytes, "too much memory");
-            _exit(0);
-        } catch (const std::exception& failure) {
-            std::fprintf(stderr, "%s: %s\n", what, failure.what());
-        }
-        _exit(1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 } // namespace

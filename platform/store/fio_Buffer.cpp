@@ -1,0 +1,27 @@
+#include "platform/store/fio_Buffer.h"
+
+#include <cstdlib>
+#include <new>
+#include <sys/mman.h>
+
+namespace {
+
+constexpr std::size_t largePage = 2u << 20;
+// From here on what the last page wastes does not matter.
+constexpr std::size_t largeBytes = 8 * largePage;
+
+} // namespace
+
+fio_Buffer::fio_Buffer(std::size_t bytes) : m_size(bytes)
+{
+    if (bytes == 0) return;
+    const bool isLarge = bytes >= largeBytes;
+    const std::size_t unit = isLarge ? largePage : alignment;
+    const std::size_t rounded = (bytes + unit - 1) / unit * unit;
+    if (rounded < bytes) throw std::bad_alloc();
+    void* memory = std::aligned_alloc(unit, rounded);
+    if (!memory) throw std::bad_alloc();
+    // A hint: where it cannot be followed nothing is lost.
+    if (isLarge) madvise(memory, rounded, MADV_HUGEPAGE);
+    m_memory.reset(memory, std::free);
+}
