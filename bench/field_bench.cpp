@@ -1,5 +1,6 @@
-// Writing and reading of a nodal vector field through the public interface, beside writing and reading of the same
-// bytes as a plain file, in one run.
+// Reading of a nodal vector field through the public interface, beside reading of the same bytes from a plain file, in
+// one run. write_bench has the writing.
+#include "bench_folder.h"
 #include "yld.h"
 
 #include <benchmark/benchmark.h>
@@ -8,7 +9,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -38,26 +38,6 @@ std::vector<float> fieldValues()
     return values;
 }
 
-class Folder
-{
-public:
-    Folder()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "yld-bench-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) std::abort();
-        m_path = pattern;
-    }
-    ~Folder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    std::string file(const char* name) const { return (m_path / name).string(); }
-
-private:
-    std::filesystem::path m_path;
-};
-
 void makeModel(yld_Yld& yld, const std::vector<int>& labels)
 {
     yld_Part& part = yld.Part("part", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
@@ -82,28 +62,6 @@ double writeFields(const std::string& path, const std::vector<int>& labels, cons
         yld_Frame frame = yld.steps().get("Step-1").Frame(f, 0.1 * f);
         frame.FieldOutput("U", "displacement", yld_Enum::VECTOR)
             .addBulkData(yld_Enum::NODAL, instance, labels.data(), numNodes, values.data(), numNodes, width);
-    }
-    yld.save();
-    const double seconds = secondsSince(start);
-    yld.close();
-    return seconds;
-}
-
-double writeRows(const std::string& path, const std::vector<int>& labels, const std::vector<float>& values)
-{
-    yld_Yld& yld = Yld("bench", "", "", path.c_str());
-    makeModel(yld, labels);
-    yld.save();
-    yld_Instance& instance = yld.rootAssembly().instances().get("part-1");
-    const yld_Sequence<int> nodes(labels.data(), numNodes);
-    yld_Sequence<yld_Sequence<float>> rows(numNodes);
-    for (int i = 0; i < numNodes; ++i) {
-        rows.append(yld_Sequence<float>(values.data() + static_cast<std::ptrdiff_t>(i) * width, width));
-    }
-    const Clock::time_point start = Clock::now();
-    for (int f = 0; f < numFrames; ++f) {
-        yld_Frame frame = yld.steps().get("Step-1").Frame(f, 0.1 * f);
-        frame.FieldOutput("U", "displacement", yld_Enum::VECTOR).addData(yld_Enum::NODAL, instance, nodes, rows);
     }
     yld.save();
     const double seconds = secondsSince(start);
@@ -177,43 +135,9 @@ void report(benchmark::State& state, double ours, double plain)
     state.counters["GB/s"] = bytes * runs / ours * 1e-9;
 }
 
-void writing(benchmark::State& state)
-{
-    const std::vector<int> labels = nodeLabels();
-    const std::vector<float> values = fieldValues();
-    double ours = 0.0;
-    double plain = 0.0;
-    for (auto _ : state) {
-        const Folder folder;
-        const double seconds = writeFields(folder.file("bench.yld"), labels, values);
-        ours += seconds;
-        plain += writePlain(folder.file("plain"), values);
-        state.SetIterationTime(seconds);
-    }
-    report(state, ours, plain);
-}
-BENCHMARK(writing)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
-
-void writingSequences(benchmark::State& state)
-{
-    const std::vector<int> labels = nodeLabels();
-    const std::vector<float> values = fieldValues();
-    double ours = 0.0;
-    double plain = 0.0;
-    for (auto _ : state) {
-        const Folder folder;
-        const double seconds = writeRows(folder.file("bench.yld"), labels, values);
-        ours += seconds;
-        plain += writePlain(folder.file("plain"), values);
-        state.SetIterationTime(seconds);
-    }
-    report(state, ours, plain);
-}
-BENCHMARK(writingSequences)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
-
 void reading(benchmark::State& state)
 {
-    const Folder folder;
+    const BenchFolder folder;
     const std::vector<float> values = fieldValues();
     writeFields(folder.file("bench.yld"), nodeLabels(), values);
     writePlain(folder.file("plain"), values);

@@ -1,12 +1,12 @@
 // Writing of results through the public interface, saved, beside write and fsync of the same bytes; the sequences of
 // sequences beside the plain arrays; and many small blocks. Ratios are of speeds: 1 is as fast as the other.
+#include "bench_folder.h"
 #include "bench_ratio.h"
 #include "yld.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -16,26 +16,6 @@ namespace {
 constexpr int numEntities = 1000000; // nodes, and elements
 constexpr int nodesPerElement = 8;
 constexpr int pointsPerElement = 8;
-
-class Folder
-{
-public:
-    Folder()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "yld-bench-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) std::abort();
-        m_path = pattern;
-    }
-    ~Folder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    std::string file(const char* name) const { return (m_path / name).string(); }
-
-private:
-    std::filesystem::path m_path;
-};
 
 // Labels with gaps, in the order of the mesh.
 std::vector<int> meshLabels()
@@ -116,7 +96,7 @@ void writePlain(const std::string& path, const std::vector<float>& values)
 
 void nodalVector(benchmark::State& state)
 {
-    const Folder folder;
+    const BenchFolder folder;
     const std::vector<int> labels = meshLabels();
     const std::vector<float> values = numbers(std::size_t{numEntities} * 3);
     Database database(folder.file("bench.yld"), labels, false);
@@ -134,7 +114,7 @@ BENCHMARK(nodalVector)->UseManualTime()->Iterations(15)->Unit(benchmark::kMillis
 
 void integrationPointTensor(benchmark::State& state)
 {
-    const Folder folder;
+    const BenchFolder folder;
     const std::vector<int> labels = meshLabels();
     constexpr int rows = numEntities * pointsPerElement;
     const std::vector<float> values = numbers(std::size_t{rows} * 6);
@@ -154,7 +134,7 @@ BENCHMARK(integrationPointTensor)->UseManualTime()->Iterations(5)->Unit(benchmar
 // The overload with sequences of sequences beside that with plain arrays, both saved.
 void sequencesBesideArrays(benchmark::State& state, yld_Enum::yld_DataTypeEnum type, int width)
 {
-    const Folder folder;
+    const BenchFolder folder;
     const std::vector<int> labels = meshLabels();
     const std::vector<float> values = numbers(static_cast<std::size_t>(numEntities) * static_cast<std::size_t>(width));
     const yld_Sequence<int> sequence(labels.data(), numEntities);
@@ -196,7 +176,7 @@ void smallBlocks(benchmark::State& state)
     std::vector<yld_String> names;
     for (int f = 0; f < numFields; ++f) names.emplace_back(std::string("F").append(std::to_string(f)).c_str());
     for (auto _ : state) {
-        const Folder folder;
+        const BenchFolder folder;
         yld_Yld& yld = Yld("bench", "", "", folder.file("bench.yld").c_str());
         yld_Part& part = yld.Part("part", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
         yld_Sequence<yld_Sequence<float>> coordinates;

@@ -80,20 +80,21 @@ class Container:
 
         at = len(header({}))
         begins = {}
-        body = b""
+        body = []
         for name, _, _, _, content in fixed:
-            begins[name] = at + len(body)
-            body += padded(content)
-        first = at + len(body)
+            begins[name] = at
+            body.append(padded(content))
+            at += len(body[-1])
         for name, dimensions, _, kind, content in recorded:
-            begins[name] = first
-            first += record_size(dimensions, kind)
-            body += padded(content[0]) if content else b""
+            begins[name] = at
+            at += record_size(dimensions, kind)
+            body.append(padded(content[0]) if content else b"")
         for record in range(1, records):
             for _, _, _, _, content in recorded:
-                body += padded(content[record])
+                body.append(padded(content[record]))
         with open(path, "wb") as stream:
-            stream.write(header(begins) + body)
+            stream.write(header(begins))
+            stream.writelines(body)
 
 
 def text_table(texts, width):

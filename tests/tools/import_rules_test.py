@@ -2,7 +2,9 @@
 
 import json
 import os
+import subprocess
 import tempfile
+import time
 
 import exodus_writer
 import programs
@@ -313,6 +315,31 @@ class ImportTest(programs.ProgramTest):
                          [(v["position"], v["element"], v["data"]) for v in self.values(path, "p")])
         self.assertEqual("yld: not imported: 1 side set variable on a set with several sides of an element\n"
                          'yld: note: side set variable "p" lies on the whole elements behind the sides\n', self.said)
+
+    def test_memory_is_that_of_one_field_at_one_time(self):
+        # 96 megabytes of values; what is held of them is to be far less.
+        numbers = [float(i) for i in range(60000)]
+        source, target = self.path("large.e"), self.path("large.yld")
+        times = [0.1 * i for i in range(200)]
+        exodus_writer.write(source, 3, [(x, 0.0, 0.0) for x in numbers], [{"id": 1, "type": "SPHERE", "connectivity": [[1]]}],
+                            times=times, nodal={"t": [numbers] * len(times)})
+        process = subprocess.Popen([programs.program("yld"), "import", source, target], stdin=subprocess.DEVNULL)
+        peak = 0
+        while process.poll() is None:
+            # The peak of the program itself: what a parent has used counts in the usage of its children.
+            try:
+                with open("/proc/%d/status" % process.pid) as stream:
+                    lines = [line for line in stream if line.startswith("VmHWM")]
+                if os.readlink("/proc/%d/exe" % process.pid).endswith("yld"):
+                    peak = max([peak] + [1024 * int(line.split()[1]) for line in lines])
+            except OSError:
+                pass
+            time.sleep(0.002)
+        self.assertEqual(0, process.returncode)
+        self.assertEqual([59999], self.values(target, "t", "--frame", "150")[-1]["data"])
+        self.assertGreater(peak, 0)
+        if "asan" not in programs.BIN:  # a sanitizer keeps freed memory back
+            self.assertLess(peak, os.path.getsize(source))
 
     def test_element_types(self):
         line = [(float(i), 0.0, 0.0) for i in range(20)]

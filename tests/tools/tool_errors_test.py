@@ -270,6 +270,24 @@ class ErrorTest(programs.ProgramTest):
             self.assertEqual(-number, process.returncode)
             self.assert_nothing_left()
 
+    def test_a_killed_import_leaves_no_target(self):
+        # Nobody is asked whether to end: what was written goes under another name until it is whole.
+        times = [0.001 * i for i in range(3000)]
+        source = self.path("long.e")
+        exodus_writer.write(source, 3, CUBE, [HEX], times=times,
+                            nodal={"v%d" % v: [[0.0] * 8] * len(times) for v in range(10)})
+        before = sorted(os.listdir(self.folder))
+        process = subprocess.Popen([program("yld"), "import", source, self.path("out.yld")],
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        deadline = time.monotonic() + 60
+        while sorted(os.listdir(self.folder)) == before and process.poll() is None and time.monotonic() < deadline:
+            time.sleep(0.002)
+        process.kill()
+        self.assertEqual(-signal.SIGKILL, process.wait(timeout=120))
+        self.assertNotIn("out.yld", os.listdir(self.folder))
+        # The leftovers are in nobody's way.
+        self.assertEqual(0, run("yld", "import", source, self.path("out.yld")).returncode)
+
     # Streams
 
     def test_broken_pipe_is_quiet(self):
