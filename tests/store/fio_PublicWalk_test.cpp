@@ -190,6 +190,7 @@ void walkHistory(const yld_Step& step, Seen& seen)
             ++seen.curves;
         }
     }
+}
 
 // Parts of a field, as far as the file has sets, elements and nodes to choose by.
 void walkSubsets(const yld_FieldOutput& field, const yld_Instance& instance, Seen& seen)
@@ -305,7 +306,8 @@ TEST_F(fio_PublicWalk, theTrueJobIsWalkedWhole)
     EXPECT_EQ(seen.bulk, 6 * (20 * 3 + 32));
     // Of the nodal values twice all by node sets, one node, the instance, and those of no system; of the others all by
     // two element sets, one element, the instance, the type, and those of no system.
-    EXPECT_EQ(seen.chosen, 6 * (2 * 20 + 1 + 20 + 20 + 2 * 32 + 8 + 32 + 32 + 32));
+    // The points with history are sets of their own: two nodes, and two elements with 8 values each.
+    EXPECT_EQ(seen.chosen, 6 * (2 * 20 + 1 + 20 + 20 + 2 * 32 + 8 + 32 + 32 + 32 + 2 * 1 + 2 * 8));
     EXPECT_EQ(seen.curves, 2 * 12);
     EXPECT_EQ(seen.pairs, 2 * (12 * 50 + 2 * 20));
 }
