@@ -64,13 +64,13 @@ void makeJob(const std::string& path)
                 rows.append(row);
             }
             u.addData(yld_Enum::NODAL, instance, nodes, rows);
-            yld_Sequence<yld_Sequence<float>> points;
+            yld_Sequence<yld_Sequence<float>> energies;
             for (int i = 0; i < 8 * elements.size(); ++i) {
                 const float number = static_cast<float>(i);
-                points.append(yld_Sequence<float>(&number, 1));
+                energies.append(yld_Sequence<float>(&number, 1));
             }
             frame.FieldOutput("E", "energy", yld_Enum::SCALAR)
-                .addData(yld_Enum::INTEGRATION_POINT, instance, elements, points);
+                .addData(yld_Enum::INTEGRATION_POINT, instance, elements, energies);
         }
     }
     saveYld(db);
