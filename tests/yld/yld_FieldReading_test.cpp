@@ -286,7 +286,8 @@ TEST_F(yld_FieldReadingTest, bulkDataBorrowsTheStoredNumbers)
     forget();
     reopen();
     const yld_FieldOutput& read = field("S");
-    const yld_FieldBulkData& bulk = read.bulkDataBlocks()[0];
+    const yld_SequenceFieldBulkData kept = read.bulkDataBlocks();
+    const yld_FieldBulkData& bulk = kept[0];
     EXPECT_EQ(bulk.data(), read.SubField()[0].field().view<float>().data());
     EXPECT_EQ(bulk.data(), read.bulkDataBlocks()[0].data());
     // What has one entry a value is made when it is asked for, and once.

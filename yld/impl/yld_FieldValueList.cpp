@@ -66,8 +66,7 @@ void yld_FieldValueList::read(const yld_SubField& block)
         const sto_FieldDescription& handle = block.description();
         const std::shared_ptr<const fld_FieldDescription> description = handle.data();
         m_dataType = block.type();
-        m_indices = block.indices();
-        m_indexCount = m_indices.size();
+        m_indexCount = block.indices().size();
         m_position = mapOutputPosition(description->position());
         m_precision = m_field.storageType() == 1 ? yld_Enum::DOUBLE_PRECISION : yld_Enum::SINGLE_PRECISION;
         if (m_position != yld_Enum::WHOLE_MODEL) readInstance(handle);
@@ -91,7 +90,8 @@ void yld_FieldValueList::read(const yld_SubField& block)
         if (description->m_locationIndex >= 0) {
             m_sectionPoint = yld_SectionPoint(description->m_locationIndex + 1, handle.sectionPointLabel());
         }
-        for (const int place : m_indices) {
+        m_places.reserve(static_cast<std::size_t>(m_indexCount));
+        for (const int place : block.indices()) {
             if (place < 0 || place >= m_numValues) refuse("a subset goes beyond its values");
             m_places.push_back(place);
         }

@@ -87,9 +87,8 @@ private:
     int m_numNodes = 0;
     int m_setType = 7;
     bool m_isPair = false;
-    yld_Sequence<int> m_indices;
     int m_indexCount = 0;
-    std::vector<int> m_places; // the indices once more, side by side
+    std::vector<int> m_places; // of the shown values, for a block that does not show all
     shr_COW<yld_Instance> m_instance = noInstance();
     yld_Enum::yld_DataTypeEnum m_dataType = yld_Enum::UNDEFINED_DATATYPE;
     bool m_engineeringTensor = false;
