@@ -18,6 +18,7 @@ class sto_FieldDescription;
 class sto_FieldFrame;
 class sto_FieldStep;
 class sto_PartInstance;
+class yld_RowArray;
 class yld_Set;
 
 /// One named result in one frame: a list of blocks, read when their values are asked for. An attached field
@@ -210,10 +211,9 @@ private:
     friend class yld_Frame;
 
     void checkAttached() const;
-    template<class T>
-    void addArrays(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const int* labels,
-                   int numLabels, const T* data, int numRows, int width, const yld_SectionPoint& sectionPoint,
-                   const T* conjugateData, const float* localCoordSystems, int numSystems);
+    void addRows(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const int* labels,
+                 int numLabels, const yld_RowArray& rows, const yld_RowArray& conjugateRows, int numRows, int width,
+                 const yld_SectionPoint& sectionPoint, const float* localCoordSystems, int numSystems);
     bool appendFieldKeys(const yld_Sequence<int>& keys);
     yld_FieldOutput subsetOf(const yld_SequenceFieldValue& values) const;
     void moveToPosition(const yld_SequenceFieldValue& source, yld_Enum::yld_ResultPositionEnum position,

@@ -60,7 +60,8 @@ public:
 
     /// @param localCoordSystem  empty, or four rows: three base vectors of 3 entries, of any length but zero, and
     ///                          the origin of 2 or 3
-    /// Raises "localCoordSystem should contain 4 sequences.", "Coord system base vectors should be of length 3.".
+    /// Raises "localCoordSystem should contain 4 sequences.", "The coordinate system of part instance "%s" has entries
+    /// that are not numbers.", "Coord system base vectors should be of length 3.".
     yld_Instance& Instance(const yld_String& name, const yld_Part& part,
                            const yld_Sequence<yld_Sequence<float>>& localCoordSystem);
 

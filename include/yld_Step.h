@@ -143,8 +143,8 @@ public:
     yld_LoadCase& LoadCase(const yld_String& name);
     const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
 
-    /// Looks for frames, load cases and, if history was read, curves that came in since the last look, and for fields of the frame at hand if all
-    /// of its fields have been read; tells whether there were any.
+    /// Looks for frames, load cases and, once history was read, curves that came in since the last look, and, if all
+    /// fields of the frame at hand have been read, for fields of it; tells whether there were any.
     bool update();
     /// Gives back the memory of the frame at hand and its fields.
     void ClearFrameContainer();

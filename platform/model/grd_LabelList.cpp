@@ -14,17 +14,21 @@ void grd_LabelIndex::enter(int label, int place)
     m_slots[slot] = place + 1;
 }
 
+void grd_LabelIndex::reserve(int count)
+{
+    if (m_slots.size() >= 2 * static_cast<std::size_t>(count)) return;
+    int bits = 5;
+    while (bits < 31 && (std::size_t{1} << bits) < 2 * static_cast<std::size_t>(count)) ++bits;
+    // At most half full, and doubled each time, so that growing by single labels stays linear.
+    if (std::size_t{1} << bits < 2 * static_cast<std::size_t>(count)) bits = 32;
+    m_slots.assign(std::size_t{1} << bits, 0);
+    m_shift = 32 - bits;
+    m_indexed = 0;
+}
+
 void grd_LabelIndex::grow(const int* labels, int count)
 {
-    if (m_slots.size() < 2 * static_cast<std::size_t>(count)) {
-        int bits = 5;
-        while (bits < 31 && (std::size_t{1} << bits) < 2 * static_cast<std::size_t>(count)) ++bits;
-        // At most half full, and doubled each time, so that growing by single labels stays linear.
-        if (std::size_t{1} << bits < 2 * static_cast<std::size_t>(count)) bits = 32;
-        m_slots.assign(std::size_t{1} << bits, 0);
-        m_shift = 32 - bits;
-        m_indexed = 0;
-    }
+    reserve(count);
     for (; m_indexed < count; ++m_indexed) enter(labels[m_indexed], m_indexed);
 }
 
@@ -123,16 +127,12 @@ int grd_LabelList::firstRepeated(const int* labels, int count)
     int i = 1;
     while (i < count && labels[i] > labels[i - 1]) ++i;
     if (i >= count) return -1;
-    std::vector<int> order(static_cast<std::size_t>(count));
-    for (int k = 0; k < count; ++k) order[static_cast<std::size_t>(k)] = k;
-    std::sort(order.begin(), order.end(), [labels](int a, int b) {
-        return labels[a] != labels[b] ? labels[a] < labels[b] : a < b;
-    });
-    int first = -1;
-    for (std::size_t k = 1; k < order.size(); ++k) {
-        if (labels[order[k]] == labels[order[k - 1]] && (first < 0 || order[k] < first)) first = order[k];
+    grd_LabelIndex seen;
+    seen.reserve(count);
+    for (i = 1; i < count; ++i) {
+        if (seen.find(labels, i, labels[i]) >= 0) return i;
     }
-    return first;
+    return -1;
 }
 
 void grd_LabelList::verify(const std::string& path) const

@@ -16,6 +16,8 @@ public:
     /// @return the place of the label among the first `count`, or -1
     int find(const int* labels, int count, int label);
     int size() const { return m_indexed; }
+    /// Room for that many labels, so that they come in without being moved.
+    void reserve(int count);
 
 private:
     void grow(const int* labels, int count);

@@ -161,6 +161,83 @@ template<class T> fio_Buffer sto_Field::rowsAt(const std::vector<int>& rows, boo
 template fio_Buffer sto_Field::rowsAt<float>(const std::vector<int>&, bool) const;
 template fio_Buffer sto_Field::rowsAt<double>(const std::vector<int>&, bool) const;
 
+namespace {
+
+template<class From, class To> void convert(pcl_Array<From>& from, pcl_Array<To>& to, const From* values,
+                                            const std::shared_ptr<fio_FileBody>& file)
+{
+    fio_Buffer converted(static_cast<std::size_t>(from.size()) * sizeof(To));
+    std::transform(values, values + from.size(), reinterpret_cast<To*>(converted.writable()),
+                   [](From value) { return static_cast<To>(value); });
+    to.adopt(converted);
+    to.toDisk(file);
+    from.adopt(fio_Buffer());
+    from.toDisk(file);
+}
+
+bool isOfKind(fld_DataTypeEnm type, sto_ValueKind kind)
+{
+    switch (kind) {
+    case sto_ValueKind::SCALAR:
+        return type == fld_DataTypeEnm::SCALAR;
+    case sto_ValueKind::VECTOR:
+        return type == fld_DataTypeEnm::VECTOR;
+    case sto_ValueKind::MATRIX:
+        return type == fld_DataTypeEnm::MATRIX;
+    case sto_ValueKind::TENSOR:
+        return fld_FieldDescription::isTensor(type);
+    case sto_ValueKind::QUATERNION:
+        return type == fld_DataTypeEnm::QUATERNION_2D || type == fld_DataTypeEnm::QUATERNION_3D;
+    }
+    return false;
+}
+
+template<class T> sto_FieldView<T> viewOfKind(const sto_Field& field, sto_ValueKind kind)
+{
+    if (!isOfKind(field.fieldDescription().dataType(), kind)) {
+        fio_raise(field.shortCut().file()->path(), "the values of a field are taken for others than they are");
+    }
+    return field.view<T>();
+}
+
+} // namespace
+
+template<class T, sto_ValueKind kind>
+sto_TypedView<T, kind>::sto_TypedView(const sto_Field& field) : sto_FieldView<T>(viewOfKind<T>(field, kind))
+{
+}
+
+template class sto_TypedView<float, sto_ValueKind::SCALAR>;
+template class sto_TypedView<float, sto_ValueKind::VECTOR>;
+template class sto_TypedView<float, sto_ValueKind::MATRIX>;
+template class sto_TypedView<float, sto_ValueKind::TENSOR>;
+template class sto_TypedView<float, sto_ValueKind::QUATERNION>;
+template class sto_TypedView<double, sto_ValueKind::SCALAR>;
+template class sto_TypedView<double, sto_ValueKind::VECTOR>;
+template class sto_TypedView<double, sto_ValueKind::MATRIX>;
+template class sto_TypedView<double, sto_ValueKind::TENSOR>;
+template class sto_TypedView<double, sto_ValueKind::QUATERNION>;
+
+void sto_Field::setStorageType(int type)
+{
+    if (type == storageType()) return;
+    const auto& file = m_field.file();
+    if (type != 0 && type != 1) fio_raise(file->path(), "a field has no precision " + std::to_string(type));
+    const std::shared_ptr<fld_Field> changed = m_field.fetchWritable();
+    if (type == 1) {
+        const sto_FieldView<float> old = view<float>();
+        convert(changed->m_values, changed->m_doubleValues, old.data(), file);
+        if (old.conjugate()) convert(changed->m_conjugate, changed->m_doubleConjugate, old.conjugate(), file);
+    } else {
+        const sto_FieldView<double> old = view<double>();
+        convert(changed->m_doubleValues, changed->m_values, old.data(), file);
+        if (old.conjugate()) convert(changed->m_doubleConjugate, changed->m_conjugate, old.conjugate(), file);
+    }
+    changed->m_storageType = type;
+    m_field.replace(changed);
+    m_loaded = std::make_shared<Loaded>();
+}
+
 bool sto_Field::hasConjugate() const
 {
     const std::shared_ptr<const fld_Field> field = m_field.fetch();

@@ -24,6 +24,8 @@ public:
     sto_FieldDescription fieldDescription() const { return sto_FieldDescription(m_field.fetch()->m_description); }
     /// 0 single precision, 1 double.
     int storageType() const { return m_field.fetch()->m_storageType; }
+    /// Keeps the values in the other precision; those of double precision are rounded to single.
+    void setStorageType(int type);
     int rows() const { return m_field.fetch()->m_rows; }
     /// How many components are stored in all.
     long long size() const;

@@ -7,6 +7,7 @@
 #include "platform/sto/sto_FieldDescription.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace {
 
@@ -68,15 +69,20 @@ lnk_ShortCut<fld_Field> create(const sto_FieldDescription& description, int key,
 
 int sto_FieldFrame::numFields() const { return m_frame.fetch()->m_fields.size(); }
 
-std::vector<int> sto_FieldFrame::fieldKeys() const
+namespace {
+
+const std::vector<int>& keysOf(const fld_Frame& frame, const std::shared_ptr<fio_FileBody>& file)
 {
-    const std::shared_ptr<const fld_Frame> frame = m_frame.fetch();
-    if (frame->m_fields.size() != static_cast<int>(frame->m_fieldKeys.size())) {
-        fio_raise(m_frame.file()->path(), "a frame has " + std::to_string(frame->m_fields.size()) + " fields, but " +
-                                              std::to_string(frame->m_fieldKeys.size()) + " keys; the file is damaged");
+    if (frame.m_fields.size() != static_cast<int>(frame.m_fieldKeys.size())) {
+        fio_raise(file->path(), "a frame has " + std::to_string(frame.m_fields.size()) + " fields, but " +
+                                    std::to_string(frame.m_fieldKeys.size()) + " keys; the file is damaged");
     }
-    return frame->m_fieldKeys;
+    return frame.m_fieldKeys;
 }
+
+} // namespace
+
+std::vector<int> sto_FieldFrame::fieldKeys() const { return keysOf(*m_frame.fetch(), m_frame.file()); }
 
 std::vector<std::string> sto_FieldFrame::fieldNames() const
 {
@@ -88,14 +94,23 @@ std::vector<std::string> sto_FieldFrame::fieldNames() const
     return names;
 }
 
+// The places of the names in the list of fields, which only grows.
+struct sto_FieldFrame::Index
+{
+    std::unordered_multimap<std::string, int> places;
+    int indexed = 0;
+};
+
 std::vector<int> sto_FieldFrame::fieldKeys(std::string_view name) const
 {
-    const std::vector<int> all = fieldKeys();
     const std::shared_ptr<const fld_Frame> frame = m_frame.fetch();
+    const std::vector<int>& all = keysOf(*frame, m_frame.file());
+    const int count = static_cast<int>(all.size());
+    if (!m_index || m_index->indexed > count) m_index = std::make_shared<Index>();
+    for (int& i = m_index->indexed; i < count; ++i) m_index->places.emplace(nameIn(frame->m_fields.key(i)), i);
     std::vector<int> keys;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (nameIn(frame->m_fields.key(static_cast<int>(i))) == name) keys.push_back(all[i]);
-    }
+    const auto [begin, end] = m_index->places.equal_range(std::string(name));
+    for (auto place = begin; place != end; ++place) keys.push_back(all[static_cast<std::size_t>(place->second)]);
     std::sort(keys.begin(), keys.end());
     return keys;
 }
@@ -171,5 +186,7 @@ sto_Field sto_FieldFrame::Orientation(const sto_FieldDescription& description, i
 
 void sto_FieldFrame::release() const
 {
-    if (isValid()) m_frame.fetch()->m_fields.release();
+    if (!isValid()) return;
+    m_frame.fetch()->m_fields.release();
+    m_frame.file()->release(m_frame.id());
 }

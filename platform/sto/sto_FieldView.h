@@ -26,15 +26,37 @@ private:
     int m_width = 0;
 };
 
-using sto_ScalarFloat = sto_FieldView<float>;
-using sto_VectorFloat = sto_FieldView<float>;
-using sto_MatrixFloat = sto_FieldView<float>;
-using sto_TensorFloat = sto_FieldView<float>;
-using sto_QuaternionFloat = sto_FieldView<float>;
-using sto_ScalarDouble = sto_FieldView<double>;
-using sto_VectorDouble = sto_FieldView<double>;
-using sto_MatrixDouble = sto_FieldView<double>;
-using sto_TensorDouble = sto_FieldView<double>;
-using sto_QuaternionDouble = sto_FieldView<double>;
+class sto_Field;
+
+/// What a typed view is of: the types of stored values, the five tensors and the two quaternions each as one.
+enum class sto_ValueKind
+{
+    SCALAR,
+    VECTOR,
+    MATRIX,
+    TENSOR,
+    QUATERNION
+};
+
+/// A view on values of one kind and precision, so that they are not taken for others.
+template<class T, sto_ValueKind kind>
+class sto_TypedView : public sto_FieldView<T>
+{
+public:
+    sto_TypedView() = default;
+    /// Reads the values on the first call. Raises for a field of another kind or precision.
+    explicit sto_TypedView(const sto_Field& field);
+};
+
+using sto_ScalarFloat = sto_TypedView<float, sto_ValueKind::SCALAR>;
+using sto_VectorFloat = sto_TypedView<float, sto_ValueKind::VECTOR>;
+using sto_MatrixFloat = sto_TypedView<float, sto_ValueKind::MATRIX>;
+using sto_TensorFloat = sto_TypedView<float, sto_ValueKind::TENSOR>;
+using sto_QuaternionFloat = sto_TypedView<float, sto_ValueKind::QUATERNION>;
+using sto_ScalarDouble = sto_TypedView<double, sto_ValueKind::SCALAR>;
+using sto_VectorDouble = sto_TypedView<double, sto_ValueKind::VECTOR>;
+using sto_MatrixDouble = sto_TypedView<double, sto_ValueKind::MATRIX>;
+using sto_TensorDouble = sto_TypedView<double, sto_ValueKind::TENSOR>;
+using sto_QuaternionDouble = sto_TypedView<double, sto_ValueKind::QUATERNION>;
 
 #endif

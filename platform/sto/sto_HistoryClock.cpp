@@ -95,3 +95,10 @@ void sto_HistoryClock::appendTimeValueNoBufferSeq(double time)
     }
     ++clock.m_count;
 }
+
+void sto_HistoryClock::dropLastTime()
+{
+    // The series keeps it: other clocks may have it, and this one will be given it again or go on in another series.
+    fld_HistoryClock& clock = fld_growing(m_clock);
+    if (clock.m_count > 0) --clock.m_count;
+}

@@ -28,6 +28,8 @@ public:
     /// A time at the end, kept in double precision. It is gathered in memory and goes to disk in large pieces.
     void appendTimeValueNoBufferSeq(double time);
     void appendTimeValueNoBufferSeq(float time) { appendTimeValueNoBufferSeq(static_cast<double>(time)); }
+    /// Takes the last time back, when what belongs to it could not be kept.
+    void dropLastTime();
 
 private:
     lnk_ShortCut<fld_HistoryClock> m_clock;

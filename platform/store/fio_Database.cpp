@@ -87,9 +87,11 @@ void fio_Statement::bindZeroBlob(int parameter, std::size_t count)
 
 bool fio_Statement::step()
 {
-    if (!m_stepped) m_database.refuseEmptiedFile();
+    if (!m_stepped) {
+        m_database.refuseEmptiedFile();
+        ++m_database.m_statements;
+    }
     m_stepped = true;
-    ++m_database.m_statements;
     const int code = sqlite3_step(m_statement);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;

@@ -102,7 +102,8 @@ public:
     void beginReads() { ++m_readers; }
     void endReads();
 
-    /// How many statements and extent reads this connection has run, for tests and benchmarks.
+    /// How many statements, whatever the rows that they gave, and extent reads this connection has run, for tests and
+    /// benchmarks.
     long long statementCount() const { return m_statements; }
     long long extentReadCount() const { return m_extentReads; }
     long long extentReadBytes() const { return m_extentReadBytes; }

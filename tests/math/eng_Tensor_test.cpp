@@ -108,10 +108,11 @@ double relativeError(double found, double expected, double size)
 }
 
 template<class Real>
-void expectAll(const std::vector<double>& c, const double* expected, double tolerance)
+void expectAll(const std::vector<double>& c, const double* expected, double tolerance,
+               int code = Code::TENSOR_3D_FULL)
 {
     std::vector<Real> row(c.begin(), c.end());
-    const eng_Tensor<Real> tensor(Code::TENSOR_3D_FULL, row.data(), false);
+    const eng_Tensor<Real> tensor(code, row.data(), false);
     const double found[9] = {tensor.maxPrincipal(),
                              tensor.midPrincipal(),
                              tensor.minPrincipal(),
@@ -147,7 +148,7 @@ void expectAll(const std::vector<double>& c, const double* expected, double tole
 TEST(eng_Tensor, tenThousandFloatTensorsHaveTheirPrincipalValues)
 {
     const std::vector<double> reference = readDoubles("tensors_float.bin");
-    ASSERT_EQ(reference.size(), 30000u);
+    ASSERT_EQ(reference.size(), 90000u);
     Generator generator(1);
     double worst = 0;
     for (int index = 0; index < 10000; ++index) {
@@ -161,7 +162,7 @@ TEST(eng_Tensor, tenThousandFloatTensorsHaveTheirPrincipalValues)
         EXPECT_EQ(found[1], tensor.midPrincipal());
         EXPECT_EQ(found[2], tensor.minPrincipal());
         for (int i = 0; i < 3; ++i)
-            worst = std::max(worst, relativeError(found[i], reference[3 * index + i], 1));
+            worst = std::max(worst, relativeError(found[i], reference[9 * index + i], 1));
     }
     // Half a unit in the last place of a float, and the calculation's own 1e-8 on top.
     EXPECT_LE(worst, 7.1e-8);
@@ -170,7 +171,7 @@ TEST(eng_Tensor, tenThousandFloatTensorsHaveTheirPrincipalValues)
 TEST(eng_Tensor, theSameTensorsInDoubleAreGoodToTwelveDigits)
 {
     const std::vector<double> reference = readDoubles("tensors_float.bin");
-    ASSERT_EQ(reference.size(), 30000u);
+    ASSERT_EQ(reference.size(), 90000u);
     Generator generator(1);
     double worst = 0;
     for (int index = 0; index < 10000; ++index) {
@@ -180,9 +181,49 @@ TEST(eng_Tensor, theSameTensorsInDoubleAreGoodToTwelveDigits)
         double found[3];
         eng_TensorDouble(Code::TENSOR_3D_FULL, row.data(), false).principals(found);
         for (int i = 0; i < 3; ++i)
-            worst = std::max(worst, relativeError(found[i], reference[3 * index + i], sizeOf(row)));
+            worst = std::max(worst, relativeError(found[i], reference[9 * index + i], sizeOf(row)));
     }
     EXPECT_LE(worst, 2e-13);
+}
+
+TEST(eng_Tensor, allInvariantsOfTenThousandTensorsInBothPrecisions)
+{
+    const std::vector<double> reference = readDoubles("tensors_float.bin");
+    ASSERT_EQ(reference.size(), 90000u);
+    Generator generator(1);
+    for (int index = 0; index < 10000; ++index) {
+        SCOPED_TRACE(index);
+        std::vector<double> row;
+        for (double x : generator.tensor(index))
+            row.push_back(static_cast<float>(x));
+        expectAll<float>(row, &reference[9 * index], 1.2e-7);
+        expectAll<double>(row, &reference[9 * index], 1e-12);
+        if (::testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(eng_Tensor, allInvariantsOfPlanarAndSurfaceTensors)
+{
+    const std::vector<double> reference = readDoubles("tensors_plane.bin");
+    ASSERT_EQ(reference.size(), 18000u);
+    Generator generator(3);
+    for (int index = 0; index < 1000; ++index) {
+        SCOPED_TRACE(index);
+        std::vector<double> c;
+        for (double x : generator.tensor(index))
+            c.push_back(static_cast<float>(x));
+        const std::vector<double> planar = {c[0], c[1], c[2], c[3]};
+        const std::vector<double> surface = {c[0], c[1], c[3]};
+        for (int code : {Code::TENSOR_3D_PLANAR, Code::TENSOR_2D_PLANAR}) {
+            expectAll<float>(planar, &reference[18 * index], 1.2e-7, code);
+            expectAll<double>(planar, &reference[18 * index], 1e-12, code);
+        }
+        for (int code : {Code::TENSOR_3D_SURFACE, Code::TENSOR_2D_SURFACE}) {
+            expectAll<float>(surface, &reference[18 * index + 9], 1.2e-7, code);
+            expectAll<double>(surface, &reference[18 * index + 9], 1e-12, code);
+        }
+        if (::testing::Test::HasFailure()) return;
+    }
 }
 
 TEST(eng_Tensor, allInvariantsOfDoubleTensors)

@@ -376,3 +376,50 @@ TEST_F(sto_MeshTest, connectivityToNodesThatAreNotThereIsRefused)
     EXPECT_EQ(raisedText([&] { read.elementConnectivity(); }),
               model.path() + ": an element refers to a node that is not there; the file is damaged");
 }
+
+TEST_F(sto_MeshTest, temporarySetsLiveInMemoryAlone)
+{
+    addTriangleNodes();
+    addElements({5, 6}, {10, 20, 30, 20, 10, 30}, "SHELL3", 3);
+    addElements({7}, {10, 20}, "TRUSS2", 2);
+    mesh.Nset("kept", labels, 3, true, false);
+    model.file->save();
+    const int two[] = {10, 20};
+    const sto_Set first = mesh.temporarySet(setC_Set::nodeSet, "tmp", two, 2);
+    EXPECT_EQ(first.setLabel(), "tmp");
+    EXPECT_TRUE(first.internalSet());
+    EXPECT_EQ(first.numSubsets(), 1);
+    EXPECT_EQ(first.subSet(0).members(), (std::vector<int>{1, 2}));
+    EXPECT_EQ(mesh.nset("tmp").numMembers(), 2);
+    EXPECT_EQ(mesh.set().length(), 2);
+    EXPECT_EQ(mesh.set().length(false), 0);
+    EXPECT_EQ(mesh.set().setLabel(1), "tmp");
+    EXPECT_EQ(mesh.set().setType(1), setC_Set::nodeSet);
+    EXPECT_TRUE(mesh.set().internalSet(1));
+    EXPECT_FALSE(mesh.set().has(setC_Set::nodeSet, "tmp"));
+
+    // The next of that name takes its place; who holds the one before keeps it.
+    const sto_Set second = mesh.temporarySet(setC_Set::nodeSet, "tmp", labels, 3);
+    EXPECT_EQ(first.numMembers(), 2);
+    EXPECT_EQ(second.numMembers(), 3);
+    EXPECT_EQ(mesh.nset("tmp").numMembers(), 3);
+    EXPECT_EQ(mesh.set().length(), 2);
+
+    // Elements of one class make one subset, of two classes two, none none.
+    const int elements[] = {6, 5, 7};
+    EXPECT_EQ(mesh.temporarySet(setC_Set::elementSet, "tmp", elements, 2).numSubsets(), 1);
+    EXPECT_EQ(mesh.temporarySet(setC_Set::elementSet, "tmp", elements, 3).numSubsets(), 2);
+    EXPECT_EQ(mesh.temporarySet(setC_Set::elementSet, "tmp", nullptr, 0).numSubsets(), 0);
+    const int unknown[] = {99};
+    EXPECT_EQ(raisedText([&] { mesh.temporarySet(setC_Set::elementSet, "tmp", unknown, 1); }), "Invalid element label 99");
+    EXPECT_EQ(raisedText([&] { mesh.temporarySet(setC_Set::nodeSet, "tmp", unknown, 1); }), "Invalid node label 99");
+
+    // A set of users may have the name.
+    EXPECT_EQ(mesh.Nset("tmp", two, 1, false, false).numMembers(), 1);
+    EXPECT_EQ(mesh.nset("tmp").numMembers(), 1);
+    model.reopen();
+    const sto_Mesh read = model.model.part("P").mesh();
+    EXPECT_EQ(read.set().length(), 2);
+    EXPECT_EQ(read.nset("tmp").numMembers(), 1);
+    EXPECT_FALSE(read.elset("tmp").isValid());
+}

@@ -264,3 +264,89 @@ TEST_F(StoredFields, resultsKeepStepsInOrder)
     results.steps().release("Step-1");
     results.steps().flush();
 }
+
+TEST_F(StoredFields, precisionIsChangedAndKept)
+{
+    write("first", 1, {0.1F, -2.5F});
+    sto_Field first = frame().field().get(1);
+    first.setStorageType(0); // as it is
+    first.setStorageType(1);
+    EXPECT_EQ(failureOf([&] { first.setStorageType(2); }), m_path + ": a field has no precision 2");
+    EXPECT_EQ(first.view<double>().data()[0], static_cast<double>(0.1F));
+    reopen();
+    sto_Field read = frame().field().get(1);
+    EXPECT_EQ(read.storageType(), 1);
+    EXPECT_EQ(read.view<double>().data()[1], -2.5);
+    EXPECT_EQ(read.shortCut().fetch()->m_values.size(), 0);
+    read.setStorageType(0);
+    reopen();
+    EXPECT_EQ(frame().field().get(1).storageType(), 0);
+    EXPECT_EQ(frame().field().get(1).view<float>().data()[0], 0.1F);
+    EXPECT_EQ(frame().field().get(1).shortCut().fetch()->m_doubleValues.size(), 0);
+}
+
+TEST_F(StoredFields, bothHalvesOfAPairChangeTheirPrecision)
+{
+    fld_FieldDescription pair = description("pair", 2, 1);
+    pair.m_isPair = true;
+    frame().Field(handle().fieldStep().Field(pair), 1, bufferOf({1.0F, 2.0F}), bufferOf({3.0F, 4.0F}), sto_Field());
+    sto_Field field = frame().field().get(1);
+    field.setStorageType(1);
+    reopen();
+    const sto_Field read = frame().field().get(1);
+    const sto_FieldView<double> view = read.view<double>();
+    EXPECT_EQ(view.data()[1], 2.0);
+    ASSERT_NE(view.conjugate(), nullptr);
+    EXPECT_EQ(view.conjugate()[1], 4.0);
+}
+
+// Each typed view takes the values of its own kind and precision and refuses all others.
+TEST_F(StoredFields, typedViewsTakeTheirOwnKind)
+{
+    struct Case
+    {
+        fld_DataTypeEnm type;
+        sto_ValueKind kind;
+    };
+    const Case cases[] = {
+        {fld_DataTypeEnm::SCALAR, sto_ValueKind::SCALAR},
+        {fld_DataTypeEnm::VECTOR, sto_ValueKind::VECTOR},
+        {fld_DataTypeEnm::MATRIX, sto_ValueKind::MATRIX},
+        {fld_DataTypeEnm::TENSOR_3D_FULL, sto_ValueKind::TENSOR},
+        {fld_DataTypeEnm::TENSOR_3D_PLANAR, sto_ValueKind::TENSOR},
+        {fld_DataTypeEnm::TENSOR_3D_SURFACE, sto_ValueKind::TENSOR},
+        {fld_DataTypeEnm::TENSOR_2D_PLANAR, sto_ValueKind::TENSOR},
+        {fld_DataTypeEnm::TENSOR_2D_SURFACE, sto_ValueKind::TENSOR},
+        {fld_DataTypeEnm::QUATERNION_2D, sto_ValueKind::QUATERNION},
+        {fld_DataTypeEnm::QUATERNION_3D, sto_ValueKind::QUATERNION},
+        {fld_DataTypeEnm::INTEGER, static_cast<sto_ValueKind>(-1)},
+    };
+    int key = 0;
+    for (const Case& each : cases) {
+        fld_FieldDescription described = description("typed", 1, 2);
+        described.m_dataType = static_cast<int>(each.type);
+        frame().Field(handle().fieldStep().Field(described), key++, bufferOf({1.0F, 2.0F}), fio_Buffer(), sto_Field());
+    }
+    reopen();
+    for (int i = 0; i < key; ++i) {
+        for (int precision = 0; precision < 2; ++precision) {
+            sto_Field field = frame().field().get(i);
+            field.setStorageType(precision);
+            const auto outcome = [&]<class Float, class Double>(sto_ValueKind kind, Float, Double) {
+                const std::string single = failureOf([&] { EXPECT_EQ(Float(field).data()[1], 2.0F); });
+                const std::string wide = failureOf([&] { EXPECT_EQ(Double(field).data()[1], 2.0); });
+                const bool isOwn = kind == cases[i].kind;
+                const std::string otherKind = m_path + ": the values of a field are taken for others than they are";
+                const std::string otherPrecision = m_path + ": a field is asked for in a precision that it has not";
+                const std::string none = "no exception";
+                EXPECT_EQ(single, !isOwn ? otherKind : precision == 0 ? none : otherPrecision) << i;
+                EXPECT_EQ(wide, !isOwn ? otherKind : precision == 1 ? none : otherPrecision) << i;
+            };
+            outcome(sto_ValueKind::SCALAR, sto_ScalarFloat(), sto_ScalarDouble());
+            outcome(sto_ValueKind::VECTOR, sto_VectorFloat(), sto_VectorDouble());
+            outcome(sto_ValueKind::MATRIX, sto_MatrixFloat(), sto_MatrixDouble());
+            outcome(sto_ValueKind::TENSOR, sto_TensorFloat(), sto_TensorDouble());
+            outcome(sto_ValueKind::QUATERNION, sto_QuaternionFloat(), sto_QuaternionDouble());
+        }
+    }
+}

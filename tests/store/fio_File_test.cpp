@@ -637,6 +637,54 @@ TEST(fio_File, readOnlyHandleRefusesChanges)
     EXPECT_EQ(failureOf([&] { file.body()->save(); }), path + ": the database is open for reading only");
 }
 
+TEST(fio_File, objectsBesideTheFileLiveInMemoryAlone)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    makeFile(path, sample_Thing()).file()->close();
+    const fio_File file = fio_File::Open(path.c_str(), false, true);
+    sample_Thing thing;
+    thing.m_number = 7;
+    thing.m_friend = rootOf(file);
+    const Ref apart = Ref::apart(file.body(), thing);
+    thing.m_number = 8;
+    const Ref other = Ref::apart(file.body(), thing);
+    EXPECT_TRUE(apart.isValid());
+    EXPECT_TRUE(apart.isApart());
+    EXPECT_FALSE(rootOf(file).isApart());
+    EXPECT_FALSE(apart == other);
+    EXPECT_EQ(apart.fetch()->m_number, 7);
+    EXPECT_EQ(Ref(apart).fetch(), apart.fetch());
+    EXPECT_EQ(apart.fetch()->m_friend.fetch()->m_number, 0);
+    EXPECT_EQ(failureOf([&] { apart.replace(apart.fetchWritable()); }),
+              "sample_Thing: an object that no file has cannot be changed in one");
+    EXPECT_FALSE(file.body()->hasChanges());
+
+    // They can be kept with a stored object, under a name, until the file is closed.
+    file.body()->keepBeside(1, "first", apart);
+    EXPECT_EQ(file.body()->beside(1).size(), 1u);
+    file.body()->keepBeside(1, "first", other);
+    file.body()->keepBeside(1, "second", apart);
+    ASSERT_EQ(file.body()->beside(1).size(), 2u);
+    EXPECT_EQ(Ref(file.body()->beside(1)[0]).fetch()->m_number, 8);
+    EXPECT_TRUE(file.body()->beside(2).empty());
+    file.body()->close();
+    EXPECT_TRUE(file.body()->beside(1).empty());
+    EXPECT_EQ(apart.fetch()->m_number, 7);
+}
+
+TEST(fio_File, storedObjectsCannotReferToThoseBesideTheFile)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    const Made root = makeFile(path, sample_Thing());
+    const auto changed = root.fetchWritable();
+    changed->m_friend = Ref::apart(root.file(), sample_Thing());
+    root.replace(changed);
+    EXPECT_EQ(failureOf([&] { root.file()->save(); }),
+              "sample_Thing: a reference to an object that no file has cannot be kept");
+}
+
 TEST(fio_File, releaseForgetsWhatIsUnchangedAndKeepsWhatIsNot)
 {
     const ScratchFolder folder;

@@ -64,6 +64,13 @@ void makeJob(const std::string& path)
                 rows.append(row);
             }
             u.addData(yld_Enum::NODAL, instance, nodes, rows);
+            yld_Sequence<yld_Sequence<float>> energies;
+            for (int i = 0; i < 8 * elements.size(); ++i) {
+                const float number = static_cast<float>(i);
+                energies.append(yld_Sequence<float>(&number, 1));
+            }
+            frame.FieldOutput("E", "energy", yld_Enum::SCALAR)
+                .addData(yld_Enum::INTEGRATION_POINT, instance, elements, energies);
         }
         const auto fill = [](yld_HistoryRegion& region) {
             for (const char* variable : {"V1", "V2"}) {
@@ -98,6 +105,7 @@ struct Seen
     long long bulk = 0;
     long long curves = 0;
     long long pairs = 0;
+    long long chosen = 0;
     double sum = 0.0;
 };
 
@@ -184,6 +192,27 @@ void walkHistory(const yld_Step& step, Seen& seen)
     }
 }
 
+// Parts of a field, as far as the file has sets, elements and nodes to choose by.
+void walkSubsets(const yld_FieldOutput& field, const yld_Instance& instance, Seen& seen)
+{
+    const auto walk = [&seen](const yld_FieldOutput& subset) {
+        if (subset.values().size() > 0) seen.sum += subset.values(subset.values().size() - 1).data()[0];
+        seen.sum += subset.bulkDataBlocks().size();
+        seen.chosen += subset.values().size();
+    };
+    const auto walkSets = [&](const yld_SetRepository& sets) {
+        const yld_Sequence<yld_String> names = sets.keys();
+        for (int i = 0; i < names.size(); ++i) walk(field.getSubset(sets.constGet(names[i])));
+    };
+    walkSets(instance.nodeSets(true, true));
+    walkSets(instance.elementSets(true, true));
+    if (instance.nodes().size() > 0) walk(field.getSubset(instance.nodes(0)));
+    if (instance.elements().size() > 0) walk(field.getSubset(instance.elements(0)));
+    walk(field.getSubset(instance));
+    walk(field.getSubset(yld_String("HEX8")));
+    walk(field.getSubset(yld_Sequence<yld_Sequence<float>>()));
+}
+
 Seen walkJob(const std::string& path)
 {
     Seen seen;
@@ -210,7 +239,13 @@ Seen walkJob(const std::string& path)
                 seen.sum += frame.frameValue() + frame.description().length();
                 ++seen.frames;
                 const yld_Sequence<yld_String> fields = frame.fieldOutputs().getFieldOutputNames();
-                for (int n = 0; n < fields.size(); ++n) walkField(frame.fieldOutputs().constGet(fields[n]), seen);
+                for (int n = 0; n < fields.size(); ++n) {
+                    const yld_FieldOutput& field = frame.fieldOutputs().constGet(fields[n]);
+                    walkField(field, seen);
+                    for (int i = 0; i < instances.size(); ++i) {
+                        walkSubsets(field, assembly.instances().constGet(instances[i]), seen);
+                    }
+                }
             }
             walkHistory(step, seen);
         }
@@ -267,8 +302,12 @@ TEST_F(fio_PublicWalk, theTrueJobIsWalkedWhole)
     EXPECT_EQ(seen.elements, 2 * 4);
     EXPECT_GE(seen.members, 20 + 4 + 4);
     EXPECT_EQ(seen.frames, 6);
-    EXPECT_EQ(seen.values, 6 * 20);
-    EXPECT_EQ(seen.bulk, 6 * 20 * 3);
+    EXPECT_EQ(seen.values, 6 * (20 + 32));
+    EXPECT_EQ(seen.bulk, 6 * (20 * 3 + 32));
+    // Of the nodal values twice all by node sets, one node, the instance, and those of no system; of the others all by
+    // two element sets, one element, the instance, the type, and those of no system.
+    // The points with history are sets of their own: two nodes, and two elements with 8 values each.
+    EXPECT_EQ(seen.chosen, 6 * (2 * 20 + 1 + 20 + 20 + 2 * 32 + 8 + 32 + 32 + 32 + 2 * 1 + 2 * 8));
     EXPECT_EQ(seen.curves, 2 * 12);
     EXPECT_EQ(seen.pairs, 2 * (12 * 50 + 2 * 20));
 }

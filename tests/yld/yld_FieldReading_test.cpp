@@ -278,3 +278,116 @@ TEST(yld_FieldValueData, longRowsAndHalvesAreCopiedAndMoved)
         check(0.0);
     }
 }
+
+TEST_F(yld_FieldReadingTest, bulkDataBorrowsTheStoredNumbers)
+{
+    yld_FieldOutput& s = m_frame.FieldOutput("S", "", yld_Enum::SCALAR);
+    s.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101, 102}), counted(16));
+    forget();
+    reopen();
+    const yld_FieldOutput& read = field("S");
+    const yld_FieldBulkData& bulk = read.bulkDataBlocks()[0];
+    EXPECT_EQ(bulk.data(), read.SubField()[0].field().view<float>().data());
+    EXPECT_EQ(bulk.data(), read.bulkDataBlocks()[0].data());
+    // What has one entry a value is made when it is asked for, and once.
+    EXPECT_EQ(bulk.elementLabels(), bulk.elementLabels());
+    EXPECT_EQ(bulk.integrationPoints(), bulk.integrationPoints());
+    EXPECT_EQ(bulk.numberOfElements(), 2);
+}
+
+TEST_F(yld_FieldReadingTest, copiesOfBulkDataHaveTheirOwnExpandedArrays)
+{
+    yld_FieldOutput& s = m_frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_PLANAR);
+    s.addData(yld_Enum::CENTROID, instance(), ints({301, 302}), rows({{3, 0, 0, 4}, {0, 3, 0, 0}}));
+    const yld_SequenceFieldBulkData kept = s.bulkDataBlocks();
+    const yld_FieldBulkData& bulk = kept[0];
+    const float* mises = bulk.mises();
+    const int* labels = bulk.elementLabels();
+    const yld_FieldBulkData copy(bulk);
+    EXPECT_EQ(copy.data(), bulk.data());
+    EXPECT_NE(copy.mises(), mises);
+    EXPECT_EQ(copy.mises()[1], 3.0F);
+    EXPECT_NE(copy.elementLabels(), labels);
+    EXPECT_EQ(copy.elementLabels()[1], 302);
+    yld_FieldBulkData target;
+    target = copy;
+    EXPECT_NE(target.mises(), copy.mises());
+    EXPECT_EQ(target.mises()[1], 3.0F);
+    const yld_FieldBulkData& alias = target;
+    target = alias;
+    EXPECT_EQ(target.elementLabels()[0], 301);
+    target = yld_FieldBulkData();
+    EXPECT_EQ(target.elementLabels(), nullptr);
+    EXPECT_EQ(target.mises(), nullptr);
+    EXPECT_EQ(bulk.mises(), mises);
+}
+
+TEST_F(yld_FieldReadingTest, onlyTensorsHaveMisesInBulk)
+{
+    const auto misesOf = [&](const char* name, fld_DataTypeEnm type, int width) {
+        fld_FieldDescription description = describe(name, type, fld_OutputPositionEnm::WHOLE_MODEL, 1);
+        description.m_width = width;
+        BlockNumbers numbers;
+        numbers.values = std::vector<double>(static_cast<std::size_t>(width), 1.0);
+        writeNumbers(m_frame, description, 200 + width + static_cast<int>(type), numbers);
+        m_frame.update();
+        return m_frame.fieldOutputs().get(name).bulkDataBlocks()[0].mises() != nullptr;
+    };
+    EXPECT_FALSE(misesOf("A", fld_DataTypeEnm::SCALAR, 1));
+    EXPECT_FALSE(misesOf("B", fld_DataTypeEnm::VECTOR, 3));
+    EXPECT_FALSE(misesOf("C", fld_DataTypeEnm::MATRIX, 6));
+    EXPECT_FALSE(misesOf("D", fld_DataTypeEnm::QUATERNION_3D, 4));
+    EXPECT_TRUE(misesOf("E", fld_DataTypeEnm::TENSOR_3D_FULL, 6));
+    EXPECT_TRUE(misesOf("F", fld_DataTypeEnm::TENSOR_2D_SURFACE, 3));
+}
+
+TEST_F(yld_FieldReadingTest, misesOfRowsThatAreWiderThanTheirType)
+{
+    // A block of full rows that presents itself as planar: the first four components count.
+    BlockNumbers numbers;
+    numbers.values = {3, 0, 0, 4, 100, 100, 0, 3, 0, 0, 100, 100};
+    fld_FieldDescription description =
+        describe("W", fld_DataTypeEnm::TENSOR_3D_FULL, fld_OutputPositionEnm::WHOLE_MODEL, 2);
+    const sto_Field stored = writeNumbers(m_frame, description, 300, numbers);
+    yld_SequenceFieldValue values;
+    values.append(yld_SubField(300, stored, step().assembly(), yld_Enum::TENSOR_3D_PLANAR));
+    const yld_SequenceFieldBulkData bulk(values);
+    EXPECT_EQ(bulk[0].width(), 6);
+    EXPECT_FLOAT_EQ(bulk[0].mises()[0], 7.5498344F); // root of 9 + 48
+    EXPECT_FLOAT_EQ(bulk[0].mises()[1], 3.0F);
+}
+
+TEST_F(yld_FieldReadingTest, typesWithoutComponentsWarn)
+{
+    BlockNumbers numbers;
+    numbers.values = {1, 0};
+    const sto_Field stored = writeNumbers(
+        m_frame, describe("B", fld_DataTypeEnm::BOOLEAN, fld_OutputPositionEnm::WHOLE_MODEL, 2), 400, numbers);
+    yld_SequenceFieldValue values;
+    values.append(yld_SubField(400, stored, step().assembly(), yld_Enum::BOOLEAN));
+    EXPECT_EQ(warningsOf([&] { EXPECT_EQ(values.get(0).data().length(), 0); }),
+              "Warning: Unknown datatype not processed.\n");
+    EXPECT_EQ(warningsOf([&] { values.get(1); }), "");
+    EXPECT_EQ(values.size(), 2);
+}
+
+TEST_F(yld_FieldReadingTest, valuesOutliveTheirField)
+{
+    yld_FieldValue kept;
+    {
+        yld_FieldOutput u = m_frame.FieldOutput("U", "", yld_Enum::VECTOR);
+        u.addData(yld_Enum::NODAL, instance(), ints({10, 20}), rows({{1, 2, 3}, {4, 5, 6}}), yld_SectionPoint(),
+                  yld_Sequence<yld_Sequence<float>>(), rows({{-1, -2, -3}, {-4, -5, -6}}));
+        kept = u.values(1);
+        // The imaginary half takes no part in a comparison.
+        const float components[] = {4, 5, 6};
+        EXPECT_TRUE(kept.data() == yld_FieldValueData(components, 3));
+        EXPECT_NE(kept.data().floatConjugate(), nullptr);
+    }
+    forget();
+    m_yld->close();
+    m_yld = nullptr;
+    EXPECT_EQ(kept.data()[2], 6.0);
+    EXPECT_EQ(kept.data().floatConjugate()[2], -6.0F);
+    EXPECT_EQ(kept.nodeLabel(), 20);
+}

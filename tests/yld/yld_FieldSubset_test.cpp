@@ -203,7 +203,7 @@ TEST_F(yld_FieldSubsetTest, instanceNamedRootAssemblyGivesAllBlocks)
     s.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1}}));
     s.addData(yld_Enum::NODAL, second, ints({10, 20}), rows({{2}, {3}}));
     s.addData(yld_Enum::WHOLE_MODEL, yld_Instance(), ints({}), rows({{4}}));
-    const yld_Instance root("rootAssembly", yld_Enum::THREE_D, sto_PartInstance(), yld_MeshHandle());
+    const yld_Instance root("rootAssembly", yld_Enum::THREE_D, sto_PartInstance(), yld_MeshHandle(new yld_Mesh()));
     EXPECT_EQ(s.getSubset(root).values().size(), 4);
     EXPECT_EQ(valuesOf(s.getSubset(second)), "n10 2; n20 3; ");
     EXPECT_EQ(valuesOf(s.getSubset(instance())), "n10 1; ");
@@ -964,4 +964,47 @@ TEST_F(yld_FieldSubsetTest, indicesBeyondTheValuesAreRefused)
                   m_path + ": a field does not fit its set: a subset goes beyond its values");
         EXPECT_EQ(failureOf([&] { block.materialize(); }), m_path + ": a subset goes beyond its values");
     }
+}
+
+TEST_F(yld_FieldSubsetTest, blocksOfTheAssemblyBelongToNoInstance)
+{
+    yld_Assembly& root = m_yld->rootAssembly();
+    root.addNodes(ints({900}), rows({{5, 5, 5}}));
+    root.addElements(ints({901, 902}), connectivity({{900, 10}, {900, 20}}), texts({"", "block-1", "", "block-1"}), "CONN3D2");
+    const sto_Assembly stored = step().assembly().ConstGet();
+    sto_Mesh mesh = stored.mesh();
+    const int labels[] = {901, 902};
+    const sto_Set set = mesh.Elset("links", labels, 2, true);
+    const auto blockAt = [&](fld_OutputPositionEnm position, const std::vector<float>& values, int key) {
+        fld_FieldDescription description =
+            describe("F", fld_DataTypeEnm::SCALAR, position, static_cast<int>(values.size()));
+        description.m_rootAssembly = stored.shortCut();
+        description.m_set = set.shortCut();
+        description.m_classIndex = set.subSet(0).classIndex();
+        return yld_SubField(key, writeBlock(m_frame, description, key, values), step().assembly(), yld_Enum::SCALAR);
+    };
+    const yld_FieldOutput f = fieldOf({blockAt(fld_OutputPositionEnm::CENTROID, {1, 2}, 10),
+                                       blockAt(fld_OutputPositionEnm::ELEMENT_NODAL, {3, 4, 5, 6}, 11)});
+    EXPECT_EQ(valuesOf(f), "e901 1; e902 2; n900 e901 3; n10 e901 4; n900 e902 5; n20 e902 6; ");
+    EXPECT_EQ(f.getSubset(instance()).values().size(), 0);
+    const yld_Instance named("rootAssembly", yld_Enum::THREE_D, sto_PartInstance(), yld_MeshHandle(new yld_Mesh()));
+    EXPECT_EQ(f.getSubset(named).values().size(), 6);
+    const yld_FieldOutput second = f.getSubset(root.getElementFromLabel(902));
+    EXPECT_EQ(valuesOf(second), "e902 2; n900 e902 5; n20 e902 6; ");
+    EXPECT_EQ(second.bulkDataBlocks()[0].data()[0], 2.0F);
+    EXPECT_EQ(listed(second.bulkDataBlocks()[1].nodeLabels(), 2), "900 20 ");
+    EXPECT_EQ(second.values(0).position(), yld_Enum::CENTROID);
+    EXPECT_EQ(valuesOf(f.getSubset(root.getNodeFromLabel(900))), "n900 3; ");
+    EXPECT_TRUE(mesh.elset("api_tmp_set").isValid());
+    EXPECT_TRUE(mesh.nset("api_tmp_set").isValid());
+}
+
+TEST_F(yld_FieldSubsetTest, valuesAtIntegrationPointsAloneAreNotMoved)
+{
+    yld_FieldOutput& s = newField("S");
+    s.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101}), counted(8));
+    const char* const message = "The 8 values of field \"S\" at integration points cannot be moved to another position.";
+    EXPECT_EQ(failureOf([&] { s.getSubset(yld_Enum::CENTROID); }), message);
+    EXPECT_EQ(failureOf([&] { s.getSubset(yld_Enum::ELEMENT_NODAL, false, false); }), message);
+    EXPECT_EQ(s.values().size(), 8);
 }

@@ -1,3 +1,4 @@
+#include "platform/result/fld_Series.h"
 #include "platform/sto/sto_HistoryStep.h"
 #include "platform/sto/sto_Step.h"
 #include "result_model.h"
@@ -176,9 +177,28 @@ TEST_F(yld_HistoryOutputTest, aSharedClockIsSeenByAllThatShareIt)
     EXPECT_EQ(warningsOf([&] { EXPECT_EQ(b.getSubset(0.0).data().size(), 0); }), unequalWarning);
     EXPECT_EQ(warningsOf([&] { EXPECT_EQ(listed(a.data()), "1:10 "); }), "");
     // One time for each value on each curve: then all is well again.
-    store.history(1).shortCut().fetch();
     sto_HistoryFloat(store.history(1)).appendDataNoBufferSeq(20.0);
     EXPECT_EQ(warningsOf([&] { EXPECT_EQ(listed(b.data()), "1:20 "); }), "");
+}
+
+TEST_F(yld_HistoryOutputTest, aValueThatCannotBeKeptLeavesNoTimeBehind)
+{
+    curve().addData(1.0, 10.0);
+    const lnk_ShortCut<fld_Series> values = step().step()->historyStep().history(0).shortCut().fetch()->m_values;
+    fld_Series broken;
+    broken.m_columns = 3;
+    const auto whole = values.fetchWritable();
+    values.replace(std::make_shared<fld_Series>(broken));
+    const std::string message = m_path + ": the runs of a history curve make no sense; the file is damaged";
+    EXPECT_EQ(failureOf([&] { curve().addData(2.0, 20.0); }), message);
+    EXPECT_EQ(failureOf([&] { curve().addData(floats({2}), floats({20})); }), message);
+    EXPECT_EQ(failureOf([&] { curve().addData(rows({{2, 20}})); }), message);
+    values.replace(whole);
+    EXPECT_EQ(listed(curve().data()), "1:10 ");
+    // The same time again, and another one.
+    curve().addData(2.0, 20.0);
+    curve().addData(3.5, 30.0);
+    EXPECT_EQ(listed(curve().data()), "1:10 2:20 3.5:30 ");
 }
 
 TEST_F(yld_HistoryOutputTest, subsetsLeaveOutTheBounds)

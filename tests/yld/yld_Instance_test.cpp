@@ -126,6 +126,16 @@ TEST_F(yld_InstanceTest, coordinateSystemsAreChecked)
                   model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, 1}, {0, 0, 1}, {0, 0, 0}}));
               }),
               "Coord system base vectors should be of length 3.");
+    for (const float odd : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
+        EXPECT_EQ(raised([&] {
+                      model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, odd, 0}, {0, 0, 1}, {0, 0, 0}}));
+                  }),
+                  "The coordinate system of part instance \"P-1\" has entries that are not numbers.");
+        EXPECT_EQ(raised([&] {
+                      model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {0, odd}}));
+                  }),
+                  "The coordinate system of part instance \"P-1\" has entries that are not numbers.");
+    }
     EXPECT_EQ(model.assembly->instances().size(), 0);
     EXPECT_EQ(model.model.rootAssembly().numInstances(), 0);
 }

@@ -9,8 +9,6 @@
 #include "yld/impl/yld_SetCache.h"
 #include "yld_EnumMap.h"
 
-#include <algorithm>
-#include <cstring>
 #include <string>
 
 namespace {
@@ -47,14 +45,6 @@ std::vector<int> rowsOf(const yld_SubField& block)
     return rows;
 }
 
-template<class T> fio_Buffer gather(const T* values, int width, const std::vector<int>& rows)
-{
-    fio_Buffer buffer(rows.size() * static_cast<std::size_t>(width) * sizeof(T));
-    auto* into = reinterpret_cast<T*>(buffer.writable());
-    for (const int row : rows) into = std::copy_n(values + static_cast<std::ptrdiff_t>(row) * width, width, into);
-    return buffer;
-}
-
 struct Halves
 {
     fio_Buffer values;
@@ -63,10 +53,9 @@ struct Halves
 
 template<class T> Halves gather(const sto_Field& field, const std::vector<int>& rows)
 {
-    const sto_FieldView<T> view = field.view<T>();
     Halves halves;
-    halves.values = gather(view.data(), view.width(), rows);
-    if (view.conjugate()) halves.conjugate = gather(view.conjugate(), view.width(), rows);
+    halves.values = field.rowsAt<T>(rows);
+    if (field.hasConjugate()) halves.conjugate = field.rowsAt<T>(rows, true);
     return halves;
 }
 

@@ -102,17 +102,14 @@ void yld_FieldOutput::addData(yld_FieldOutput& field)
     yld_guard([&] { yld_FieldCopy(*this, field).run(); });
 }
 
-template<class T>
-void yld_FieldOutput::addArrays(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
-                                const int* labels, int numLabels, const T* data, int numRows, int width,
-                                const yld_SectionPoint& sectionPoint, const T* conjugateData,
-                                const float* localCoordSystems, int numSystems)
+void yld_FieldOutput::addRows(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
+                              const int* labels, int numLabels, const yld_RowArray& rows,
+                              const yld_RowArray& conjugateRows, int numRows, int width,
+                              const yld_SectionPoint& sectionPoint, const float* localCoordSystems, int numSystems)
 {
     checkAttached();
     const sto_PartInstance stored = storedInstance(m_assembly, position, instance);
     if (numLabels < 0 || numRows < 0 || width < 0 || numSystems < 0) yld_raise("addBulkData() takes no negative count.");
-    const yld_RowArray rows(data, numRows, width);
-    const yld_RowArray conjugateRows = conjugateData ? yld_RowArray(conjugateData, numRows, width) : yld_RowArray();
     const yld_SystemArray systems =
         localCoordSystems ? yld_SystemArray(localCoordSystems, numSystems) : yld_SystemArray();
     yld_guard([&] {
@@ -126,8 +123,9 @@ void yld_FieldOutput::addBulkData(yld_Enum::yld_ResultPositionEnum position, con
                                   const yld_SectionPoint& sectionPoint, const float* conjugateData,
                                   const float* localCoordSystems, int numSystems)
 {
-    addArrays(position, instance, labels, numLabels, data, numRows, width, sectionPoint, conjugateData,
-              localCoordSystems, numSystems);
+    addRows(position, instance, labels, numLabels, yld_RowArray(data, numRows, width),
+            conjugateData ? yld_RowArray(conjugateData, numRows, width) : yld_RowArray(), numRows, width, sectionPoint,
+            localCoordSystems, numSystems);
 }
 
 void yld_FieldOutput::addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
@@ -135,6 +133,7 @@ void yld_FieldOutput::addBulkData(yld_Enum::yld_ResultPositionEnum position, con
                                   const yld_SectionPoint& sectionPoint, const double* conjugateData,
                                   const float* localCoordSystems, int numSystems)
 {
-    addArrays(position, instance, labels, numLabels, data, numRows, width, sectionPoint, conjugateData,
-              localCoordSystems, numSystems);
+    addRows(position, instance, labels, numLabels, yld_RowArray(data, numRows, width),
+            conjugateData ? yld_RowArray(conjugateData, numRows, width) : yld_RowArray(), numRows, width, sectionPoint,
+            localCoordSystems, numSystems);
 }

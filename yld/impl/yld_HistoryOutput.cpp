@@ -27,6 +27,18 @@ constexpr const char* s_messages[] = {
 // Pairs are read in pieces of this size where they are looked at one by one.
 constexpr long long pieceRows = 8192;
 
+// A time without its value would make the whole curve unreadable, so a value that fails takes its time along.
+template<class T> void appendPair(sto_HistoryClock& clock, const sto_HistoryFloat& values, T time, T value)
+{
+    clock.appendTimeValueNoBufferSeq(time);
+    try {
+        values.appendDataNoBufferSeq(value);
+    } catch (...) {
+        clock.dropLastTime();
+        throw;
+    }
+}
+
 yld_Sequence<float> pairOf(float time, float value)
 {
     const float pair[] = {time, value};
@@ -95,20 +107,14 @@ void yld_HistoryOutput::addData(const yld_Sequence<float>& times, const yld_Sequ
     if (times.size() != values.size()) yld_raise(s_messages[UNEQUAL_GIVEN]);
     requireAttached();
     yld_guard([&] {
-        for (int i = 0; i < times.size(); ++i) {
-            m_clock->appendTimeValueNoBufferSeq(times[i]);
-            m_values->appendDataNoBufferSeq(values[i]);
-        }
+        for (int i = 0; i < times.size(); ++i) appendPair(*m_clock, *m_values, times[i], values[i]);
     });
 }
 
 void yld_HistoryOutput::addData(double time, double value)
 {
     requireAttached();
-    yld_guard([&] {
-        m_clock->appendTimeValueNoBufferSeq(time);
-        m_values->appendDataNoBufferSeq(value);
-    });
+    yld_guard([&] { appendPair(*m_clock, *m_values, time, value); });
 }
 
 void yld_HistoryOutput::addData(const yld_Sequence<yld_Sequence<float>>& pairs)
@@ -117,8 +123,7 @@ void yld_HistoryOutput::addData(const yld_Sequence<yld_Sequence<float>>& pairs)
     yld_guard([&] {
         for (int i = 0; i < pairs.size(); ++i) {
             if (pairs[i].size() != 2) yld_raise(s_messages[WIDTH]);
-            m_clock->appendTimeValueNoBufferSeq(pairs[i][0]);
-            m_values->appendDataNoBufferSeq(pairs[i][1]);
+            appendPair(*m_clock, *m_values, pairs[i][0], pairs[i][1]);
         }
     });
 }

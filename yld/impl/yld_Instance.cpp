@@ -71,6 +71,13 @@ yld_Instance& yld_InstanceRepository::Instance(const yld_String& name, const yld
     float placement[6] = {};
     if (!localCoordSystem.isEmpty()) {
         if (localCoordSystem.size() != 4) yld_raise("localCoordSystem should contain 4 sequences.");
+        for (const yld_Sequence<float>& row : localCoordSystem) {
+            for (const float each : row) {
+                if (!std::isfinite(each)) {
+                    yld_raise("The coordinate system of part instance \"%s\" has entries that are not numbers.", name);
+                }
+            }
+        }
         const yld_Sequence<float>& origin = localCoordSystem[3];
         for (int i = 0; i < 3 && i < origin.size(); ++i) placement[3 + i] = origin[i];
         float matrix[9];

@@ -1,11 +1,13 @@
 # Invariants of many symmetric tensors to 17 digits, worked out with 130. The tests make the same random tensors again
 # from the generator below, so only results are stored.
 #
-#     python3 tensors.py        (mpmath) writes tensors_float.bin, tensors_double.bin, tensors_special.txt
+#     python3 tensors.py        (mpmath) writes tensors_float.bin, tensors_double.bin, tensors_plane.bin and
+#                               tensors_special.txt
 #
-# tensors_float.bin: for each of 10,000 tensors with float components, three principal values, descending.
-# tensors_double.bin: for each of 1,500 tensors with double components, nine numbers: principal values, tresca, mises,
-# pressure, third invariant, in-plane principal values. Doubles, little-endian.
+# tensors_float.bin: for each of 10,000 tensors with float components nine numbers: principal values, descending,
+# tresca, mises, pressure, third invariant, in-plane principal values. Doubles, little-endian.
+# tensors_double.bin: the same for 1,500 tensors with double components.
+# tensors_plane.bin: the same for 1,000 tensors with float components, first without 13 and 23, then without 33 too.
 # tensors_special.txt: six components and the same nine numbers, in hexadecimal.
 import math
 import struct
@@ -77,11 +79,18 @@ with open("tensors_float.bin", "wb") as out:
     state = 1
     for index in range(10000):
         tensor = [to_float(x) for x in random_tensor(index)]
-        out.write(struct.pack("<3d", *invariants(tensor)[:3]))
+        out.write(struct.pack("<9d", *invariants(tensor)))
 with open("tensors_double.bin", "wb") as out:
     state = 2
     for index in range(1500):
         out.write(struct.pack("<9d", *invariants(random_tensor(index))))
+
+with open("tensors_plane.bin", "wb") as out:
+    state = 3
+    for index in range(1000):
+        a, b, g, d, _, _ = (to_float(x) for x in random_tensor(index))
+        out.write(struct.pack("<9d", *invariants([a, b, g, d, 0, 0])))
+        out.write(struct.pack("<9d", *invariants([a, b, 0, d, 0, 0])))
 
 special = [
     [0, 0, 0, 0, 0, 0],
