@@ -24,6 +24,18 @@ bool isWithoutSystems(yld_Enum::yld_DataTypeEnum type)
     return type == yld_Enum::SCALAR || type == yld_Enum::VECTOR || type == yld_Enum::MATRIX;
 }
 
+// Room for the values of a block. Fresh memory is cleared page by page before it is written to, which costs as much as
+// the copy: that of the last block serves again, once the disk has what was in it.
+fio_Buffer roomFor(std::size_t bytes)
+{
+    constexpr std::size_t smallest = std::size_t{1} << 20;
+    constexpr std::size_t largest = std::size_t{16} << 20;
+    if (bytes < smallest || bytes > largest) return fio_Buffer(bytes);
+    thread_local fio_Buffer spare;
+    if (spare.memory().use_count() != 1 || spare.size() < bytes) spare = fio_Buffer(bytes);
+    return spare.prefix(bytes);
+}
+
 int fittingInt(long long number)
 {
     if (number < 0 || number > std::numeric_limits<int>::max()) yld_raise("Invalid results type for field.");
@@ -319,7 +331,7 @@ fio_Buffer yld_FieldAddDataUtils::fill(const fld_FieldDescription& description, 
         });
     }
 
-    fio_Buffer buffer(static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T));
+    fio_Buffer buffer = roomFor(static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T));
     T* values = reinterpret_cast<T*>(buffer.writable());
     if (rows.isUniform() && wanted == width) {
         // Whole stretches as they stand.
