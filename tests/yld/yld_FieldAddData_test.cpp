@@ -541,8 +541,8 @@ TEST_F(yld_FieldAddDataTest, plainArraysOfSeveralClassesGiveTheSameBlocks)
         .addBulkData(yld_Enum::INTEGRATION_POINT, instance(), labels.data(), 4, values.data(), 18, 2, yld_SectionPoint(),
                      conjugateValues.data(), cosines.data(), 18);
     reopen();
-    const yld_SequenceFieldBulkData& a = field("A").bulkDataBlocks();
-    const yld_SequenceFieldBulkData& b = field("B").bulkDataBlocks();
+    const yld_SequenceFieldBulkData a = field("A").bulkDataBlocks();
+    const yld_SequenceFieldBulkData b = field("B").bulkDataBlocks();
     ASSERT_EQ(a.size(), 2);
     ASSERT_EQ(b.size(), 2);
     EXPECT_EQ(a[0].data()[0], 0.0F);
