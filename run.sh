@@ -4,6 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . cmake/packages.sh
 yld_install_packages
+yld_reuse_objects
 cmake --preset release >/dev/null
 cmake --build --preset release
 

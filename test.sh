@@ -5,6 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . cmake/packages.sh
 yld_install_packages
+yld_reuse_objects
 
 for preset in ${YLD_PRESETS:-release asan}; do
     echo "== $preset"

@@ -12,3 +12,8 @@ yld_install_packages() {
     "${sudo[@]}" apt-get update -qq
     DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
+
+# Sourced by run.sh and test.sh: what was compiled before, here or in another clone, is not compiled again.
+yld_reuse_objects() {
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+}

@@ -1,8 +1,10 @@
 # Warnings are errors, everywhere; sanitizers where asked for.
 function(yld_sanitize target)
     if(YLD_SANITIZE)
+        # Little optimisation and the line numbers alone: with the checks between the statements more costs nearly
+        # twice the time to build, and finds nothing more.
         target_compile_options(${target} PRIVATE
-            -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+            -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g1)
         target_link_options(${target} PRIVATE -fsanitize=address,undefined)
     endif()
 endfunction()
