@@ -37,7 +37,7 @@ void make(const char* path)
     yld_Step& many = db.Step("many", "", yld_Enum::TIME, 1.0);
     yld_HistoryRegion& whole = many.HistoryRegion("whole", "", yld_HistoryPoint(db.rootAssembly()));
     for (int i = 0; i < 12; ++i) {
-        char name[8];
+        char name[16];
         std::snprintf(name, sizeof name, "c%d", i);
         yld_HistoryOutput& output = curve(whole, name, "");
         for (int k = 0; k < 3; ++k)
