@@ -154,7 +154,8 @@ TEST_F(yld_FieldCopyTest, attributesOfTheSourceAreTaken)
               yld_SectionPoint(), turnedSystem());
     step().Frame(2, 2.0).FieldOutput(s, "copy", "of stress");
     reopen();
-    const yld_FieldOutput& copy = field("copy", 1);
+    // A copy, since asking for another frame ends the life of this one's.
+    const yld_FieldOutput copy = field("copy", 1);
     EXPECT_EQ(copy.type(), yld_Enum::TENSOR_3D_FULL);
     EXPECT_EQ(joined(copy.componentLabels()), "a,b,c,d,e,f");
     ASSERT_EQ(copy.validInvariants().size(), 3);
