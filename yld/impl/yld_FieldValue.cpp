@@ -99,7 +99,8 @@ bool yld_FieldValueData::isInRoom(const void* components) const
     return components >= m_room && components < m_room + sizeof m_room;
 }
 
-template<class Real> Real* yld_FieldValueData::allocate(int length)
+// Inline, so that no copy of these is exported with the class.
+template<class Real> inline Real* yld_FieldValueData::allocate(int length)
 {
     const std::size_t bytes = static_cast<std::size_t>(length) * sizeof(Real);
     if (bytes > sizeof m_room - m_roomUsed) return new Real[static_cast<std::size_t>(length)];
@@ -109,7 +110,7 @@ template<class Real> Real* yld_FieldValueData::allocate(int length)
     return components;
 }
 
-template<class Real> void yld_FieldValueData::release(Real*& components)
+template<class Real> inline void yld_FieldValueData::release(Real*& components)
 {
     if (components && !m_isBorrowed && !isInRoom(components)) delete[] components;
     components = nullptr;

@@ -21,7 +21,12 @@
 
 namespace {
 
+#ifdef __SANITIZE_ADDRESS__
+// The sanitizer's own memory counts as resident, too: what it keeps of every byte and around every block.
+constexpr long long mostResidentKilobytes = 200 * 1024;
+#else
 constexpr long long mostResidentKilobytes = 100 * 1024;
+#endif
 
 struct Scale
 {
@@ -131,7 +136,10 @@ void giveBack(const char* what, long long wanted, const std::function<void()>& t
     const long long kept = statusNumber("RssAnon:") - before;
     std::printf("%s: %lld kB taken, %lld kB kept\n", what, taken, kept);
     demand(taken >= wanted * 9 / 10, "what was read is not in memory");
+#ifndef __SANITIZE_ADDRESS__
+    // The sanitizer keeps freed memory to find late uses of it.
     demand(kept < wanted / 4, "memory is not given back");
+#endif
 }
 
 void releaseFrames(const std::string& path, const Scale& scale)
