@@ -11,6 +11,7 @@ install(FILES ${container_headers} DESTINATION ${YLD_HEADER_DIR}/containers)
 # table of remote connections, which clients fill. The install test finds out when one is missing.
 set(YLD_SUPPORT_HEADERS
     platform/base/mmo_Memory.h
+    platform/base/sys_complex.h
     platform/base/sys_Timer.h
     platform/rmt/rmt_RemoteConnectionsRep.h
     platform/store/mrp_MapOfCowsRepository.h

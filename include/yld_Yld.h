@@ -12,9 +12,21 @@
 #include "yld_Sequence.h"
 #include "yld_Step.h"
 #include "yld_String.h"
+#include "yld_UserData.h"
 
 class mshK_Model;
 class sto_Sto;
+class yld_BCRepository;
+class yld_ConstraintRepository;
+class yld_ContactControlsRepository;
+class yld_DiagnosticData;
+class yld_FieldOutputRequestRepository;
+class yld_HistoryOutputRequestRepository;
+class yld_IPRepository;
+class yld_InteractionRepository;
+class yld_JobData;
+class yld_LoadRepository;
+class yld_PredefinedFieldRepository;
 
 /// A results database. Opening one reads its header alone; the first access to steps, parts or assembly reads
 /// their lists. A copy shares everything until one side writes. For the thread that opened it.
@@ -84,6 +96,28 @@ public:
     /// reads the model again.
     const yld_Assembly& constRootAssembly() const;
 
+    /// How the analysis was set up, each kind by name. Each call looks for what the model has got since; the contact
+    /// controls are read once.
+    yld_BCRepository& boundaryConditions();
+    yld_IPRepository& interactionProperties();
+    yld_ContactControlsRepository& contactControls();
+    yld_InteractionRepository& interactions();
+    yld_PredefinedFieldRepository& predefinedFields();
+    yld_LoadRepository& loads();
+    yld_ConstraintRepository& constraints();
+    yld_FieldOutputRequestRepository& fieldOutputRequests();
+    yld_HistoryOutputRequestRepository& historyOutputRequests();
+
+    /// What a user has added for plotting. Of a read-only database without any, empty.
+    yld_UserData& userData();
+    const yld_UserData& userData() const;
+
+    /// The job that the database comes from. Reads no part and no step.
+    yld_JobData jobData() const;
+    /// What the job has told of its course; of a database without diagnostics, a view on nothing. Reads no part and no
+    /// step.
+    yld_DiagnosticData diagnosticData() const;
+
     /// A new part. Raises "A part named \"%s\" already exists.".
     yld_Part& Part(const yld_String& name, yld_Enum::yld_DimensionEnum dimension, yld_Enum::yld_PartTypeEnum type);
     yld_SectionCategory& SectionCategory(const yld_String& name, const yld_String& description);
@@ -140,11 +174,21 @@ private:
     yld_String m_description;
     yld_String m_analysisTitle;
     yld_String m_path;
+    bool m_onlyHasUserDefinedData = false;
     mutable shr_COW<yld_StepRepository> m_steps;
     mutable shr_COW<yld_PartRepository> m_parts;
     mutable shr_COW<yld_SectionCategoryRepository> m_sectionCategories;
     mutable shr_COW<yld_Assembly> m_rootAssembly;
-    bool m_onlyHasUserDefinedData = false;
+    shr_COW<yld_BCRepository> m_boundaryConditions;
+    shr_COW<yld_IPRepository> m_interactionProperties;
+    shr_COW<yld_ContactControlsRepository> m_contactControls;
+    shr_COW<yld_InteractionRepository> m_interactions;
+    shr_COW<yld_PredefinedFieldRepository> m_predefinedFields;
+    shr_COW<yld_LoadRepository> m_loads;
+    shr_COW<yld_ConstraintRepository> m_constraints;
+    shr_COW<yld_FieldOutputRequestRepository> m_fieldOutputRequests;
+    shr_COW<yld_HistoryOutputRequestRepository> m_historyOutputRequests;
+    yld_UserData m_userData;
     bool m_readOnly = false;
     mutable bool m_dataRead = false;
     shr_COW<ApiExtensions> m_apiExtensions;

@@ -1,5 +1,6 @@
 #include "platform/sto/sto_Sto.h"
 
+#include "platform/diagnostic/dgn_DiagnosticData.h"
 #include "platform/model/mshK_Model.h"
 #include "platform/result/fld_Result.h"
 #include "platform/sto/sto_Model.h"
@@ -10,6 +11,7 @@
 namespace {
 
 constexpr const char* noStore = "no store is open here";
+constexpr long long microseconds = 1000000;
 
 } // namespace
 
@@ -48,9 +50,7 @@ sto_Result sto_Sto::Result()
 {
     if (hasResult()) return result();
     const sto_Result made = sto_Result::create(m_file);
-    const auto changed = root().fetchWritable();
-    changed->m_result = made.shortCut();
-    root().replace(changed);
+    change(&sto_StoData::m_result, made.shortCut());
     return made;
 }
 
@@ -62,9 +62,7 @@ sto_UserData sto_Sto::UserData()
 {
     if (hasUserData()) return userData();
     const sto_UserData made = sto_UserData::create(m_file);
-    const auto changed = root().fetchWritable();
-    changed->m_userData = made.shortCut();
-    root().replace(changed);
+    change(&sto_StoData::m_userData, made.shortCut());
     return made;
 }
 
@@ -76,27 +74,54 @@ shr_String sto_Sto::description() const { return shr_String(root().fetch()->m_de
 
 void sto_Sto::setDescription(const shr_String& description)
 {
-    const auto changed = root().fetchWritable();
-    changed->m_description = description.cStr();
-    root().replace(changed);
+    change(&sto_StoData::m_description, std::string(description.cStr()));
 }
 
 shr_String sto_Sto::analysisVersion() const { return shr_String(root().fetch()->m_analysisVersion.c_str()); }
 
 void sto_Sto::setAnalysisVersion(const shr_String& version)
 {
-    const auto changed = root().fetchWritable();
-    changed->m_analysisVersion = version.cStr();
-    root().replace(changed);
+    change(&sto_StoData::m_analysisVersion, std::string(version.cStr()));
 }
 
 bool sto_Sto::onlyHasUserDefinedData() const { return root().fetch()->m_onlyHasUserDefinedData; }
 
 void sto_Sto::setOnlyHasUserDefinedData(bool only)
 {
-    const auto changed = root().fetchWritable();
-    changed->m_onlyHasUserDefinedData = only;
-    root().replace(changed);
+    change(&sto_StoData::m_onlyHasUserDefinedData, only);
+}
+
+std::vector<int> sto_Sto::productAddOns() const { return root().fetch()->m_productAddOns; }
+
+void sto_Sto::setProductAddOns(const std::vector<int>& addOns) { change(&sto_StoData::m_productAddOns, addOns); }
+
+long long sto_Sto::creationTime() const
+{
+    if (!m_file) fio_raise("store", noStore);
+    return m_file->creationDate() / microseconds;
+}
+
+long long sto_Sto::modificationTime() const
+{
+    if (!m_file) fio_raise("store", noStore);
+    return m_file->modificationDate() / microseconds;
+}
+
+std::shared_ptr<const dgn_DiagnosticData> sto_Sto::ConstGetDiagnosticData() const
+{
+    const lnk_ShortCut<dgn_DiagnosticData> diagnostics = root().fetch()->m_diagnostics;
+    if (diagnostics.isNull()) fio_raise(m_file->path(), "has no diagnostics");
+    return diagnostics.fetch();
+}
+
+void sto_Sto::setDiagnosticData(const dgn_DiagnosticData& diagnostics)
+{
+    const lnk_ShortCut<dgn_DiagnosticData> present = root().fetch()->m_diagnostics;
+    if (present.isValid()) {
+        present.replace(std::make_shared<dgn_DiagnosticData>(diagnostics));
+    } else {
+        change(&sto_StoData::m_diagnostics, lnk_ShortCut<dgn_DiagnosticData>::create(m_file, diagnostics));
+    }
 }
 
 void sto_Sto::ExtendApi(const sto_ApiExtension& extension)
@@ -105,9 +130,7 @@ void sto_Sto::ExtendApi(const sto_ApiExtension& extension)
     mrp_Container<sto_ApiExtension> extensions = root().fetch()->m_apiExtensions;
     if (extensions.isNull()) {
         extensions = mrp_Container<sto_ApiExtension>::create(m_file);
-        const auto changed = root().fetchWritable();
-        changed->m_apiExtensions = extensions;
-        root().replace(changed);
+        change(&sto_StoData::m_apiExtensions, extensions);
     }
     if (extensions.find(key) < 0) extensions.append(key, lnk_ShortCut<sto_ApiExtension>::create(m_file, extension));
 }

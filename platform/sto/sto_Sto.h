@@ -7,6 +7,7 @@
 #include "platform/store/pcl_Persistent.h"
 #include "platform/text/shr_String.h"
 
+class dgn_DiagnosticData;
 class fld_Result;
 class mshK_Model;
 class sto_Model;
@@ -30,6 +31,8 @@ public:
         visit("user data", self.m_userData);
         visit("only user defined data", self.m_onlyHasUserDefinedData);
         visit("api extensions", self.m_apiExtensions);
+        visit("product add-ons", self.m_productAddOns);
+        visit("diagnostics", self.m_diagnostics);
     }
 
     std::string m_description;
@@ -39,6 +42,8 @@ public:
     lnk_ShortCut<sto_UserDataContent> m_userData;
     bool m_onlyHasUserDefinedData = false;
     mrp_Container<sto_ApiExtension> m_apiExtensions; ///< by type; made with the first
+    std::vector<int> m_productAddOns;
+    lnk_ShortCut<dgn_DiagnosticData> m_diagnostics; ///< null for a job that has left none
 };
 
 /// A handle on an open store. Copies stand for the same store.
@@ -73,8 +78,19 @@ public:
     void setDescription(const shr_String& description);
     shr_String analysisVersion() const;
     void setAnalysisVersion(const shr_String& version);
+    /// The products that the job ran with besides the solver, as numbers.
+    std::vector<int> productAddOns() const;
+    void setProductAddOns(const std::vector<int>& addOns);
+    /// When the database was made, and when the state was saved that is seen here: seconds since 1970.
+    long long creationTime() const;
+    long long modificationTime() const;
     void setOnlyHasUserDefinedData(bool only);
     bool onlyHasUserDefinedData() const;
+
+    /// What the job has told of its course. Raises when there is nothing.
+    std::shared_ptr<const dgn_DiagnosticData> ConstGetDiagnosticData() const;
+    /// Takes the place of what was told before.
+    void setDiagnosticData(const dgn_DiagnosticData& diagnostics);
 
     /// The root object itself.
     lnk_ShortCut<sto_StoData> shortCut() const { return root(); }
@@ -91,6 +107,13 @@ public:
 private:
     friend class sto_StoContainer;
     lnk_ShortCut<sto_StoData> root() const;
+    // Changes one value of the root object.
+    template<class Value> void change(Value sto_StoData::* member, Value value)
+    {
+        const std::shared_ptr<sto_StoData> changed = root().fetchWritable();
+        (*changed).*member = std::move(value);
+        root().replace(changed);
+    }
 
     std::shared_ptr<fio_FileBody> m_file;
 };

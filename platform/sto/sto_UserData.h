@@ -1,11 +1,9 @@
 #ifndef STO_USERDATA_H
 #define STO_USERDATA_H
 
-#include "platform/store/mrp_Container.h"
-#include "platform/store/pcl_Persistent.h"
+#include "platform/sto/sto_UserXYData.h"
 
 class sto_Annotation;
-class sto_UserXYData;
 
 /// What a user has added to a database for plotting: curves and drawn annotations, each in a container by name.
 class sto_UserDataContent : public pcl_Class<sto_UserDataContent>
@@ -20,7 +18,7 @@ public:
         visit("annotations", self.m_annotations);
     }
 
-    mrp_Container<sto_UserXYData> m_curves;
+    mrp_Container<sto_UserXYDataContent> m_curves;
     mrp_Container<sto_Annotation> m_annotations;
 };
 
@@ -36,6 +34,8 @@ public:
 
     bool isValid() const { return m_content.isValid(); }
     const lnk_ShortCut<sto_UserDataContent>& shortCut() const { return m_content; }
+    /// The curves; where there is no user data, none.
+    sto_UserXYDataContainer userXYData() const;
     /// The numbers of what is kept.
     int curveCount() const;
     int annotationCount() const;

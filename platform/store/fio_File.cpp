@@ -59,6 +59,12 @@ std::string freshUid()
     return text;
 }
 
+long long microsecondsNow()
+{
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::microseconds>(now).count();
+}
+
 } // namespace
 
 fio_FileBody::fio_FileBody(const std::string& path, fio_Database::Access access)
@@ -92,8 +98,7 @@ int fio_FileBody::version() { return database().databaseVersion(); }
 void fio_FileBody::createTables()
 {
     m_uid = freshUid();
-    m_creationDate = std::chrono::duration_cast<std::chrono::microseconds>(
-                         std::chrono::system_clock::now().time_since_epoch()).count();
+    m_creationDate = microsecondsNow();
     fio_Database& db = *m_database;
     try {
         db.begin();
@@ -123,6 +128,7 @@ void fio_FileBody::readHeader()
     while (read.step()) {
         const std::string name = read.text(0);
         if (name == "creation date") m_creationDate = read.integer(1);
+        else if (name == "modification date") m_modificationDate = read.integer(1);
         else if (name == "uid") m_uid = read.text(1);
         else if (name == "save count") m_saveCount = read.integer(1);
         else if (name == "next object") m_nextId = read.integer(1);
@@ -144,6 +150,7 @@ void fio_FileBody::writeHeader()
         write.run();
     };
     put("creation date", m_creationDate);
+    put("modification date", m_modificationDate);
     put("save count", m_saveCount);
     put("next object", m_nextId);
     put("next extent", m_extents->limit());
@@ -476,8 +483,9 @@ void fio_FileBody::save()
     // What is left of the bulk goes with the rows: there is little of it, since full batches go as they come.
 
     const long long save = m_saveCount + 1;
-    const long long now = std::chrono::duration_cast<std::chrono::seconds>(
-                              std::chrono::system_clock::now().time_since_epoch()).count();
+    const long long moment = microsecondsNow();
+    const long long now = moment / 1000000;
+    const long long dateBefore = m_modificationDate;
     const std::string tokenBefore = m_writerToken;
     db.begin();
     try {
@@ -493,11 +501,13 @@ void fio_FileBody::save()
         }
         purge(now);
         m_saveCount = save;
+        m_modificationDate = moment;
         writeHeader();
         db.commit();
     } catch (...) {
         db.rollback();
         m_saveCount = save - 1;
+        m_modificationDate = dateBefore;
         m_writerToken = tokenBefore;
         // A table made in the transaction is gone again.
         m_tables.clear();

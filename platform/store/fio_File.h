@@ -33,6 +33,9 @@ public:
     /// The moment of creation, in microseconds since 1970, and the identity that goes with it.
     long long creationDate() const { return m_creationDate; }
     const std::string& uid() const { return m_uid; }
+    /// The moment of the save that this handle sees, in microseconds since 1970; of a file never saved, that of its
+    /// creation.
+    long long modificationDate() const { return m_modificationDate != 0 ? m_modificationDate : m_creationDate; }
     /// The number of the saved state that this handle sees: a reader stays with the one that it found when it opened
     /// the file, whatever a writer saves since.
     long long saveCount() const { return m_saveCount; }
@@ -118,6 +121,7 @@ private:
     long long m_nextId = 1;
     long long m_rootObject = 0;
     long long m_creationDate = 0;
+    long long m_modificationDate = 0; // of the last save; 0 in a file that has not kept it
     long long m_saveCount = 0;
     long long m_savedExtents = 1; // the first extent that no saved state has
     int m_keepSeconds = defaultKeepSeconds;

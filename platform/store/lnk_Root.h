@@ -13,6 +13,7 @@ class lnk_Root
 public:
     /// The root of the calling thread.
     static lnk_Root& Instance();
+    static lnk_Root& Fetch() { return Instance(); }
 
     lnk_Root() = default;
     lnk_Root(const lnk_Root&) = delete;

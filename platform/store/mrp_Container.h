@@ -43,6 +43,29 @@ private:
 
 long long mrp_createContainer(const std::shared_ptr<fio_FileBody>& file);
 
+template<class T> class mrp_Container;
+
+/// Walks a container in the order of its entries:
+///
+///     for (entry.first(); !entry.isDone(); entry.next()) { use(entry.currentKey(), entry.currentValue()); }
+template<class T>
+class mrp_ContainerIterator
+{
+public:
+    explicit mrp_ContainerIterator(const mrp_Container<T>& container) : m_container(container) {}
+
+    void first() { m_position = 0; }
+    void next() { ++m_position; }
+    bool isDone() const { return m_position >= m_container.size(); }
+    /// The entry at hand; there must be one.
+    const std::string& currentKey() const { return m_container.key(m_position); }
+    lnk_ShortCut<T> currentValue() const { return m_container.at(m_position); }
+
+private:
+    mrp_Container<T> m_container;
+    int m_position = 0;
+};
+
 /// An ordered list of named references to objects of class T, itself named by an id that its owner keeps.
 template<class T>
 class mrp_Container : public lnk_AnyShortCut
@@ -58,6 +81,7 @@ public:
 
     int size() const { return m_id == 0 ? 0 : entries().size(); }
     bool isEmpty() const { return size() == 0; }
+    mrp_ContainerIterator<T> createIterator() const { return mrp_ContainerIterator<T>(*this); }
     const std::string& key(int position) const { return entries()[position].key; }
     lnk_ShortCut<T> at(int position) const { return lnk_ShortCut<T>(m_file, entries()[position].object); }
     /// The place of the first entry with that key, or -1.

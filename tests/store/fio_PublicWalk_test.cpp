@@ -91,6 +91,16 @@ void makeJob(const std::string& path)
             for (int i = 50; i < 70; ++i) output.addData(0.25 * i, i);
         }
     }
+    for (const char* name : {"even", "ragged"}) {
+        yld_Sequence<yld_Sequence<float>> curve;
+        for (int i = 0; i < 20; ++i) {
+            const float row[] = {static_cast<float>(i), 0.5F * static_cast<float>(i), 1.0F};
+            curve.append(yld_Sequence<float>(row, name[0] == 'e' ? 2 : i % 4));
+        }
+        db.userData()
+            .XYData(name, yld_Enum::XY_FROM_FILE, "curve.txt", "a file", "a value", "a place", "x", "y", "legend")
+            .addData(curve);
+    }
     saveYld(db);
     db.close();
 }
@@ -106,6 +116,7 @@ struct Seen
     long long curves = 0;
     long long pairs = 0;
     long long chosen = 0;
+    long long points = 0;
     double sum = 0.0;
 };
 
@@ -230,6 +241,17 @@ Seen walkJob(const std::string& path)
         walkEntity(assembly, seen);
         const yld_Sequence<yld_String> instances = assembly.instances().keys();
         for (int i = 0; i < instances.size(); ++i) walkEntity(assembly.instances().constGet(instances[i]), seen);
+        yld_RepositoryIT<yld_String, yld_UserXYData> curve(db.userData().xyDataObjects());
+        for (curve.first(); !curve.isDone(); curve.next()) {
+            const yld_Sequence<yld_Sequence<float>>& data = curve.currentValue().getData();
+            for (int i = 0; i < data.size(); ++i) {
+                for (int c = 0; c < data[i].size(); ++c) seen.sum += static_cast<double>(data[i][c]);
+            }
+            seen.sum += curve.currentValue().description().length();
+            seen.points += data.size();
+        }
+        seen.sum += static_cast<double>(db.jobData().creationTime());
+        seen.sum += db.diagnosticData().jobTime().userTime() + db.boundaryConditions().size() + db.contactControls().size();
         const yld_Sequence<yld_String> steps = db.steps().stepNames();
         for (int s = 0; s < steps.size(); ++s) {
             const yld_Step& step = db.steps().constGet(steps[s]);
@@ -308,6 +330,7 @@ TEST_F(fio_PublicWalk, theTrueJobIsWalkedWhole)
     // two element sets, one element, the instance, the type, and those of no system.
     // The points with history are sets of their own: two nodes, and two elements with 8 values each.
     EXPECT_EQ(seen.chosen, 6 * (2 * 20 + 1 + 20 + 20 + 2 * 32 + 8 + 32 + 32 + 32 + 2 * 1 + 2 * 8));
+    EXPECT_EQ(seen.points, 2 * 20);
     EXPECT_EQ(seen.curves, 2 * 12);
     EXPECT_EQ(seen.pairs, 2 * (12 * 50 + 2 * 20));
 }

@@ -1,7 +1,6 @@
 #include "call_results.h"
+#include "patient_reporter.h"
 #include "platform/store/lnk_Root.h"
-#include "platform/text/exc_Exception.h"
-#include "platform/text/prg_WIP.h"
 #include "result_model.h"
 #include "sql_log.h"
 #include "yld/impl/yld_YldRepository.h"
@@ -243,21 +242,6 @@ TEST_F(yld_LazyRead, aFailedReadLeavesALaterTryToFailTheSameWay)
 
 namespace {
 
-// Takes errors and lets the work go on.
-class Patient : public prg_WipReporter
-{
-public:
-    Patient() : m_before(lok_ThreadSingleton<prg_WIP>::Instance().InstallReporter(this)) { m_errors = true; }
-    ~Patient() override { lok_ThreadSingleton<prg_WIP>::Instance().InstallReporter(m_before); }
-    using prg_WipReporter::Error;
-    void Error(const msg_StringBase& text, int) override { told.emplace_back(text.cStr()); }
-
-    std::vector<std::string> told;
-
-private:
-    prg_WipReporter* m_before;
-};
-
 // Takes the mesh of the first instance away.
 void loseAMesh(const std::string& path)
 {
@@ -292,7 +276,7 @@ TEST_F(yld_LazyRead, aReporterThatTakesTheErrorLetsTheReadingGoOn)
     loseAMesh(m_path);
     yld_Yld& open = openYld(m_path.c_str(), true);
     {
-        Patient reporter;
+        PatientReporter reporter;
         // The assembly needs the same mesh, and fails by itself.
         const std::string failure = failureOf([&] { open.steps(); });
         EXPECT_TRUE(failure.ends_with(" of class mshK_Mesh is missing; the file is damaged")) << failure;

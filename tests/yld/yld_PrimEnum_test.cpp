@@ -78,6 +78,14 @@ TEST(yld_PrimEnum, analysisCode)
         {{"UNKNOWN_ANALYSIS_CODE", 0}, {"ZANTRA_STANDARD", 1}, {"ZANTRA_EXPLICIT", 2}});
 }
 
+TEST(yld_PrimEnum, jobStatus)
+{
+    expectTable<yld_DiagnosticData::JobStatus>({{"JOB_STATUS_UNKNOWN", 0},
+                                                {"JOB_STATUS_COMPLETED_SUCCESSFULLY", 1},
+                                                {"JOB_STATUS_EXITED_WITH_ERROR", 2},
+                                                {"JOB_STATUS_TERMINATED_BY_EXTERNAL_REQUEST", 3}});
+}
+
 TEST(yld_PrimEnum, precision)
 {
     expectTable<yld_Enum::yld_PrecisionEnum>({{"SINGLE_PRECISION", 0}, {"DOUBLE_PRECISION", 1}});

@@ -137,6 +137,19 @@ const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ElementFaceEnum>::Table()
 }
 
 #undef YLD_ROW
+#define YLD_ROW(name) val_PrimEnumRow{#name, yld_DiagnosticData::name}
+
+template<>
+const val_PrimEnumRow* val_PrimEnum<yld_DiagnosticData::JobStatus>::Table()
+{
+    static constexpr val_PrimEnumRow rows[] = {YLD_ROW(JOB_STATUS_UNKNOWN), YLD_ROW(JOB_STATUS_COMPLETED_SUCCESSFULLY),
+                                               YLD_ROW(JOB_STATUS_EXITED_WITH_ERROR),
+                                               YLD_ROW(JOB_STATUS_TERMINATED_BY_EXTERNAL_REQUEST),
+                                               val_PrimEnumRow{nullptr, 0}};
+    return rows;
+}
+
+#undef YLD_ROW
 // clang-format off
 #define YLD_ROW(name) val_PrimEnumRow{#name, yld_AnalysisWarningError::name}
 // clang-format on

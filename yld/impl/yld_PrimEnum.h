@@ -3,6 +3,7 @@
 
 #include "platform/attribute/val_PrimEnum.h"
 #include "yld_AnalysisWarningError.h"
+#include "yld_DiagnosticData.h"
 #include "yld_Enum.h"
 
 // The public enumerations that have texts. An enumerator without a row here (BOOLEAN and INTEGER, say) is
@@ -32,5 +33,7 @@ template<>
 const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ElementFaceEnum>::Table();
 template<>
 const val_PrimEnumRow* val_PrimEnum<yld_AnalysisWarningError::Category>::Table();
+template<>
+const val_PrimEnumRow* val_PrimEnum<yld_DiagnosticData::JobStatus>::Table();
 
 #endif

@@ -12,6 +12,7 @@
 #include "platform/sto/sto_Procedure.h"
 #include "platform/sto/sto_Result.h"
 #include "platform/sto/sto_Step.h"
+#include "platform/sto/sto_StoContainer.h"
 #include "platform/sto/sto_StepContainer.h"
 #include "platform/sto/sto_Sto.h"
 #include "platform/sto/sto_StoStep.h"
@@ -22,8 +23,11 @@
 #include "yld/impl/yld_Mesh.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld/impl/yld_YldRepository.h"
+#include "yld_AttributeRepository.h"
+#include "yld_DiagnosticData.h"
 #include "yld_EnumMap.h"
 #include "yld_Exception.h"
+#include "yld_JobData.h"
 
 #include <algorithm>
 #include <cmath>
@@ -69,6 +73,14 @@ void requirePoint(const yld_Sequence<float>& point)
     if (point.size() != 3) yld_raise("A point of the symmetry axis needs 3 coordinates.");
 }
 
+// What a repository of the database's own has not read yet comes in when it is asked for.
+template<class Repository> Repository& readUnshared(shr_COW<Repository>& repository)
+{
+    Repository& own = repository.Get();
+    own.Read();
+    return own;
+}
+
 } // namespace
 
 // An unknown type gives the tree's default value, and no error.
@@ -89,7 +101,11 @@ struct yld_Yld::ApiExtensions : shr_Btree<yld_Enum::yld_ApiType, yld_ApiExtensio
 yld_Yld::yld_Yld()
     : m_sto(sto_Sto()), m_steps(yld_StepRepository()), m_parts(yld_PartRepository()),
       m_sectionCategories(yld_SectionCategoryRepository()), m_rootAssembly(yld_Assembly()),
-      m_apiExtensions(ApiExtensions())
+      m_boundaryConditions(yld_BCRepository()), m_interactionProperties(yld_IPRepository()),
+      m_contactControls(yld_ContactControlsRepository()), m_interactions(yld_InteractionRepository()),
+      m_predefinedFields(yld_PredefinedFieldRepository()), m_loads(yld_LoadRepository()),
+      m_constraints(yld_ConstraintRepository()), m_fieldOutputRequests(yld_FieldOutputRequestRepository()),
+      m_historyOutputRequests(yld_HistoryOutputRequestRepository()), m_apiExtensions(ApiExtensions())
 {
 }
 
@@ -100,10 +116,23 @@ yld_Yld::yld_Yld(yld_String name, yld_String analysisTitle, yld_String descripti
       m_sectionCategories(yld_SectionCategoryRepository()),
       m_rootAssembly(yld_Assembly(yld_String(store.model(defaultModel).rootAssembly().name().c_str()),
                                   store.model(defaultModel).rootAssembly(), store.model(defaultModel))),
-      m_readOnly(readOnly), m_apiExtensions(ApiExtensions()),
+      m_boundaryConditions(yld_BCRepository(store.model(defaultModel))),
+      m_interactionProperties(yld_IPRepository(store.model(defaultModel))),
+      m_contactControls(yld_ContactControlsRepository(store.model(defaultModel))),
+      m_interactions(yld_InteractionRepository(store.model(defaultModel))),
+      m_predefinedFields(yld_PredefinedFieldRepository(store.model(defaultModel))),
+      m_loads(yld_LoadRepository(store.model(defaultModel))),
+      m_constraints(yld_ConstraintRepository(store.model(defaultModel))),
+      m_fieldOutputRequests(yld_FieldOutputRequestRepository(store.model(defaultModel))),
+      m_historyOutputRequests(yld_HistoryOutputRequestRepository(store.model(defaultModel))), m_readOnly(readOnly),
+      m_apiExtensions(ApiExtensions()),
       m_globalJob(store.model(defaultModel).globalJob().c_str())
 {
-    if (!store.hasUserData() && makeUserData && isWritable(store)) m_sto.Get().UserData();
+    if (store.hasUserData()) {
+        m_userData = yld_UserData(store.userData());
+    } else if (makeUserData && isWritable(store)) {
+        m_userData = yld_UserData(m_sto.Get().UserData());
+    }
 }
 
 yld_Yld::yld_Yld(const yld_Yld&) = default;
@@ -233,6 +262,7 @@ void yld_Yld::read() const
     if (m_dataRead) return;
     yld_guard([&] {
         readModel();
+        m_userData.userXYData();
         if (!m_onlyHasUserDefinedData) readSteps();
     });
     m_dataRead = true;
@@ -363,6 +393,100 @@ const yld_Assembly& yld_Yld::constRootAssembly() const
 {
     if (!m_dataRead) yld_guard([&] { readModel(); });
     return m_rootAssembly.ConstGet();
+}
+
+yld_BCRepository& yld_Yld::boundaryConditions()
+{
+    read();
+    return readUnshared(m_boundaryConditions);
+}
+
+yld_IPRepository& yld_Yld::interactionProperties()
+{
+    read();
+    return readUnshared(m_interactionProperties);
+}
+
+yld_ContactControlsRepository& yld_Yld::contactControls()
+{
+    read();
+    return readUnshared(m_contactControls);
+}
+
+yld_InteractionRepository& yld_Yld::interactions()
+{
+    read();
+    return readUnshared(m_interactions);
+}
+
+yld_PredefinedFieldRepository& yld_Yld::predefinedFields()
+{
+    read();
+    return readUnshared(m_predefinedFields);
+}
+
+yld_LoadRepository& yld_Yld::loads()
+{
+    read();
+    return readUnshared(m_loads);
+}
+
+yld_ConstraintRepository& yld_Yld::constraints()
+{
+    read();
+    return readUnshared(m_constraints);
+}
+
+yld_FieldOutputRequestRepository& yld_Yld::fieldOutputRequests()
+{
+    read();
+    return readUnshared(m_fieldOutputRequests);
+}
+
+yld_HistoryOutputRequestRepository& yld_Yld::historyOutputRequests()
+{
+    read();
+    return readUnshared(m_historyOutputRequests);
+}
+
+yld_UserData& yld_Yld::userData()
+{
+    read();
+    return m_userData;
+}
+
+const yld_UserData& yld_Yld::userData() const
+{
+    read();
+    return m_userData;
+}
+
+yld_JobData yld_Yld::jobData() const
+{
+    return yld_guard([this] {
+        const sto_Sto& store = m_sto.ConstGet();
+        const yld_String version = store.analysisVersion();
+        yld_String upper = version;
+        upper.toUpper();
+        const auto code = upper.find("STANDARD") >= 0   ? yld_Enum::ZANTRA_STANDARD
+                          : upper.find("EXPLICIT") >= 0 ? yld_Enum::ZANTRA_EXPLICIT
+                                                        : yld_Enum::UNKNOWN_ANALYSIS_CODE;
+        yld_Sequence<yld_Enum::yld_ProductAddOnEnum> addOns;
+        for (const int addOn : store.productAddOns()) addOns.append(static_cast<yld_Enum::yld_ProductAddOnEnum>(addOn));
+        return yld_JobData(m_name, code, version, store.creationTime(), store.modificationTime(), yld_String(),
+                           yld_Enum::SINGLE_PRECISION, addOns);
+    });
+}
+
+yld_DiagnosticData yld_Yld::diagnosticData() const
+{
+    try {
+        const std::string stored = lnk_Root::Fetch().GetPersistentName(m_sto.ConstGet().FileName().cStr());
+        const sto_Sto store = sto_StoContainer().getByPersName(shr_String(stored.c_str()));
+        return yld_DiagnosticData(store.ConstGetDiagnosticData());
+    } catch (const exc_Exception&) {
+        return yld_DiagnosticData();
+    }
 }
 
 yld_Part& yld_Yld::Part(const yld_String& name, yld_Enum::yld_DimensionEnum dimension, yld_Enum::yld_PartTypeEnum type)

@@ -1,0 +1,210 @@
+#ifndef YLD_ATTRIBUTE_REPOSITORY_H
+#define YLD_ATTRIBUTE_REPOSITORY_H
+
+#include "containers/shr_COW.h"
+#include "yld_Export.h"
+#include "yld_Repository.h"
+#include "yld_String.h"
+
+class outC_FieldOutput;
+class outC_HistoryOutput;
+class sto_BC;
+class sto_Constraint;
+class sto_ContactControls;
+class sto_Interaction;
+class sto_InteractionProperty;
+class sto_Load;
+class sto_Model;
+template<class Output> class sto_OutputRequest;
+class sto_PredefinedField;
+class YLD_API yld_BC;
+class YLD_API yld_Constraint;
+class YLD_API yld_ContactControls;
+class YLD_API yld_FieldOutputRequest;
+class YLD_API yld_HistoryOutputRequest;
+class YLD_API yld_Interaction;
+class YLD_API yld_InteractionProperty;
+class YLD_API yld_Load;
+class YLD_API yld_PredefinedField;
+
+/// The stored class that a value stands for.
+template<class Value> struct yld_StoredAttribute;
+template<> struct yld_StoredAttribute<yld_BC> { using Type = sto_BC; };
+template<> struct yld_StoredAttribute<yld_Load> { using Type = sto_Load; };
+template<> struct yld_StoredAttribute<yld_Constraint> { using Type = sto_Constraint; };
+template<> struct yld_StoredAttribute<yld_Interaction> { using Type = sto_Interaction; };
+template<> struct yld_StoredAttribute<yld_InteractionProperty> { using Type = sto_InteractionProperty; };
+template<> struct yld_StoredAttribute<yld_ContactControls> { using Type = sto_ContactControls; };
+template<> struct yld_StoredAttribute<yld_PredefinedField> { using Type = sto_PredefinedField; };
+template<> struct yld_StoredAttribute<yld_FieldOutputRequest> { using Type = sto_OutputRequest<outC_FieldOutput>; };
+template<> struct yld_StoredAttribute<yld_HistoryOutputRequest> { using Type = sto_OutputRequest<outC_HistoryOutput>; };
+
+/// What the values of these repositories have in common: a counted handle on a stored object. Copies stand for the same
+/// object, so what is changed through one is seen through the other.
+template<class Value>
+class YLD_API yld_Attribute
+{
+public:
+    using Stored = typename yld_StoredAttribute<Value>::Type;
+
+    /// Empty: it stands for no object.
+    yld_Attribute();
+    explicit yld_Attribute(const Stored& stored);
+    yld_Attribute(const yld_Attribute&);
+    yld_Attribute& operator=(const yld_Attribute&);
+    ~yld_Attribute();
+
+    bool isEmpty() const noexcept { return m_stored.IsNull(); }
+    /// For the layers underneath; it must not be empty.
+    const Stored& stored() const noexcept { return *m_stored; }
+
+protected:
+    Stored& writableStored() { return m_stored.Get(); }
+
+private:
+    shr_COW<Stored> m_stored;
+};
+
+class YLD_API yld_BC : public yld_Attribute<yld_BC>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+class YLD_API yld_Load : public yld_Attribute<yld_Load>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+class YLD_API yld_Constraint : public yld_Attribute<yld_Constraint>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+class YLD_API yld_Interaction : public yld_Attribute<yld_Interaction>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+class YLD_API yld_InteractionProperty : public yld_Attribute<yld_InteractionProperty>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+class YLD_API yld_ContactControls : public yld_Attribute<yld_ContactControls>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+class YLD_API yld_PredefinedField : public yld_Attribute<yld_PredefinedField>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+class YLD_API yld_FieldOutputRequest : public yld_Attribute<yld_FieldOutputRequest>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+class YLD_API yld_HistoryOutputRequest : public yld_Attribute<yld_HistoryOutputRequest>
+{
+public:
+    using yld_Attribute::yld_Attribute;
+};
+
+/// How the analysis was set up, one kind of attribute by name. The attributes live in the model of the store; here stands
+/// one value for each. Copies share their entries until one of them is written, and the model.
+template<class Value>
+class YLD_API yld_AttributeRepository : public yld_Repository<yld_String, Value>
+{
+public:
+    /// One of no model.
+    yld_AttributeRepository();
+    explicit yld_AttributeRepository(const sto_Model& model);
+    yld_AttributeRepository(const yld_AttributeRepository&);
+    yld_AttributeRepository& operator=(const yld_AttributeRepository&);
+    ~yld_AttributeRepository();
+
+    bool hasModel() const noexcept { return m_model.IsValid(); }
+    /// For the layers underneath; there must be one.
+    const sto_Model& model() const noexcept { return *m_model; }
+
+    /// Brings in what the model has and the repository has not; a name that is there keeps its value. Without a model,
+    /// nothing. Reads the list of names, and none of the objects. Raises what the store says.
+    void Read();
+
+protected:
+    sto_Model& writableModel() { return m_model.Get(); }
+
+private:
+    shr_COW<sto_Model> m_model;
+};
+
+class YLD_API yld_BCRepository : public yld_AttributeRepository<yld_BC>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+};
+
+class YLD_API yld_LoadRepository : public yld_AttributeRepository<yld_Load>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+};
+
+class YLD_API yld_ConstraintRepository : public yld_AttributeRepository<yld_Constraint>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+};
+
+class YLD_API yld_InteractionRepository : public yld_AttributeRepository<yld_Interaction>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+};
+
+class YLD_API yld_IPRepository : public yld_AttributeRepository<yld_InteractionProperty>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+};
+
+class YLD_API yld_ContactControlsRepository : public yld_AttributeRepository<yld_ContactControls>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+
+    /// The first call brings in what the model has; later ones do nothing.
+    void Read();
+
+private:
+    bool m_read = false;
+};
+
+class YLD_API yld_PredefinedFieldRepository : public yld_AttributeRepository<yld_PredefinedField>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+};
+
+class YLD_API yld_FieldOutputRequestRepository : public yld_AttributeRepository<yld_FieldOutputRequest>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+};
+
+class YLD_API yld_HistoryOutputRequestRepository : public yld_AttributeRepository<yld_HistoryOutputRequest>
+{
+public:
+    using yld_AttributeRepository::yld_AttributeRepository;
+};
+
+#endif

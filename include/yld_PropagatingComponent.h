@@ -1,0 +1,48 @@
+#ifndef YLD_PROPAGATING_COMPONENT_H
+#define YLD_PROPAGATING_COMPONENT_H
+
+#include "platform/base/sys_complex.h"
+#include "yld_Export.h"
+
+class sto_ComponentArg;
+
+/// What one component of a prescribed quantity is.
+enum yld_ComponentType : int
+{
+    yld_UNSET_COMPONENT = 0,   ///< nothing is said about it
+    yld_REAL_COMPONENT = 1,    ///< a number
+    yld_COMPLEX_COMPONENT = 2, ///< a complex number
+    yld_FREE_COMPONENT = 3     ///< it is left to the analysis from here on
+};
+
+/// One component of a prescribed quantity: a displacement, a force, a magnitude. A plain value.
+class YLD_API yld_PropagatingComponent
+{
+public:
+    /// What value() is where it does not apply: the smallest normal double.
+    static constexpr double noValue = 2.2250738585072014e-308;
+
+    yld_PropagatingComponent(yld_ComponentType kind) : m_kind(kind) {}
+    yld_PropagatingComponent(double value) : m_kind(yld_REAL_COMPONENT), m_value(value) {}
+    yld_PropagatingComponent(const sys_complex& value) : m_kind(yld_COMPLEX_COMPONENT), m_complexValue(value) {}
+
+    yld_ComponentType kind() const { return m_kind; }
+    double value() const { return m_value; }
+    /// Zero where it does not apply.
+    const sys_complex& complexValue() const { return m_complexValue; }
+
+    /// The values stay with these two, and what it is with the third: an unset component that gets a value is unset.
+    void unset() { m_kind = yld_UNSET_COMPONENT; }
+    void free() { m_kind = yld_FREE_COMPONENT; }
+    void setValue(double value) { m_value = value; }
+
+    /// As the store takes it: a kind that is none of the four counts as complex.
+    operator sto_ComponentArg() const;
+
+private:
+    yld_ComponentType m_kind;
+    double m_value = noValue;
+    sys_complex m_complexValue;
+};
+
+#endif
