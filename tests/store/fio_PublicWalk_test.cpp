@@ -98,7 +98,7 @@ void makeJob(const std::string& path)
             curve.append(yld_Sequence<float>(row, name[0] == 'e' ? 2 : i % 4));
         }
         db.userData()
-            .XYData(name, yld_Enum::XY_FROM_FILE, "curve.txt", "a file", "a value", "a place", "x", "y", "legend")
+            .XYData(name, yld_Enum::XY_FROM_FILE, "points.txt", "a file", "a value", "a place", "x", "y", "legend")
             .addData(curve);
     }
     saveYld(db);
@@ -207,7 +207,11 @@ void walkHistory(const yld_Step& step, Seen& seen)
 void walkSubsets(const yld_FieldOutput& field, const yld_Instance& instance, Seen& seen)
 {
     const auto walk = [&seen](const yld_FieldOutput& subset) {
-        if (subset.values().size() > 0) seen.sum += subset.values(subset.values().size() - 1).data()[0];
+        if (subset.values().size() > 0) {
+            // A field that lies may say that its values have no components.
+            const yld_FieldValueData last = subset.values(subset.values().size() - 1).data();
+            for (int c = 0; c < last.length(); ++c) seen.sum += last[c];
+        }
         seen.sum += subset.bulkDataBlocks().size();
         seen.chosen += subset.values().size();
     };
