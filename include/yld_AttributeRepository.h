@@ -119,8 +119,8 @@ public:
     using yld_Attribute::yld_Attribute;
 };
 
-/// How the analysis was set up, one kind of attribute by name. The attributes live in the model of the store; here stands
-/// one value for each. Copies share their entries until one of them is written, and the model.
+/// How the analysis was set up, one kind of attribute by name. The attributes live in the model of the store; here
+/// stands one value for each. Copies share their entries until one of them is written, and the model.
 template<class Value>
 class YLD_API yld_AttributeRepository : public yld_Repository<yld_String, Value>
 {

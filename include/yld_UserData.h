@@ -75,8 +75,8 @@ public:
     yld_UserData& operator=(const yld_UserData&);
     ~yld_UserData();
 
-    /// A new curve without points. A name that is in use keeps its curve here, which is returned as it is. The next save
-    /// keeps the curve. The reference is good until the list is next copied and written.
+    /// A new curve without points, which the next save keeps. A name that is in use keeps its curve here, which is then
+    /// returned as it is. The reference is good until the list is next copied and written.
     /// Raises "Could not map SourceType Enumeration", and what the store says.
     yld_UserXYData& XYData(const yld_String& name, const yld_Enum::yld_XYSourceTypeEnm& sourceType,
                            const yld_String& sourceFileName, const yld_String& sourceDescription,

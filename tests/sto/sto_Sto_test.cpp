@@ -1,3 +1,4 @@
+#include "platform/diagnostic/dgn_DiagnosticData.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Result.h"
 #include "platform/sto/sto_StoContainer.h"
@@ -83,6 +84,47 @@ TEST_F(sto_StoTest, aModelThatIsNotThereIsNamed)
     } catch (const exc_Exception& failure) {
         EXPECT_EQ(std::string(failure.what()), path + ": has no model named \"Model-2\"");
     }
+}
+
+TEST_F(sto_StoTest, diagnosticsAreKeptOnceThereAreSome)
+{
+    {
+        sto_Sto store = made();
+        try {
+            store.ConstGetDiagnosticData();
+            FAIL() << "no exception";
+        } catch (const exc_Exception& failure) {
+            EXPECT_EQ(std::string(failure.what()), path + ": has no diagnostics");
+        }
+        dgn_DiagnosticData diagnostics;
+        diagnostics.m_jobStatus = 3;
+        store.setDiagnosticData(diagnostics);
+        diagnostics.m_wallclockTime = 2.5;
+        store.setDiagnosticData(diagnostics);
+        container.SaveSto(store);
+        container.CloseSto(store);
+    }
+    const auto kept = opened().ConstGetDiagnosticData();
+    EXPECT_EQ(kept->GetJobStatus(), 3);
+    EXPECT_EQ(kept->m_wallclockTime, 2.5);
+    EXPECT_TRUE(kept->GetJobHistoryDescription().empty());
+}
+
+TEST_F(sto_StoTest, aReaderSeesTheTimeOfTheStateThatItReads)
+{
+    sto_Sto writer = made();
+    container.SaveSto(writer);
+    const sto_Sto reader = opened();
+    const long long before = reader.file()->modificationDate();
+    EXPECT_EQ(before, writer.file()->modificationDate());
+    EXPECT_GE(before, reader.file()->creationDate());
+    writer.setDescription("changed");
+    container.SaveSto(writer);
+    EXPECT_GT(writer.file()->modificationDate(), before);
+    EXPECT_EQ(reader.file()->modificationDate(), before);
+    EXPECT_TRUE(reader.file()->refresh());
+    EXPECT_EQ(reader.file()->modificationDate(), writer.file()->modificationDate());
+    EXPECT_EQ(reader.creationTime(), writer.creationTime());
 }
 
 TEST_F(sto_StoTest, whatIsNotSavedIsGoneWithTheClose)
