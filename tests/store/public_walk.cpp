@@ -350,7 +350,11 @@ void PublicWalk::walkBlock(const yld_FieldBulkData& block)
 long long PublicWalk::lookAt(const yld_FieldOutput& subset)
 {
     const int size = subset.values().size();
-    if (size > 0) add(subset.values(size - 1).data()[0]);
+    if (size > 0) {
+        // Without components where values of its position are not read.
+        const yld_FieldValue last = subset.values(size - 1);
+        if (last.data().length() > 0) add(last.data()[0]);
+    }
     add(subset.bulkDataBlocks().size());
     spend(1 + size);
     return size;
