@@ -81,7 +81,7 @@ inline std::size_t fuzz_mutateFile(std::uint8_t* bytes, std::size_t count, std::
         return count;
     }
     scratch.put(bytes, count);
-    Mutation mutation(std::string(reinterpret_cast<const char*>(bytes), count), seed);
+    Mutation mutation(std::string(reinterpret_cast<const char*>(bytes), count), seed, largest);
     if (kind < 7) {
         mutation.rows(scratch.path());
     } else if (kind < 9) {

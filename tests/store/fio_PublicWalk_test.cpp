@@ -54,6 +54,28 @@ protected:
         EXPECT_GE(outcome.refused, leastRefused);
         EXPECT_GT(outcome.data, 0);
     }
+
+    // The whole job, to which statements have been applied, opened for reading and for writing. @return how many of the
+    // two gave data
+    static int dataBehind(const std::vector<std::string>& statements)
+    {
+        const std::string original = jobBytes(makeWholeJob);
+        const Outcome outcome = openAll(
+            2,
+            [&](unsigned, const std::string& path) {
+                putBytes(path, original);
+                Liar liar(path);
+                for (const std::string& sql : statements) ASSERT_TRUE(liar.run(sql)) << sql;
+            },
+            [](unsigned number, const std::string& path) {
+                const Library library;
+                PublicWalk::of(path, number == 1);
+            },
+            false);
+        for (const std::string& failure : outcome.failures) ADD_FAILURE() << failure;
+        EXPECT_EQ(outcome.data + outcome.refused, 2);
+        return outcome.data;
+    }
 };
 
 } // namespace
@@ -124,3 +146,15 @@ TEST_F(fio_PublicWalk, rowsThatLie) { expectDataOrOneException(900, &Mutation::r
 TEST_F(fio_PublicWalk, tablesAndColumnsMissingOrOfOtherKinds) { expectDataOrOneException(300, &Mutation::schema, 50); }
 TEST_F(fio_PublicWalk, countsCirclesAndLists) { expectDataOrOneException(800, &Mutation::structure, 100); }
 TEST_F(fio_PublicWalk, databasesOfOthersUnderOurSign) { expectDataOrOneException(60, &Mutation::foreign, 20); }
+
+// What such files have brought to light.
+
+TEST_F(fio_PublicWalk, setOfTheAssemblyWhoseKeySaysNothingIsRefused)
+{
+    EXPECT_EQ(dataBehind({"UPDATE entry SET key = '' WHERE key = 'Nboth'"}), 0);
+}
+
+TEST_F(fio_PublicWalk, setOfAMeshWhoseKeySaysNothingIsPassedOver)
+{
+    EXPECT_EQ(dataBehind({"UPDATE entry SET key = '' WHERE key = 'Eof the instance'"}), 2);
+}

@@ -27,7 +27,8 @@ inline void putBytes(const std::string& path, const std::string& bytes)
 class Liar
 {
 public:
-    explicit Liar(const std::string& path, unsigned seed = 1) : m_random(seed)
+    /// @param largest  statements that would make the file larger fail; 0 for no bound
+    explicit Liar(const std::string& path, unsigned seed = 1, std::size_t largest = 0) : m_random(seed)
     {
         sqlite3_open(path.c_str(), &m_handle);
         // Chance, but the same chance for the same seed.
@@ -41,6 +42,9 @@ public:
         run("PRAGMA synchronous = OFF");
         run("PRAGMA journal_mode = MEMORY");
         run("PRAGMA writable_schema = ON");
+        if (largest == 0) return;
+        const auto page = list("PRAGMA page_size");
+        if (!page.empty()) run("PRAGMA max_page_count = " + std::to_string(largest / std::stoul(page.front())));
     }
     Liar(const Liar&) = delete;
     Liar& operator=(const Liar&) = delete;
@@ -74,7 +78,10 @@ private:
 class Mutation
 {
 public:
-    Mutation(std::string original, unsigned number) : m_original(std::move(original)), m_random(number * 2654435761u + 1) {}
+    Mutation(std::string original, unsigned number, std::size_t largest = 0)
+        : m_original(std::move(original)), m_random(number * 2654435761u + 1), m_largest(largest)
+    {
+    }
 
     /// Bits, bytes, pages and lengths of the file.
     void bytes(const std::string& path)
@@ -120,7 +127,7 @@ public:
     void rows(const std::string& path)
     {
         putBytes(path, m_original);
-        Liar liar(path, m_random());
+        Liar liar(path, m_random(), m_largest);
         const auto tables = liar.tables();
         for (std::size_t i = 1 + below(3); i > 0; --i) {
             const std::string table = quoted(one(tables));
@@ -149,7 +156,7 @@ public:
     void schema(const std::string& path)
     {
         putBytes(path, m_original);
-        Liar liar(path, m_random());
+        Liar liar(path, m_random(), m_largest);
         const std::string name = one(liar.tables());
         const std::string table = quoted(name);
         const auto columns = liar.columns(name);
@@ -211,7 +218,7 @@ public:
     void structure(const std::string& path)
     {
         putBytes(path, m_original);
-        Liar liar(path, m_random());
+        Liar liar(path, m_random(), m_largest);
         std::vector<std::string> classes;
         for (const auto& table : liar.tables()) {
             const auto columns = liar.columns(table);
@@ -356,6 +363,7 @@ private:
 
     std::string m_original;
     std::mt19937 m_random;
+    std::size_t m_largest;
 };
 
 #endif
