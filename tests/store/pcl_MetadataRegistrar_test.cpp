@@ -7,75 +7,26 @@
 
 namespace {
 
-template<class Self> class Nothing : public pcl_Class<Self>
+// A class "sample_<letter>" without attributes; copies are other classes.
+template<char letter, unsigned id, int version = 1, int copy = 0>
+class Sample : public pcl_Class<Sample<letter, id, version, copy>>
 {
 public:
+    static constexpr char name[] = {'s', 'a', 'm', 'p', 'l', 'e', '_', letter, '\0'};
+    static constexpr const char* className = name;
+    static constexpr unsigned classId = id;
+    static constexpr int classVersion = version;
     template<class This, class V> static void attributes(This&, V&&) {}
 };
 
-class sample_First : public Nothing<sample_First>
-{
-public:
-    static constexpr const char* className = "sample_First";
-    static constexpr unsigned classId = 0x7f000070;
-    static constexpr int classVersion = 1;
-};
-
-class sample_SameId : public Nothing<sample_SameId>
-{
-public:
-    static constexpr const char* className = "sample_SameId";
-    static constexpr unsigned classId = 0x7f000070;
-    static constexpr int classVersion = 1;
-};
-
-class sample_Named : public Nothing<sample_Named>
-{
-public:
-    static constexpr const char* className = "sample_Named";
-    static constexpr unsigned classId = 0x7f000071;
-    static constexpr int classVersion = 1;
-};
-
-class sample_SameName : public Nothing<sample_SameName>
-{
-public:
-    static constexpr const char* className = "sample_Named";
-    static constexpr unsigned classId = 0x7f000072;
-    static constexpr int classVersion = 2;
-};
-
-class sample_Copied : public Nothing<sample_Copied>
-{
-public:
-    static constexpr const char* className = "sample_Copied";
-    static constexpr unsigned classId = 0x7f000073;
-    static constexpr int classVersion = 1;
-};
-
-class sample_Copy : public Nothing<sample_Copy>
-{
-public:
-    static constexpr const char* className = "sample_Copied";
-    static constexpr unsigned classId = 0x7f000073;
-    static constexpr int classVersion = 1;
-};
-
-class sample_Older : public Nothing<sample_Older>
-{
-public:
-    static constexpr const char* className = "sample_Older";
-    static constexpr unsigned classId = 0x7f000074;
-    static constexpr int classVersion = 1;
-};
-
-class sample_Newer : public Nothing<sample_Newer>
-{
-public:
-    static constexpr const char* className = "sample_Older";
-    static constexpr unsigned classId = 0x7f000074;
-    static constexpr int classVersion = 2;
-};
+using First = Sample<'A', 0x7f000070>;
+using SameId = Sample<'B', 0x7f000070>;
+using Named = Sample<'C', 0x7f000071>;
+using SameName = Sample<'C', 0x7f000072, 2>;
+using Copied = Sample<'D', 0x7f000073>;
+using Copy = Sample<'D', 0x7f000073, 1, 1>;
+using Older = Sample<'E', 0x7f000074, 1>;
+using Newer = Sample<'E', 0x7f000074, 2>;
 
 template<class Call> std::string refusalOf(Call&& call)
 {
@@ -91,32 +42,32 @@ template<class Call> std::string refusalOf(Call&& call)
 
 TEST(pcl_MetadataRegistrar, twoClassesWithOneIdAreRefused)
 {
-    EXPECT_EQ(refusalOf([] { sample_First::ClassMetadata(); }),
-              "Persistent classes sample_SameId and sample_First have the same id 0x7f000070.");
-    EXPECT_EQ(refusalOf([] { sample_SameId().Metadata(); }),
-              "Persistent classes sample_First and sample_SameId have the same id 0x7f000070.");
+    EXPECT_EQ(refusalOf([] { First::ClassMetadata(); }),
+              "Persistent classes sample_B and sample_A have the same id 0x7f000070.");
+    EXPECT_EQ(refusalOf([] { SameId().Metadata(); }),
+              "Persistent classes sample_A and sample_B have the same id 0x7f000070.");
 }
 
 TEST(pcl_MetadataRegistrar, twoClassesWithOneNameAreRefused)
 {
-    EXPECT_EQ(refusalOf([] { sample_Named::ClassMetadata(); }),
-              "Persistent class sample_Named has two ids, 0x7f000072 and 0x7f000071.");
-    EXPECT_EQ(refusalOf([] { sample_SameName().Metadata(); }),
-              "Persistent class sample_Named has two ids, 0x7f000071 and 0x7f000072.");
+    EXPECT_EQ(refusalOf([] { Named::ClassMetadata(); }),
+              "Persistent class sample_C has two ids, 0x7f000072 and 0x7f000071.");
+    EXPECT_EQ(refusalOf([] { SameName().Metadata(); }),
+              "Persistent class sample_C has two ids, 0x7f000071 and 0x7f000072.");
 }
 
 TEST(pcl_MetadataRegistrar, aClassDeclaredTwiceIsRefused)
 {
-    const char* const refusal = "Persistent class sample_Copied of version 1 is declared twice.";
-    EXPECT_EQ(refusalOf([] { sample_Copied().Metadata(); }), refusal);
-    EXPECT_EQ(refusalOf([] { sample_Copy().Metadata(); }), refusal);
-    EXPECT_EQ(refusalOf([] { sample_Copy().Metadata(); }), refusal) << "once is not enough";
+    const char* const refusal = "Persistent class sample_D of version 1 is declared twice.";
+    EXPECT_EQ(refusalOf([] { Copied().Metadata(); }), refusal);
+    EXPECT_EQ(refusalOf([] { Copy().Metadata(); }), refusal);
+    EXPECT_EQ(refusalOf([] { Copy().Metadata(); }), refusal) << "once is not enough";
 }
 
 TEST(pcl_MetadataRegistrar, versionsOfOneClassShareNameAndId)
 {
-    EXPECT_EQ(sample_Older().Metadata().version(), 1);
-    EXPECT_EQ(sample_Newer().Metadata().version(), 2);
+    EXPECT_EQ(Older().Metadata().version(), 1);
+    EXPECT_EQ(Newer().Metadata().version(), 2);
 }
 
 TEST(pcl_MetadataRegistrar, metadataAloneAreLookedAtToo)
@@ -150,7 +101,7 @@ TEST(pcl_MetadataRegistrar, metadataAloneAreLookedAtToo)
     EXPECT_EQ(refusalOfAnother([](pcl_MetadataRegistrar& r) {
                   r.add(pcl_ClassMetadata("sample_Another", 0x7f000074, 1));
               }),
-              "Persistent classes sample_Older and sample_Another have the same id 0x7f000074.");
+              "Persistent classes sample_E and sample_Another have the same id 0x7f000074.");
     pcl_MetadataRegistrar::dropSchema(schema);
     EXPECT_EQ(pcl_MetadataRegistrar::find("sample_Declared"), nullptr);
 }
