@@ -38,10 +38,13 @@ class fio_PublicWalk : public ::testing::Test
 protected:
     void expectDataOrOneException(int count, void (Mutation::*mutate)(const std::string&), int leastRefused)
     {
-        const std::string original = jobBytes(makeWholeJob);
+        // Half of the files are small ones, where a change is likelier to strike what is read first.
+        const std::string originals[] = {jobBytes(makeWholeJob), jobBytes(makeSmallJob)};
         const Outcome outcome = openAll(
             count,
-            [&](unsigned number, const std::string& path) { (Mutation(original, number).*mutate)(path); },
+            [&](unsigned number, const std::string& path) {
+                (Mutation(originals[number / 4 % 2], number).*mutate)(path);
+            },
             [](unsigned number, const std::string& path) {
                 const Library library;
                 PublicWalk::of(path, number % 4 == 3);
