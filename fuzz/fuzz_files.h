@@ -1,6 +1,7 @@
 #ifndef FUZZ_FILES_H
 #define FUZZ_FILES_H
 
+#include "fuzz_memory.h"
 #include "fuzz_target.h"
 #include "platform/text/exc_Exception.h"
 #include "store/mutations.h"
@@ -46,9 +47,10 @@ private:
 };
 
 /// Does something to a file whose bytes were put at a path, which ends well or in one exception of ours; anything else
-/// ends the process.
+/// ends the process, and so does too much memory.
 template<class Action> bool fuzz_dataOrOneException(Action&& action)
 {
+    const FuzzMemory memory;
     try {
         action();
         return true;
