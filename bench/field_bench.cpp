@@ -154,16 +154,3 @@ void reading(benchmark::State& state)
 BENCHMARK(reading)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-#ifndef NDEBUG
-    std::fprintf(stderr, "built without optimisation: the figures say nothing\n");
-#endif
-    yld_initializeAPI();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    yld_finalizeAPI();
-    return 0;
-}

@@ -1,6 +1,7 @@
 // The hot paths of history beside the plain operations that they are measured against: reading a long curve against
 // pread of the same bytes, appending pair by pair, and listing regions without touching their data.
 
+#include "bench_folder.h"
 #include "bench_ratio.h"
 #include "platform/sto/sto_Sto.h"
 #include "platform/store/fio_File.h"
@@ -22,31 +23,10 @@ namespace {
 using Seconds = std::chrono::duration<double>;
 using Clock = std::chrono::steady_clock;
 
-class Library
+const BenchFolder& folder()
 {
-public:
-    Library()
-    {
-        yld_initializeAPI();
-        std::string pattern = (std::filesystem::temp_directory_path() / "yld-bench-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) std::abort();
-        m_folder = pattern;
-    }
-    ~Library()
-    {
-        yld_finalizeAPI();
-        std::filesystem::remove_all(m_folder);
-    }
-    std::string file(const char* name) const { return m_folder + "/" + name; }
-
-private:
-    std::string m_folder;
-};
-
-const Library& library()
-{
-    static const Library library;
-    return library;
+    static const BenchFolder made;
+    return made;
 }
 
 yld_Yld& newDatabase(const std::string& path)
@@ -62,7 +42,7 @@ double secondsOf(const Clock::time_point& start) { return Seconds(Clock::now() -
 void appendPairs(benchmark::State& state)
 {
     const long long pairs = state.range(0);
-    const std::string path = library().file("append.yld");
+    const std::string path = folder().file("append.yld");
     double bestAppend = std::numeric_limits<double>::max();
     double bestSave = std::numeric_limits<double>::max();
     for (auto _ : state) {
@@ -87,7 +67,7 @@ BENCHMARK(appendPairs)->Arg(10000000)->UseManualTime()->Iterations(3)->Unit(benc
 // Many curves of the nodes of a mesh, a pair each an increment, as a solver writes them.
 const std::string& manyCurves(int curves, int increments, double* secondsAppending = nullptr)
 {
-    static const std::string path = library().file("many.yld");
+    static const std::string path = folder().file("many.yld");
     yld_Yld& database = newDatabase(path);
     yld_Part& part = database.Part("part", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
     yld_Sequence<int> labels;
@@ -135,8 +115,8 @@ BENCHMARK(appendToManyCurves)->UseManualTime()->Iterations(2)->Unit(benchmark::k
 void readLongCurve(benchmark::State& state)
 {
     const long long pairs = state.range(0);
-    const std::string path = library().file("long.yld");
-    const std::string plainPath = library().file("plain");
+    const std::string path = folder().file("long.yld");
+    const std::string plainPath = folder().file("plain");
     {
         yld_Yld& database = newDatabase(path);
         yld_HistoryOutput& output = database.steps()
@@ -218,5 +198,3 @@ void listRegions(benchmark::State& state)
 BENCHMARK(listRegions)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-BENCHMARK_MAIN();

@@ -1,6 +1,7 @@
 // Ways to keep a save atomic, on the same rows: what they cost the writer against plain write and fsync, and how long
 // another process waits that reads the last row over and over. This is why the store works as it does.
 
+#include "bench_folder.h"
 #include "platform/store/fio_SharingVfs.h"
 
 #include <benchmark/benchmark.h>
@@ -94,9 +95,8 @@ void saves(benchmark::State& state)
     const bool isWatched = state.range(3) != 0;
     state.SetLabel(names[static_cast<int>(way)]);
 
-    std::string folder = (std::filesystem::temp_directory_path() / "yld-bench-XXXXXX").string();
-    if (!mkdtemp(folder.data())) std::abort();
-    const std::string path = folder + "/a";
+    const BenchFolder folder;
+    const std::string path = folder.file("a");
     const std::vector<char> block(bytes, 'x');
     double plain = 1e30;
     double ours = 1e30;
@@ -104,7 +104,7 @@ void saves(benchmark::State& state)
     if (memory == MAP_FAILED) std::abort();
     auto* waits = new (memory) Waits();
     for (auto _ : state) {
-        const int descriptor = ::open((folder + "/plain").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        const int descriptor = ::open(folder.file("plain").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         const auto begin = Clock::now();
         for (int i = 0; i < count; ++i) {
             if (::write(descriptor, block.data(), bytes) < 0) std::abort();
@@ -165,7 +165,6 @@ void saves(benchmark::State& state)
         state.counters["worst_wait_ms"] = waits->worst;
     }
     munmap(memory, sizeof(Waits));
-    std::filesystem::remove_all(folder);
 }
 
 void eachWay(benchmark::internal::Benchmark* bench)
@@ -179,5 +178,3 @@ BENCHMARK(saves)->Apply(eachWay)->ArgNames({"way", "saves", "bytes", "watched"})
     ->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-BENCHMARK_MAIN();

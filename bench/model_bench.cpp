@@ -317,5 +317,3 @@ BENCHMARK(BM_nodesByLabelAtRandom)->UseManualTime()->Unit(benchmark::kMillisecon
 BENCHMARK(BM_listTenThousandSets)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-BENCHMARK_MAIN();

@@ -1,4 +1,5 @@
 // Steps and frames through the public interface, beside the same rows written and read with the store alone.
+#include "bench_folder.h"
 #include "bench_ratio.h"
 #include "platform/result/fld_Field.h"
 #include "platform/result/fld_FieldDescription.h"
@@ -20,24 +21,9 @@ constexpr int fieldsInFrame = 10;
 constexpr int manyFields = 2000;
 constexpr int numNodes = 8;
 
-struct OwnFolder
+const BenchFolder& folder()
 {
-    OwnFolder() : path((std::filesystem::temp_directory_path() / "yld-bench-XXXXXX").string())
-    {
-        if (!mkdtemp(path.data())) std::abort();
-    }
-    ~OwnFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    std::string file(const char* name) const { return (std::filesystem::path(path) / name).string(); }
-    std::string path;
-};
-
-const OwnFolder& folder()
-{
-    static const OwnFolder made;
+    static const BenchFolder made;
     return made;
 }
 
@@ -314,16 +300,3 @@ void oneFieldOfManyAgain(benchmark::State& state)
 BENCHMARK(oneFieldOfManyAgain)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-#ifndef NDEBUG
-    std::fprintf(stderr, "built without optimisation: the figures say nothing\n");
-#endif
-    yld_initializeAPI();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    yld_finalizeAPI();
-    return 0;
-}

@@ -1,5 +1,6 @@
 // Reading results through the public interface: bulk data, value by value, invariants and subsets, each beside the
 // plain operation on the same numbers in the same run.
+#include "bench_folder.h"
 #include "bench_ratio.h"
 #include "yld.h"
 
@@ -9,7 +10,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <unistd.h>
@@ -32,20 +32,9 @@ int labelOf(int element) { return 2 * element + 1; }
 class Model
 {
 public:
-    Model()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "yld-bench-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) std::abort();
-        m_folder = pattern;
-        write();
-    }
-    ~Model()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_folder, ignored);
-    }
-    std::string path() const { return (m_folder / "bench.yld").string(); }
-    std::string plainPath() const { return (m_folder / "plain").string(); }
+    Model() { write(); }
+    std::string path() const { return m_folder.file("bench.yld"); }
+    std::string plainPath() const { return m_folder.file("plain"); }
 
 private:
     void write()
@@ -92,7 +81,7 @@ private:
         close(file);
     }
 
-    std::filesystem::path m_folder;
+    BenchFolder m_folder;
 };
 
 const Model& model()
@@ -245,15 +234,3 @@ void bulkOfThatSubset(benchmark::State& state)
 BENCHMARK(bulkOfThatSubset)->UseManualTime()->Iterations(9)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-#ifndef NDEBUG
-    std::fprintf(stderr, "built without optimisation: the figures say nothing\n");
-#endif
-    yld_initializeAPI();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

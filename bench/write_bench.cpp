@@ -129,7 +129,7 @@ void integrationPointTensor(benchmark::State& state)
                    database.yld().save();
                });
 }
-BENCHMARK(integrationPointTensor)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(integrationPointTensor)->UseManualTime()->Iterations(9)->Unit(benchmark::kMillisecond);
 
 // The overload with sequences of sequences beside that with plain arrays, both saved.
 void sequencesBesideArrays(benchmark::State& state, yld_Enum::yld_DataTypeEnum type, int width)
@@ -205,16 +205,3 @@ void smallBlocks(benchmark::State& state)
 BENCHMARK(smallBlocks)->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-#ifndef NDEBUG
-    std::fprintf(stderr, "built without optimisation: the figures say nothing\n");
-#endif
-    yld_initializeAPI();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    yld_finalizeAPI();
-    return 0;
-}

@@ -13,7 +13,7 @@
 /// each block by all tables that hold it, until somebody writes: then the writer gets a table of its own, and
 /// of the blocks just the one that it writes. Elements never move while an array grows at its end.
 ///
-/// Copying costs six words and one increment; the first write after a copy costs one table and one block.
+/// An empty array takes no memory. Copying costs six words and one increment; the first write after a copy costs one table and one block.
 /// Indices are not checked. Counts are plain integers: an array and its copies stay within one thread.
 ///
 /// Every entry of a table owns one count of its block, also those behind the end, which a shrunken array
@@ -24,8 +24,8 @@ class YLD_API shr_1DArray
 public:
     using Block = shr_1DArrayBlock<T>;
 
-    shr_1DArray()
-        : m_tableLength(0), m_power(0), m_end(0), m_head(0), m_tableCounter(new shr_Counter), m_table(nullptr)
+    shr_1DArray() noexcept
+        : m_tableLength(0), m_power(0), m_end(0), m_head(0), m_tableCounter(nullptr), m_table(nullptr)
     {
     }
 
@@ -45,9 +45,7 @@ public:
             power = exponent;
             length += static_cast<int>((mantissa + 0x8fffffu) >> 20);
         }
-        m_table = static_cast<Block**>(mmo_Malloc(bytesFor(length)));
-        std::memset(static_cast<void*>(m_table), 0, bytesFor(length));
-        m_tableLength = length;
+        lengthenTable(length);
         m_power = power;
         m_end = size;
     }
@@ -56,7 +54,9 @@ public:
         : m_tableLength(other.m_tableLength), m_power(other.m_power), m_end(other.m_end),
           m_head(other.m_head), m_tableCounter(other.m_tableCounter), m_table(other.m_table)
     {
-        ++m_tableCounter->count;
+        if (m_tableCounter) {
+            ++m_tableCounter->count;
+        }
     }
 
     shr_1DArray& operator=(const shr_1DArray& other) noexcept
@@ -156,6 +156,8 @@ public:
         } else {
             releaseBlocks(0, m_tableLength);
             mmo_Free(m_table);
+            delete m_tableCounter;
+            m_tableCounter = nullptr;
             m_table = nullptr;
             m_tableLength = 0;
             m_power = 0;
@@ -207,13 +209,10 @@ public:
     /// Gives this array a table of its own; the blocks stay shared.
     void CopyArray()
     {
-        if (m_tableCounter->count == 1) {
+        if (!m_tableCounter || m_tableCounter->count == 1) {
             return;
         }
-        Block** table = nullptr;
-        if (m_table) {
-            table = static_cast<Block**>(mmo_Malloc(bytesFor(m_tableLength)));
-        }
+        Block** const table = static_cast<Block**>(mmo_Malloc(bytesFor(m_tableLength)));
         shr_Counter* counter;
         try {
             counter = new shr_Counter;
@@ -240,11 +239,11 @@ public:
     int BlockPower() const noexcept { return m_power; }
     int End() const noexcept { return m_end; }
     int Head() const noexcept { return m_head; }
-    int TableCount() const noexcept { return m_tableCounter->count; }
+    int TableCount() const noexcept { return m_tableCounter ? m_tableCounter->count : 1; }
     bool HasTable() const noexcept { return m_table != nullptr; }
     bool SharesTableWith(const shr_1DArray& other) const noexcept
     {
-        return m_tableCounter == other.m_tableCounter;
+        return this == &other || (m_tableCounter && m_tableCounter == other.m_tableCounter);
     }
     /// Blocks up to the end, present or not.
     int UsedBlocks() const noexcept { return blocksFor(m_end, m_power); }
@@ -292,7 +291,16 @@ private:
     void lengthenTable(int length)
     {
         const std::size_t bytes = bytesFor(length);
-        if (!m_table || bytes != bytesFor(m_tableLength)) {
+        if (!m_table) {
+            shr_Counter* const counter = new shr_Counter;
+            try {
+                m_table = static_cast<Block**>(mmo_Malloc(bytes));
+            } catch (...) {
+                delete counter;
+                throw;
+            }
+            m_tableCounter = counter;
+        } else if (bytes != bytesFor(m_tableLength)) {
             m_table = static_cast<Block**>(mmo_Realloc(m_table, bytes));
         }
         std::memset(static_cast<void*>(m_table + m_tableLength), 0,
@@ -329,7 +337,7 @@ private:
 
     void release() noexcept
     {
-        if (--m_tableCounter->count == 0) {
+        if (m_tableCounter && --m_tableCounter->count == 0) {
             releaseBlocks(0, m_tableLength);
             mmo_Free(m_table);
             delete m_tableCounter;
@@ -340,7 +348,7 @@ private:
     int m_power;
     int m_end;
     int m_head;
-    shr_Counter* m_tableCounter;
+    shr_Counter* m_tableCounter; // null as long as there is no table to share
     Block** m_table;
 };
 

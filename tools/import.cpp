@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <set>
 
@@ -80,8 +81,6 @@ public:
         // Without times there is no step for them.
         if (m_reader.times().empty())
             add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
-        add(m_sideValuesLeftOut, "side set variable on a set with several sides of an element",
-            "side set variables on sets with several sides of an element");
         bool attributes = false;
         for (const exo_Block& block : m_reader.blocks())
             attributes = attributes || block.numAttributes > 0;
@@ -107,6 +106,13 @@ public:
     }
 
 private:
+    // Sides of a set: the elements behind them, and their places in the set.
+    struct SideBlock
+    {
+        std::vector<int> labels;
+        std::vector<std::size_t> sides;
+    };
+
     static void append(std::string& list, const std::string& what, const char* separator)
     {
         if (!list.empty()) list += separator;
@@ -254,11 +260,8 @@ private:
             m_reader.sidesOf(set, elements, sides);
             yld_Sequence<int> labels(set.size);
             yld_Sequence<yld_Enum::yld_ElementFaceEnum> faces(set.size);
-            m_sideSetElements.emplace_back();
-            if (!m_reader.variables(exo_SIDE_SET).empty())
-                for (const int element : elements)
-                    m_sideSetElements.back().push_back(labelOf[static_cast<std::size_t>(element)]);
-            m_isOnceEach.push_back(std::set<int>(elements.begin(), elements.end()).size() == elements.size());
+            m_sideBlocks.emplace_back();
+            if (!m_reader.variables(exo_SIDE_SET).empty()) m_sideBlocks.back() = sideBlocks(elements, labelOf);
             for (std::size_t i = 0; i < elements.size(); ++i) {
                 const auto element = static_cast<std::size_t>(elements[i]);
                 const auto face = faceOf(m_types[blockOf[element]]->sides, sides[i]);
@@ -272,6 +275,20 @@ private:
             part.Surface(name.c_str(), labels, faces);
             instance.Surface(name.c_str(), labels, faces);
         }
+    }
+
+    // The sides of a set in blocks in which no element comes twice: the first sides of all, then the second ones.
+    static std::vector<SideBlock> sideBlocks(const std::vector<int>& elements, const std::vector<int>& labelOf)
+    {
+        std::vector<SideBlock> blocks;
+        std::map<int, std::size_t> sidesOf;
+        for (std::size_t i = 0; i < elements.size(); ++i) {
+            const std::size_t earlier = sidesOf[elements[i]]++;
+            if (earlier == blocks.size()) blocks.emplace_back();
+            blocks[earlier].labels.push_back(labelOf[static_cast<std::size_t>(elements[i])]);
+            blocks[earlier].sides.push_back(i);
+        }
+        return blocks;
     }
 
     void addFrames(const yld_Instance& instance)
@@ -339,7 +356,7 @@ private:
         for (tool_PlannedField& field : fields)
             if (field.type == tool_PlannedField::NINE) tool_settleNine(field, isSymmetric(field));
         for (const tool_PlannedField& field : fields)
-            if (!field.sideSet.empty()) checkSides(field);
+            if (!field.sideSet.empty()) tellOfSides(field);
         return fields;
     }
 
@@ -376,16 +393,17 @@ private:
         return true;
     }
 
-    // A value of a side is one of the whole element behind it: so no element may have two of them in a set.
-    void checkSides(const tool_PlannedField& field)
+    // A value of a side becomes one of the whole element behind it.
+    void tellOfSides(const tool_PlannedField& field)
     {
-        bool isTaken = false;
+        std::size_t mostSides = 0;
         for (std::size_t s = 0; s < m_reader.sideSets().size(); ++s) {
             if (!m_reader.hasVariable(exo_SIDE_SET, s, field.sideSet.front())) continue;
-            if (m_isOnceEach[s]) isTaken = true;
-            else ++m_sideValuesLeftOut;
+            mostSides = std::max(mostSides, m_sideBlocks[s].size());
         }
-        if (isTaken) m_notes.push_back("side set variable \"" + field.name + "\" lies on the whole elements behind the sides");
+        if (mostSides == 0) return;
+        m_notes.push_back("side set variable \"" + field.name + "\" lies on the whole elements behind the sides" +
+                          (mostSides > 1 ? ", once for each side" : ""));
     }
 
     yld_FieldOutput& makeField(yld_Frame& frame, const tool_PlannedField& planned)
@@ -459,15 +477,16 @@ private:
                 write(yld_Enum::NODAL, m_nodeSetLabels[s], m_nodeSetLabels[s].size(), 1);
             }
         for (const std::size_t variable : planned.sideSet)
-            for (std::size_t s = 0; s < m_sideSetElements.size(); ++s) {
+            for (std::size_t s = 0; s < m_sideBlocks.size(); ++s) {
                 const exo_Set& set = m_reader.sideSets()[s];
-                if (set.size == 0 || !m_reader.hasVariable(exo_SIDE_SET, s, variable) ||
-                    !m_isOnceEach[s])
-                    continue;
-                m_rows.resize(m_sideSetElements[s].size());
+                if (set.size == 0 || !m_reader.hasVariable(exo_SIDE_SET, s, variable)) continue;
                 m_reader.setValues(index, exo_SIDE_SET, variable, set, m_column);
-                fillColumn(0, 1);
-                write(yld_Enum::WHOLE_ELEMENT, m_sideSetElements[s], m_sideSetElements[s].size(), 1);
+                for (const SideBlock& block : m_sideBlocks[s]) {
+                    m_rows.clear();
+                    for (const std::size_t side : block.sides)
+                        m_rows.push_back(single(m_column[side]));
+                    write(yld_Enum::WHOLE_ELEMENT, block.labels, block.labels.size(), 1);
+                }
             }
     }
 
@@ -496,13 +515,11 @@ private:
     std::vector<std::vector<int>> m_blockLabels;
     std::vector<std::string> m_blockNames;
     std::vector<std::vector<int>> m_nodeSetLabels;   // only where sets have variables
-    std::vector<std::vector<int>> m_sideSetElements; // the same; one label a side
-    std::vector<bool> m_isOnceEach;                  // whether no element has two sides in a set
+    std::vector<std::vector<SideBlock>> m_sideBlocks; // the same, for sets with variables
     std::vector<double> m_column;
     std::vector<float> m_rows;
     std::vector<std::string> m_notes;
     std::size_t m_sidesLeftOut = 0;
-    std::size_t m_sideValuesLeftOut = 0;
     std::size_t m_valuesOutOfRange = 0;
 };
 

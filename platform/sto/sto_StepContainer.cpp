@@ -18,5 +18,5 @@ void sto_StepContainer::release(const shr_String& name)
 
 void sto_StepContainer::flush()
 {
-    if (m_steps.isValid()) m_steps.file()->flushBulk();
+    if (m_steps.isValid()) m_steps.file()->takeArrays();
 }

@@ -22,7 +22,8 @@ public:
     /// Gives back the memory of the step's frames and their fields, as far as the disk has them; a name that is not
     /// there changes nothing.
     void release(const shr_String& name);
-    /// Writes the values that are still gathered in memory.
+    /// Sends the values that objects still hold on their way: many go to disk now, few with the save, which spares a
+    /// transaction of their own.
     void flush();
 
     /// The place behind the step of that name, which is also where a step without a known previous one goes: the end.

@@ -25,3 +25,13 @@ fio_Buffer::fio_Buffer(std::size_t bytes) : m_size(bytes)
     if (isLarge) madvise(memory, rounded, MADV_HUGEPAGE);
     m_memory.reset(memory, std::free);
 }
+
+fio_Buffer fio_Buffer::borrow(const void* bytes, std::size_t count)
+{
+    fio_Buffer lent;
+    // Only the const accessor is called on what is borrowed.
+    lent.m_memory = std::shared_ptr<void>(std::shared_ptr<void>(), const_cast<void*>(bytes));
+    lent.m_size = count;
+    lent.m_isBorrowed = true;
+    return lent;
+}

@@ -14,6 +14,9 @@ public:
     /// Large ones are in large pages where the system has them: filling small pages for the first time takes as long
     /// as reading what goes into them.
     explicit fio_Buffer(std::size_t bytes);
+    /// The bytes of somebody else, who keeps them for as long as this and its copies are used. They need not be aligned.
+    static fio_Buffer borrow(const void* bytes, std::size_t count);
+    bool isBorrowed() const { return m_isBorrowed; }
 
     std::size_t size() const { return m_size; }
     const char* data() const { return static_cast<const char*>(m_memory.get()); }
@@ -31,6 +34,7 @@ public:
 private:
     std::shared_ptr<void> m_memory;
     std::size_t m_size = 0;
+    bool m_isBorrowed = false;
 };
 
 #endif

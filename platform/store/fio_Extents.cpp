@@ -7,9 +7,6 @@
 
 namespace {
 
-// What is gathered before it is written: large enough that a sync costs little a byte, small enough to be no burden.
-constexpr std::size_t gatherBytes = 16u << 20;
-
 long long extentCount(std::size_t bytes)
 {
     return static_cast<long long>((bytes + fio_Database::extentBytes - 1) / fio_Database::extentBytes);
@@ -25,6 +22,13 @@ long long fio_Extents::append(const fio_Buffer& bytes)
     m_gatheredBytes += bytes.size();
     m_next += extentCount(bytes.size());
     return first;
+}
+
+void fio_Extents::withdraw(long long first)
+{
+    if (m_gathered.empty() || m_gathered.back().first != first) return;
+    m_gatheredBytes -= m_gathered.back().bytes.size();
+    m_gathered.pop_back();
 }
 
 bool fio_Extents::isFull() const { return m_gatheredBytes >= gatherBytes; }

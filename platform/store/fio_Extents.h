@@ -13,11 +13,16 @@
 class fio_Extents
 {
 public:
+    /// What is gathered before it is written: large enough that a sync costs little a byte, small enough to be no burden.
+    static constexpr std::size_t gatherBytes = 16u << 20;
+
     explicit fio_Extents(fio_Database& database) : m_database(database) {}
 
     /// Takes an array over. Small ones are gathered and written together.
     /// @return the number of the first extent; 0 for an empty array
     long long append(const fio_Buffer& bytes);
+    /// Forgets the array that was taken last, whose memory is about to go.
+    void withdraw(long long first);
 
     /// Reads part of an array, also one that is still gathered.
     /// @param first   number of the array's first extent

@@ -198,7 +198,14 @@ long long fio_FileBody::appendBulk(const fio_Buffer& bytes)
 {
     if (!m_writable) fio_raise(m_path, "the database is open for reading only");
     const long long first = extents().append(bytes);
-    if (extents().isFull()) flushBulk();
+    if (!extents().isFull() && !bytes.isBorrowed()) return first;
+    try {
+        flushBulk();
+    } catch (...) {
+        // What is the store's own may go to disk with a later attempt.
+        if (bytes.isBorrowed()) extents().withdraw(first);
+        throw;
+    }
     return first;
 }
 
@@ -461,19 +468,30 @@ void fio_FileBody::purge(long long now)
     }
 }
 
-void fio_FileBody::save()
+std::vector<long long> fio_FileBody::changedObjects() const
 {
-    fio_Database& db = database();
-    if (!m_writable) db.raise("the database is open for reading only");
-
     std::vector<long long> changed;
     for (const auto& [id, entry] : m_objects) {
         if (entry.changed) changed.push_back(id);
     }
     // Ascending ids put new rows at the end of their tables.
     std::sort(changed.begin(), changed.end());
-    for (long long id : changed) m_objects[id].object->StoreArrays(shared_from_this());
+    return changed;
+}
+
+void fio_FileBody::takeArrays()
+{
+    for (long long id : changedObjects()) m_objects[id].object->StoreArrays(shared_from_this());
+}
+
+void fio_FileBody::save()
+{
+    fio_Database& db = database();
+    if (!m_writable) db.raise("the database is open for reading only");
+
+    const std::vector<long long> changed = changedObjects();
     // What is left of the bulk goes with the rows: there is little of it, since full batches go as they come.
+    for (long long id : changed) m_objects[id].object->StoreArrays(shared_from_this());
 
     const long long save = m_saveCount + 1;
     const long long now = std::chrono::duration_cast<std::chrono::seconds>(

@@ -51,9 +51,11 @@ public:
     void keepBeside(long long owner, const std::string& name, const lnk_AnyShortCut& object);
     /// What is kept so, by name.
     std::vector<lnk_AnyShortCut> beside(long long owner) const;
-    /// Takes a bulk array over and sends it to disk when enough has gathered.
+    /// Takes a bulk array over and sends it to disk when enough has gathered; a borrowed one at once.
     /// @return the number of its first extent
     long long appendBulk(const fio_Buffer& bytes);
+    /// Takes over the arrays that changed objects hold: large ones go to disk, the rest with the next batch or save.
+    void takeArrays();
     /// Sends the bulk arrays that have gathered to disk.
     void flushBulk();
     /// Forgets an object or the objects of a container as far as they hold no unsaved change.
@@ -102,6 +104,7 @@ private:
     Table& tableOf(const pcl_ClassMetadata& metadata);
     void makeTable(const pcl_ClassMetadata& metadata, Table& table);
     void claim();
+    std::vector<long long> changedObjects() const;
     void writeObject(long long id, const Object& entry, long long save, long long now);
     void writeEntries(long long container, mrp_Entries& entries, long long save);
     void supersede(long long save, long long now, long long classId, long long id, long long which);

@@ -25,7 +25,11 @@ sqlite3_vfs* base() { return sqlite3_vfs_find(nullptr); }
 class SharedFile
 {
 public:
-    SharedFile(std::unique_ptr<char[]> memory, bool isDatabase) : m_memory(std::move(memory)), m_isDatabase(isDatabase) {}
+    /// @param database  of a journal: the database that it belongs to
+    SharedFile(std::unique_ptr<char[]> memory, bool isDatabase, SharedFile* database)
+        : m_memory(std::move(memory)), m_isDatabase(isDatabase), m_database(database)
+    {
+    }
 
     sqlite3_file* real() const { return reinterpret_cast<sqlite3_file*>(m_memory.get()); }
     const sqlite3_io_methods& disk() const { return *real()->pMethods; }
@@ -95,8 +99,13 @@ public:
             const int code = shutReadersOut();
             if (code != SQLITE_OK) return code;
         }
-        return disk().xSync(real(), flags);
+        const int code = disk().xSync(real(), flags);
+        if (m_database && code == SQLITE_OK) m_database->m_hasJournal = true;
+        return code;
     }
+
+    /// Whether the journal's entry in its folder is on the disk.
+    bool hasJournal() const { return m_hasJournal; }
 
     // What is kept back is not in the memory map.
     bool mayMap() const { return m_pages.empty(); }
@@ -150,6 +159,8 @@ private:
 
     std::unique_ptr<char[]> m_memory; // of the file below
     bool m_isDatabase;
+    SharedFile* m_database;
+    bool m_hasJournal = false;
     int m_level = SQLITE_LOCK_NONE;
     bool m_keepsBack = false;
     sqlite3_int64 m_savedBytes = 0; // the file as it was when the transaction began
@@ -223,19 +234,32 @@ const sqlite3_io_methods methods = [] {
     return made;
 }();
 
+int openBelow(const char* name, sqlite3_file* real, int flags, int* outFlags)
+{
+    sqlite3_vfs* below = base();
+    const int code = below->xOpen(below, name, real, flags, outFlags);
+    if (code != SQLITE_OK && real->pMethods) {
+        real->pMethods->xClose(real);
+        real->pMethods = nullptr;
+    }
+    return code;
+}
+
 int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags)
 {
     file->pMethods = nullptr;
-    sqlite3_vfs* below = base();
     try {
-        std::unique_ptr<char[]> memory(new char[static_cast<std::size_t>(below->szOsFile)]());
+        std::unique_ptr<char[]> memory(new char[static_cast<std::size_t>(base()->szOsFile)]());
         auto* real = reinterpret_cast<sqlite3_file*>(memory.get());
-        const int code = below->xOpen(below, name, real, flags, outFlags);
-        if (code != SQLITE_OK) {
-            if (real->pMethods) real->pMethods->xClose(real);
-            return code;
-        }
-        reinterpret_cast<Handle*>(file)->file = new SharedFile(std::move(memory), (flags & SQLITE_OPEN_MAIN_DB) != 0);
+        SharedFile* database = (flags & SQLITE_OPEN_MAIN_JOURNAL) != 0 ? &of(sqlite3_database_file_object(name)) : nullptr;
+        int code = SQLITE_CANTOPEN;
+        // A journal that may be new has its folder synced with it. The kept one is there already.
+        const int withoutMaking = flags & ~SQLITE_OPEN_CREATE;
+        if (database && database->hasJournal()) code = openBelow(name, real, withoutMaking, outFlags);
+        if (code != SQLITE_OK) code = openBelow(name, real, flags, outFlags);
+        if (code != SQLITE_OK) return code;
+        reinterpret_cast<Handle*>(file)->file =
+            new SharedFile(std::move(memory), (flags & SQLITE_OPEN_MAIN_DB) != 0, database);
         file->pMethods = &methods;
         return SQLITE_OK;
     } catch (const std::bad_alloc&) {

@@ -57,6 +57,7 @@ int parametersOf(pcl_Kind kind)
 pcl_RowWriter::pcl_RowWriter(const pcl_ClassMetadata& metadata, fio_Statement& statement)
     : m_metadata(metadata), m_statement(statement)
 {
+    m_parameters.reserve(metadata.attributes().size());
     int next = 4;
     for (const auto& attribute : metadata.attributes()) {
         m_parameters.push_back(next);

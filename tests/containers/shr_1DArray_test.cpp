@@ -280,7 +280,25 @@ TEST(shr_1DArray, assignmentReleasesTheOldElements)
     const shr_1DArray<tst_Element> b;
     a = b;
     EXPECT_EQ(tst_Element::alive, before);
-    EXPECT_TRUE(a.SharesTableWith(b));
+    EXPECT_EQ(a.Size(), 0);
+    EXPECT_FALSE(a.HasTable());
+}
+
+TEST(shr_1DArray, emptyArraysHaveNothingToShare)
+{
+    shr_1DArray<int> a;
+    shr_1DArray<int> b(a);
+    EXPECT_FALSE(a.HasTable());
+    EXPECT_FALSE(a.SharesTableWith(b));
+    EXPECT_EQ(a.TableCount(), 1);
+    b.Get(0) = 7;
+    EXPECT_EQ(a.Size(), 0);
+    a = b;
+    EXPECT_EQ(a.TableCount(), 2);
+    b.Grow(0);
+    EXPECT_FALSE(b.HasTable());
+    EXPECT_EQ(a.TableCount(), 1);
+    EXPECT_EQ(a.FullArrayConstGet(0), 7);
 }
 
 TEST(shr_1DArray, assignmentFromAnArrayInsideIsSafe)

@@ -308,6 +308,59 @@ TEST(fio_Faults, aFailedSaveCanBeTriedAgain)
     root.file()->close();
 }
 
+TEST(fio_Faults, journalTakenAwayBetweenTwoSavesIsMadeAgain)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    const Made root = makeFile(path);
+    for (int n = 1; n <= 3; ++n) {
+        EXPECT_TRUE(std::filesystem::remove(path + "-journal"));
+        change(root, n);
+        root.file()->save();
+        EXPECT_EQ(wholeState(path), n);
+    }
+    root.file()->close();
+    EXPECT_FALSE(std::filesystem::exists(path + "-journal"));
+}
+
+TEST(fio_Faults, borrowedBulkIsOnDiskWhenItsCallReturnsAndForgottenWhenItFails)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    FaultyDisk disk;
+    const Made root = makeFile(path);
+    std::vector<int> lent(valueCount, 1);
+    const auto changed = root.fetchWritable();
+    const auto lend = [&] {
+        changed->m_values.adopt(fio_Buffer::borrow(lent.data(), lent.size() * sizeof(int)));
+        changed->m_values.toDisk(root.file());
+        changed->m_number = 1;
+        sample_State entry;
+        entry.m_number = 1;
+        changed->m_history.append("state", Ref::create(root.file(), entry));
+        root.replace(changed);
+    };
+    int failures = 0;
+    for (int n = 1; failures < n; ++n) {
+        disk.failCall(n, SQLITE_FULL);
+        try {
+            lend();
+            break;
+        } catch (const exc_Exception&) {
+            ++failures;
+        }
+        // Nothing of it is left to be written when the memory is gone.
+        EXPECT_FALSE(root.file()->extents().hasGathered()) << "call " << n;
+    }
+    EXPECT_GT(failures, 5);
+    disk.failCall(0, SQLITE_OK);
+    EXPECT_FALSE(root.file()->extents().hasGathered());
+    std::fill(lent.begin(), lent.end(), 2);
+    root.file()->save();
+    root.file()->close();
+    EXPECT_EQ(wholeState(path), 1);
+}
+
 TEST(fio_Faults, fileCutShortUnderAReaderGivesAnErrorAtTheNextRead)
 {
     const ScratchFolder folder;

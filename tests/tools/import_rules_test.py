@@ -309,12 +309,15 @@ class ImportTest(programs.ProgramTest):
     def test_side_set_variables(self):
         nodes = CUBE + [(x + 1, y, z) for x, y, z in CUBE]
         path = self.imported(3, nodes, [{"id": 1, "type": "HEX", "connectivity": [HEX, [n + 8 for n in HEX]]}],
-                             side_sets=[{"id": 1, "sides": [(2, 1), (1, 3)]}, {"id": 2, "sides": [(1, 1), (1, 2)]}],
-                             times=[1.0], of_side_sets={"p": {1: [[5.0, 6.0]], 2: [[7.0, 8.0]]}})
-        self.assertEqual([("WHOLE_ELEMENT", 2, [5]), ("WHOLE_ELEMENT", 1, [6])],
+                             side_sets=[{"id": 1, "sides": [(2, 1), (1, 3)]}, {"id": 2, "sides": [(1, 1), (1, 2), (2, 4)]}],
+                             times=[1.0], of_side_sets={"p": {1: [[5.0, 6.0]], 2: [[7.0, 8.0, 9.0]]},
+                                                        "q": {1: [[1.0, 2.0]]}})
+        self.assertEqual([("WHOLE_ELEMENT", 2, [5]), ("WHOLE_ELEMENT", 1, [6]), ("WHOLE_ELEMENT", 1, [7]),
+                          ("WHOLE_ELEMENT", 2, [9]), ("WHOLE_ELEMENT", 1, [8])],
                          [(v["position"], v["element"], v["data"]) for v in self.values(path, "p")])
-        self.assertEqual("yld: not imported: 1 side set variable on a set with several sides of an element\n"
-                         'yld: note: side set variable "p" lies on the whole elements behind the sides\n', self.said)
+        self.assertEqual([1, 2], [v["data"][0] for v in self.values(path, "q")])
+        self.assertEqual('yld: note: side set variable "p" lies on the whole elements behind the sides, once for each side; '
+                         'side set variable "q" lies on the whole elements behind the sides\n', self.said)
 
     def test_memory_is_that_of_one_field_at_one_time(self):
         # 96 megabytes of values; what is held of them is to be far less.

@@ -619,6 +619,40 @@ TEST_F(yld_FieldAddDataTest, plainArraysAreCheckedLikeSequences)
     EXPECT_EQ(s.SubField().size() + u.SubField().size(), 0);
 }
 
+TEST_F(yld_FieldAddDataTest, callersMemoryIsNotNeededAfterTheCall)
+{
+    // Twelve nodes, each with so large a matrix that the block goes to disk at once, and with a small one.
+    const std::vector<int> labels = {10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120};
+    yld_Frame frame = step().Frame(1, 1.0);
+    for (const int order : {600, 2}) {
+        const std::size_t size = labels.size() * static_cast<std::size_t>(order) * static_cast<std::size_t>(order);
+        std::vector<float> values(size);
+        std::vector<float> conjugate(size);
+        for (std::size_t i = 0; i < size; ++i) {
+            values[i] = static_cast<float>(i);
+            conjugate[i] = -static_cast<float>(i);
+        }
+        frame.MatrixOutput(order == 2 ? "small" : "large", "", order, order)
+            .addBulkData(yld_Enum::NODAL, instance(), labels.data(), 12, values.data(), 12, order * order,
+                         yld_SectionPoint(), conjugate.data());
+        std::fill(values.begin(), values.end(), 0.5F);
+        std::fill(conjugate.begin(), conjugate.end(), 0.5F);
+    }
+    const auto check = [this] {
+        for (const auto& [name, width] : {std::pair("small", 4), std::pair("large", 360000)}) {
+            const yld_FieldBulkData& bulk = field(name).bulkDataBlocks()[0];
+            ASSERT_EQ(bulk.length(), 12);
+            for (int i = 0; i < 12 * width; ++i) {
+                ASSERT_EQ(bulk.data()[i], static_cast<float>(i)) << name;
+                ASSERT_EQ(bulk.conjugateData()[i], -static_cast<float>(i)) << name;
+            }
+        }
+    };
+    check();
+    reopen();
+    check();
+}
+
 TEST_F(yld_FieldAddDataTest, labelsInStoredOrderNeedNeitherSearchNorList)
 {
     // A mesh whose labels have no order: any search that is not a plain comparison has to make an index.

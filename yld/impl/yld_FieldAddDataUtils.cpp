@@ -1,6 +1,7 @@
 #include "yld/impl/yld_FieldAddDataUtils.h"
 
 #include "platform/math/eng_Quaternion.h"
+#include "platform/store/fio_Extents.h"
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_FieldStep.h"
 #include "yld/impl/yld_Raise.h"
@@ -29,8 +30,7 @@ bool isWithoutSystems(yld_Enum::yld_DataTypeEnum type)
 fio_Buffer roomFor(std::size_t bytes)
 {
     constexpr std::size_t smallest = std::size_t{1} << 20;
-    constexpr std::size_t largest = std::size_t{16} << 20;
-    if (bytes < smallest || bytes > largest) return fio_Buffer(bytes);
+    if (bytes < smallest || bytes > fio_Extents::gatherBytes) return fio_Buffer(bytes);
     thread_local fio_Buffer spare;
     if (spare.memory().use_count() != 1 || spare.size() < bytes) spare = fio_Buffer(bytes);
     return spare.prefix(bytes);
@@ -331,9 +331,15 @@ fio_Buffer yld_FieldAddDataUtils::fill(const fld_FieldDescription& description, 
         });
     }
 
-    fio_Buffer buffer = roomFor(static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T));
+    const std::size_t bytes = static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T);
+    const bool isAsItStands = rows.isUniform() && wanted == width;
+    // What is too much to be gathered goes to disk before the call ends: straight from the caller's memory.
+    if (isAsItStands && block.stretches.size() == 1 && bytes >= fio_Extents::gatherBytes) {
+        return fio_Buffer::borrow(rows.row<T>(block.stretches.front().first), bytes);
+    }
+    fio_Buffer buffer = roomFor(bytes);
     T* values = reinterpret_cast<T*>(buffer.writable());
-    if (rows.isUniform() && wanted == width) {
+    if (isAsItStands) {
         // Whole stretches as they stand.
         for (const Stretch& stretch : block.stretches) {
             values = std::copy_n(rows.row<T>(stretch.first), static_cast<std::ptrdiff_t>(stretch.count) * width, values);
