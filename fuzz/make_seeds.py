@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes seeds for the file's fuzzer from true databases: make_seeds.py SEEDS DATABASE...
+"""Makes seeds for the file's fuzzer from true databases: make_seeds.py SEEDS DATABASE-OR-FOLDER...
 
 A seed holds the tables and rows of its database in small pages, since a fuzzer gets further with few bytes. Databases
 that stay larger than a megabyte are left out.
@@ -16,8 +16,14 @@ def main():
         sys.exit(__doc__)
     folder = sys.argv[1]
     os.makedirs(folder, exist_ok=True)
+    paths = []
+    for path in sys.argv[2:]:
+        if os.path.isdir(path):
+            paths += sorted(os.path.join(path, name) for name in os.listdir(path) if name.endswith(".yld"))
+        else:
+            paths.append(path)
     made = 0
-    for number, path in enumerate(sys.argv[2:]):
+    for number, path in enumerate(paths):
         seed = os.path.join(folder, f"{number:03}-{os.path.basename(path)}")
         if os.path.exists(seed):
             os.remove(seed)
@@ -38,6 +44,8 @@ def main():
         else:
             made += 1
     print(f"{made} seeds")
+    if made == 0:
+        sys.exit(1)
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 // Texts that the library takes apart. The first byte of the input chooses who does it.
 
+#include "fuzz_target.h"
 #include "platform/base/osu_FilePath.h"
 #include "platform/base/osu_UrlParser.h"
 #include "platform/store/fio_File.h"
@@ -7,13 +8,14 @@
 #include "platform/text/msg_NaturalOrder.h"
 #include "platform/text/msg_translate.h"
 
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <sqlite3.h>
 #include <string>
 #include <unistd.h>
 #include <vector>
+
+bool fuzz_gaveData = true;
 
 namespace {
 

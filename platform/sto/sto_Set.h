@@ -83,8 +83,12 @@ public:
         return m_numPublic + (includeInternal ? m_internalSets.size() + static_cast<int>(m_temporary.size()) : 0);
     }
     sto_Set get(int index) const;
-    /// Label, type and flag of a set, known without reading it.
-    std::string setLabel(int index) const { return key(index).substr(1); }
+    /// Label, type and flag of a set, known without reading it. One whose key says nothing has no label and type -1.
+    std::string setLabel(int index) const
+    {
+        const std::string& known = key(index);
+        return known.empty() ? known : known.substr(1);
+    }
     int setType(int index) const { return setC_Set::typeOfKey(key(index)); }
     bool internalSet(int index) const { return index >= m_numPublic; }
 

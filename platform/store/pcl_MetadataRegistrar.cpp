@@ -1,7 +1,10 @@
 #include "platform/store/pcl_MetadataRegistrar.h"
 
 #include "platform/store/pcl_ClassMetadata.h"
+#include "platform/text/exc_Exception.h"
+#include "platform/text/msg_Format.h"
 
+#include <cstdio>
 #include <cstring>
 #include <map>
 #include <string>
@@ -40,7 +43,52 @@ std::map<std::string, Entry>& classes()
     return table;
 }
 
+constinit const pcl_KnownClass* firstKnown = nullptr;
+
+std::string hexadecimal(unsigned id)
+{
+    char text[16];
+    std::snprintf(text, sizeof text, "%08x", id);
+    return text;
+}
+
+// What two classes with these names and ids do to each other.
+void checkPair(const char* name, unsigned id, const char* otherName, unsigned otherId)
+{
+    const bool isSameName = std::strcmp(name, otherName) == 0;
+    if (isSameName == (id == otherId)) return;
+    if (isSameName) {
+        throw exc_TextException(msg_Format("Persistent class %1$s has two ids, 0x%2$s and 0x%3$s.", name,
+                                           hexadecimal(otherId).c_str(), hexadecimal(id).c_str()));
+    }
+    throw exc_TextException(msg_Format("Persistent classes %1$s and %2$s have the same id 0x%3$s.", otherName, name,
+                                       hexadecimal(id).c_str()));
+}
+
 } // namespace
+
+pcl_KnownClass::pcl_KnownClass(const char* name, unsigned id, int version, const std::type_info& type) noexcept
+    : m_name(name), m_id(id), m_version(version), m_type(type), m_next(firstKnown)
+{
+    firstKnown = this;
+}
+
+// Classes leave when what they came with is unloaded, in any order.
+pcl_KnownClass::~pcl_KnownClass()
+{
+    if (firstKnown == this) {
+        firstKnown = m_next;
+        return;
+    }
+    for (const pcl_KnownClass* known = firstKnown; known; known = known->m_next) {
+        if (known->m_next == this) {
+            known->m_next = m_next;
+            return;
+        }
+    }
+}
+
+const pcl_KnownClass* pcl_KnownClass::first() noexcept { return firstKnown; }
 
 void pcl_MetadataRegistrar::initClassMetadata(pcl_MetadataFunction function, int schema)
 {
@@ -75,7 +123,12 @@ void pcl_MetadataRegistrar::declareAll()
         pendings()[i].done = true;
         pcl_MetadataRegistrar registrar;
         registrar.m_schema = pendings()[i].schema;
-        pendings()[i].function(registrar);
+        try {
+            pendings()[i].function(registrar);
+        } catch (...) {
+            pendings()[i].done = false; // refused to everyone who asks
+            throw;
+        }
     }
 }
 
@@ -95,7 +148,26 @@ const pcl_ClassMetadata* pcl_MetadataRegistrar::find(unsigned classId)
     return nullptr;
 }
 
+void pcl_MetadataRegistrar::checkUnique(const pcl_KnownClass& known)
+{
+    for (const pcl_KnownClass* other = firstKnown; other; other = other->next()) {
+        if (other->type() == known.type()) continue;
+        checkPair(known.name(), known.id(), other->name(), other->id());
+        if (other->id() == known.id() && other->version() == known.version()) {
+            throw exc_TextException(msg_Format("Persistent class %1$s of version %2$s is declared twice.", known.name(),
+                                               known.version()));
+        }
+    }
+    for (const auto& [name, entry] : classes()) checkPair(known.name(), known.id(), name.c_str(), entry.metadata.id());
+}
+
 void pcl_MetadataRegistrar::add(const pcl_ClassMetadata& metadata)
 {
+    for (const auto& [name, entry] : classes()) {
+        checkPair(metadata.name().c_str(), metadata.id(), name.c_str(), entry.metadata.id());
+    }
+    for (const pcl_KnownClass* other = firstKnown; other; other = other->next()) {
+        checkPair(metadata.name().c_str(), metadata.id(), other->name(), other->id());
+    }
     classes().insert({metadata.name(), Entry{metadata, m_schema}});
 }

@@ -4,6 +4,7 @@
 #include "platform/store/lnk_ShortCut.h"
 #include "platform/store/pcl_Array.h"
 #include "platform/store/pcl_ClassMetadata.h"
+#include "platform/store/pcl_MetadataRegistrar.h"
 #include "platform/store/pcl_Visitor.h"
 
 #include <concepts>
@@ -64,7 +65,9 @@ template<class T> requires std::derived_from<T, lnk_AnyShortCut> struct pcl_Kind
 ///         pcl_Array<int> m_labels;
 ///     };
 ///
-/// From attributes() alone come the table, the rows and the reading.
+/// From attributes() alone come the table, the rows and the reading. The class makes itself known when the program
+/// starts; the first use of one that shares its id or its name with another raises what
+/// pcl_MetadataRegistrar::checkUnique raises.
 template<class T>
 class pcl_Class : public pcl_Persistent
 {
@@ -102,8 +105,11 @@ public:
     }
 
 private:
+    static inline const pcl_KnownClass s_known{T::className, T::classId, T::classVersion, typeid(T)};
+
     static pcl_ClassMetadata declare()
     {
+        pcl_MetadataRegistrar::checkUnique(s_known);
         pcl_ClassMetadata metadata(T::className, T::classId, T::classVersion);
         T sample;
         T::attributes(sample, [&metadata](const char* name, auto& member) {

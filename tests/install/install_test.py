@@ -12,9 +12,13 @@ BUILD, CMAKE, CXX = (os.environ[k] for k in ("YLD_BUILD", "YLD_CMAKE", "YLD_CXX"
 FLAGS = os.environ.get("YLD_FLAGS", "").split()
 LIBDIR = os.environ.get("YLD_LIBDIR", "lib")
 CLIENT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "client")
+WALK = os.path.join(os.path.dirname(os.path.dirname(CLIENT)), "store")
 
 # Written down from the program: node label, third component, length of (3, 0, 4) times the place.
 CLIENT_SAYS = "".join("%d %g %g\n" % (i + 1, 4 * i, 5 * i) for i in range(8)) + "block of 8 rows of 3\ncaught: 1\n"
+
+# Nodes, elements and their values stand twice, with the part and with its instance; each field has a block of its values.
+DEBUG_CLIENT_SAYS = "8 nodes, 2 elements, 1 datums, 8 values, 8 of bulk, 3 pairs\n"
 
 
 def run(*command, **options):
@@ -42,10 +46,10 @@ class InstallTest(unittest.TestCase):
         self.assertEqual(0, done.returncode, " ".join(command) + "\n" + done.stdout)
         return done.stdout
 
-    def check_client(self, program):
+    def check_client(self, program, says=CLIENT_SAYS):
         path = os.path.join(self.folder.name, os.path.basename(os.path.dirname(program)) + ".yld")
         environment = dict(os.environ, LD_LIBRARY_PATH=os.path.join(self.prefix, LIBDIR))
-        self.assertEqual(CLIENT_SAYS, self.succeed(program, path, env=environment))
+        self.assertEqual(says, self.succeed(program, path, env=environment))
         self.assertTrue(os.path.exists(path))
         self.assertEqual([], glob.glob(path[:-4] + "*.lck"))
 
@@ -65,14 +69,25 @@ class InstallTest(unittest.TestCase):
         self.succeed(CMAKE, "--build", build)
         self.check_client(os.path.join(build, "client"))
 
-    def test_client_by_pkg_config(self):
-        build = os.path.join(self.folder.name, "pkg")
+    def build_by_pkg_config(self, name, *arguments):
+        build = os.path.join(self.folder.name, name)
         os.mkdir(build)
         environment = dict(os.environ, PKG_CONFIG_PATH=os.path.join(self.prefix, LIBDIR, "pkgconfig"))
         flags = self.succeed("pkg-config", "--cflags", "--libs", "yld", env=environment).split()
         program = os.path.join(build, "client")
-        self.succeed(CXX, *FLAGS, os.path.join(CLIENT, "client.cpp"), "-o", program, *flags)
-        self.check_client(program)
+        self.succeed(CXX, *FLAGS, *arguments, "-o", program, *flags)
+        return program
+
+    def test_client_by_pkg_config(self):
+        self.check_client(self.build_by_pkg_config("pkg", os.path.join(CLIENT, "client.cpp")))
+
+    def test_client_that_inlines_nothing(self):
+        # What a client takes from the library when it has no copy of its own: a private copy within the library may
+        # keep the exported one from it, and no optimised client would notice.
+        program = self.build_by_pkg_config("debug", "-std=c++20", "-O0", "-fno-inline", "-UNDEBUG", "-I", WALK,
+                                           os.path.join(CLIENT, "debug_client.cpp"),
+                                           os.path.join(WALK, "public_walk.cpp"))
+        self.check_client(program, DEBUG_CLIENT_SAYS)
 
     @unittest.skipUnless(shutil.which("nm"), "no nm")
     def test_library_exports_the_public_interface_alone(self):

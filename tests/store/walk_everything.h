@@ -9,7 +9,7 @@
 #include <utility>
 
 /// Reads everything in a file that can be reached from an object: each attribute, each entry of each container, each
-/// value. Every object is visited once, so circles come to an end; what is still to visit waits in a list, so no chain
+/// value. Of classes that do not stand, and of those that only their own fetch can tell, the references. Every object is visited once, so circles come to an end; what is still to visit waits in a list, so no chain
 /// is too long.
 class WalkEverything
 {
@@ -34,12 +34,16 @@ public:
 private:
     template<class T> void reach(const lnk_ShortCut<T>& reference)
     {
-        if (reference.isNull() || !m_seen.insert({T::classId, reference.id()}).second) return;
-        m_waiting.push_back([this, reference] {
-            ++m_objects;
-            const auto object = reference.fetch();
-            T::attributes(*object, [walk = this](const char*, const auto& member) { walk->look(member); });
-        });
+        if constexpr (requires { T::classId; }) {
+            if (reference.isNull() || !m_seen.insert({T::classId, reference.id()}).second) return;
+            m_waiting.push_back([this, reference] {
+                ++m_objects;
+                const auto object = reference.fetch();
+                T::attributes(*object, [walk = this](const char*, const auto& member) { walk->look(member); });
+            });
+        } else {
+            m_sum += static_cast<double>(reference.id());
+        }
     }
     template<class T> void look(const lnk_ShortCut<T>& reference) { reach(reference); }
     template<class T> void look(const mrp_Container<T>& container)

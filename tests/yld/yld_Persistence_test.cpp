@@ -9,6 +9,7 @@
 #include <sqlite3.h>
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -267,4 +268,24 @@ TEST_F(yld_PersistenceTest, a_text_of_another_enumeration_is_refused_with_its_me
                      "val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: MODAL  Permissible: "
                      "SINGLE_PRECISION, DOUBLE_PRECISION");
     }
+}
+
+// Every class of the library that has rows of its own: no two may meet in a file.
+TEST_F(yld_PersistenceTest, every_persistent_class_has_a_name_and_an_id_of_its_own)
+{
+    std::set<std::string> names;
+    std::set<unsigned> ids;
+    int count = 0;
+    for (const pcl_KnownClass* known = pcl_KnownClass::first(); known; known = known->next()) {
+        EXPECT_NO_THROW(pcl_MetadataRegistrar::checkUnique(*known)) << known->name();
+        EXPECT_TRUE(names.insert(known->name()).second) << known->name();
+        EXPECT_TRUE(ids.insert(known->id()).second) << known->name();
+        ++count;
+    }
+    // At least one of each floor, also of those that this program never uses.
+    for (const char* name : {"sto_Sto", "sto_UserData", "mshK_Model", "grd_NodeData", "setC_Set", "fld_Field", "fld_Series",
+                             "stpC_Restart", "stpC_ExplicitDynamicsStep", "prtC_BeamOrientation", "secC_Section"}) {
+        EXPECT_EQ(names.count(name), 1u) << name;
+    }
+    EXPECT_GT(count, 35);
 }

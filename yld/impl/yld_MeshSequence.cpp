@@ -53,12 +53,24 @@ yld_MeshSequence<Sequence, Item>::yld_MeshSequence(const yld_Sequence<int>& indi
 {
 }
 
+// Written out: what is defaulted counts as inline, and stays hidden from clients that inline nothing.
 template<class Sequence, class Item>
-yld_MeshSequence<Sequence, Item>::yld_MeshSequence(const yld_MeshSequence&) = default;
+yld_MeshSequence<Sequence, Item>::yld_MeshSequence(const yld_MeshSequence& other)
+    : m_wholeMesh(other.m_wholeMesh), m_indices(other.m_indices), m_mesh(other.m_mesh)
+{
+}
 template<class Sequence, class Item>
-yld_MeshSequence<Sequence, Item>& yld_MeshSequence<Sequence, Item>::operator=(const yld_MeshSequence&) = default;
+yld_MeshSequence<Sequence, Item>& yld_MeshSequence<Sequence, Item>::operator=(const yld_MeshSequence& other)
+{
+    m_wholeMesh = other.m_wholeMesh;
+    m_indices = other.m_indices;
+    m_mesh = other.m_mesh;
+    return *this;
+}
 template<class Sequence, class Item>
-yld_MeshSequence<Sequence, Item>::~yld_MeshSequence() = default;
+yld_MeshSequence<Sequence, Item>::~yld_MeshSequence()
+{
+}
 
 template<class Sequence, class Item>
 int yld_MeshSequence<Sequence, Item>::size() const
