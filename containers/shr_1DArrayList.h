@@ -231,4 +231,24 @@ protected:
     shr_1DArray<T> m_array;
 };
 
+// What many sources use is compiled once, in the library and for its clients. A copy that a source made for itself would
+// be a hidden one, and hide that of the library with it.
+#define SHR_1DARRAY_INSTANCE(prefix, ...)                                                                    \
+    prefix template class shr_1DArrayBlock<__VA_ARGS__>;                                                     \
+    prefix template class shr_1DArray<__VA_ARGS__>;                                                          \
+    prefix template class shr_1DArrayIter<__VA_ARGS__>;                                                      \
+    prefix template class shr_1DArrayList<__VA_ARGS__>;
+
+#define SHR_1DARRAY_INSTANCES(prefix)                                                                        \
+    SHR_1DARRAY_INSTANCE(prefix, int)                                                                        \
+    SHR_1DARRAY_INSTANCE(prefix, float)                                                                      \
+    SHR_1DARRAY_INSTANCE(prefix, double)                                                                     \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<int>)                                                       \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<float>)                                                     \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<double>)                                                    \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<shr_1DArrayList<float>>)                                    \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<shr_1DArrayList<double>>)
+
+SHR_1DARRAY_INSTANCES(extern)
+
 #endif

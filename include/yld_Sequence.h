@@ -153,23 +153,17 @@ private:
 };
 
 // The sequences of the interface that many sources use are compiled once, in the library.
-#define YLD_SEQUENCE_INSTANCE(prefix, ...)                                                                   \
-    prefix template class shr_1DArrayBlock<yld_Stored<__VA_ARGS__>::Type>;                                   \
-    prefix template class shr_1DArray<yld_Stored<__VA_ARGS__>::Type>;                                        \
-    prefix template class shr_1DArrayIter<yld_Stored<__VA_ARGS__>::Type>;                                    \
-    prefix template class shr_1DArrayList<yld_Stored<__VA_ARGS__>::Type>;                                    \
-    prefix template class yld_Sequence<__VA_ARGS__>;
-
 #define YLD_SEQUENCE_INSTANCES(prefix)                                                                       \
-    YLD_SEQUENCE_INSTANCE(prefix, int)                                                                       \
-    YLD_SEQUENCE_INSTANCE(prefix, float)                                                                     \
-    YLD_SEQUENCE_INSTANCE(prefix, double)                                                                    \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_String)                                                                \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<int>)                                                         \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<float>)                                                       \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<double>)                                                      \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<yld_Sequence<float>>)                                         \
-    YLD_SEQUENCE_INSTANCE(prefix, yld_Sequence<yld_Sequence<double>>)
+    SHR_1DARRAY_INSTANCE(prefix, shr_String)                                                                 \
+    prefix template class yld_Sequence<int>;                                                                 \
+    prefix template class yld_Sequence<float>;                                                               \
+    prefix template class yld_Sequence<double>;                                                              \
+    prefix template class yld_Sequence<yld_String>;                                                          \
+    prefix template class yld_Sequence<yld_Sequence<int>>;                                                   \
+    prefix template class yld_Sequence<yld_Sequence<float>>;                                                 \
+    prefix template class yld_Sequence<yld_Sequence<double>>;                                                \
+    prefix template class yld_Sequence<yld_Sequence<yld_Sequence<float>>>;                                   \
+    prefix template class yld_Sequence<yld_Sequence<yld_Sequence<double>>>;
 
 YLD_SEQUENCE_INSTANCES(extern)
 

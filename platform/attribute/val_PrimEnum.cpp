@@ -10,12 +10,7 @@
 #include <cstring>
 #include <string>
 
-// Compiled once, for the whole library and its clients. A copy that this source made for itself would be a hidden one,
-// and hide that of the library with it.
-extern template class shr_1DArrayBlock<shr_String>;
-extern template class shr_1DArray<shr_String>;
-extern template class shr_1DArrayIter<shr_String>;
-extern template class shr_1DArrayList<shr_String>;
+SHR_1DARRAY_INSTANCE(extern, shr_String)
 
 namespace {
 

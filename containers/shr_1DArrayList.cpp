@@ -1,0 +1,3 @@
+#include "containers/shr_1DArrayList.h"
+
+SHR_1DARRAY_INSTANCES()
