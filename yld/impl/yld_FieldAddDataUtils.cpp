@@ -25,17 +25,6 @@ bool isWithoutSystems(yld_Enum::yld_DataTypeEnum type)
     return type == yld_Enum::SCALAR || type == yld_Enum::VECTOR || type == yld_Enum::MATRIX;
 }
 
-// Room for the values of a block. Fresh memory is cleared page by page before it is written to, which costs as much as
-// the copy: that of the last block serves again, once the disk has what was in it.
-fio_Buffer roomFor(std::size_t bytes)
-{
-    constexpr std::size_t smallest = std::size_t{1} << 20;
-    if (bytes < smallest || bytes > fio_Extents::gatherBytes) return fio_Buffer(bytes);
-    thread_local fio_Buffer spare;
-    if (spare.memory().use_count() != 1 || spare.size() < bytes) spare = fio_Buffer(bytes);
-    return spare.prefix(bytes);
-}
-
 int fittingInt(long long number)
 {
     if (number < 0 || number > std::numeric_limits<int>::max()) yld_raise("Invalid results type for field.");
@@ -333,11 +322,12 @@ fio_Buffer yld_FieldAddDataUtils::fill(const fld_FieldDescription& description, 
 
     const std::size_t bytes = static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T);
     const bool isAsItStands = rows.isUniform() && wanted == width;
+    if (isAsItStands && block.stretches.size() == 1 && rows.held().size() == bytes) return rows.held();
     // What is too much to be gathered goes to disk before the call ends: straight from the caller's memory.
     if (isAsItStands && block.stretches.size() == 1 && bytes >= fio_Extents::gatherBytes) {
         return fio_Buffer::borrow(rows.row<T>(block.stretches.front().first), bytes);
     }
-    fio_Buffer buffer = roomFor(bytes);
+    fio_Buffer buffer = yld_roomFor(bytes);
     T* values = reinterpret_cast<T*>(buffer.writable());
     if (isAsItStands) {
         // Whole stretches as they stand.

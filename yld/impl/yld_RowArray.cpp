@@ -1,8 +1,18 @@
 #include "yld/impl/yld_RowArray.h"
 
+#include "platform/store/fio_Extents.h"
 #include "yld/impl/yld_Raise.h"
 
 #include <algorithm>
+
+fio_Buffer yld_roomFor(std::size_t bytes)
+{
+    constexpr std::size_t smallest = std::size_t{1} << 20;
+    if (bytes < smallest || bytes > fio_Extents::gatherBytes) return fio_Buffer(bytes);
+    thread_local fio_Buffer spare;
+    if (spare.memory().use_count() != 1 || spare.size() < bytes) spare = fio_Buffer(bytes);
+    return spare.prefix(bytes);
+}
 
 // What a row costs is finding it: its table, its block and its numbers lie in three places.
 void yld_RowArray::takeRow(const yld_Sequence<float>& row, int at)
@@ -10,23 +20,45 @@ void yld_RowArray::takeRow(const yld_Sequence<float>& row, int at)
     const int width = row.size();
     if (at == 0) {
         m_width = width;
-        m_held.reserve(static_cast<std::size_t>(m_count) * static_cast<std::size_t>(width));
+        m_rows = yld_roomFor(place(m_count) * place(width) * sizeof(float));
     } else if (width != m_width && m_starts.empty()) {
-        for (int i = 0; i < at; ++i) m_starts.push_back(static_cast<std::ptrdiff_t>(i) * m_width);
+        takeOtherWidths(at);
     }
-    if (width != m_width || !m_starts.empty()) m_starts.push_back(static_cast<std::ptrdiff_t>(m_held.size()));
+    float* to = nullptr;
+    if (m_starts.empty()) {
+        to = reinterpret_cast<float*>(m_rows.writable());
+        if (to) to += place(at) * place(width);
+    } else {
+        const std::size_t used = m_held.size();
+        m_starts.push_back(static_cast<std::ptrdiff_t>(used));
+        m_held.resize(used + place(width));
+        to = m_held.data() + used;
+    }
     for (int i = 0, length = 0; i < width; i += length) {
         const float* run = row.run(i, length);
-        m_held.insert(m_held.end(), run, run + length);
+        to = std::copy_n(run, length, to);
     }
+}
+
+// From here on it has to be told where each row begins.
+void yld_RowArray::takeOtherWidths(int at)
+{
+    const auto* const first = reinterpret_cast<const float*>(m_rows.data());
+    if (first) m_held.assign(first, first + static_cast<std::ptrdiff_t>(at) * m_width);
+    for (int i = 0; i < at; ++i) m_starts.push_back(static_cast<std::ptrdiff_t>(i) * m_width);
+    m_rows = fio_Buffer();
 }
 
 yld_RowArray::yld_RowArray(const yld_Sequence<yld_Sequence<float>>& rows) : m_count(rows.size())
 {
     int at = 0;
     for (const yld_Sequence<float>& row : rows) takeRow(row, at++);
-    if (!m_starts.empty()) m_starts.push_back(static_cast<std::ptrdiff_t>(m_held.size()));
-    m_values = m_held.data();
+    if (m_starts.empty()) {
+        m_values = reinterpret_cast<const float*>(m_rows.data());
+    } else {
+        m_starts.push_back(static_cast<std::ptrdiff_t>(m_held.size()));
+        m_values = m_held.data();
+    }
 }
 
 void yld_SystemArray::cosines(int system, bool isPlanar, float* into) const

@@ -1,11 +1,16 @@
 #ifndef YLD_ROWARRAY_H
 #define YLD_ROWARRAY_H
 
+#include "platform/store/fio_Buffer.h"
 #include "yld_Sequence.h"
 
 #include <cstddef>
 #include <type_traits>
 #include <vector>
+
+/// Room for the values of a block, not initialised. Fresh memory is cleared page by page before it is written to, which
+/// costs as much as the copy: that of the last block serves again, once the disk has what was in it.
+fio_Buffer yld_roomFor(std::size_t bytes);
 
 /// Rows of numbers, one behind the other in one array. Rows of the same width need no more than that; others say
 /// where each begins. The numbers are borrowed or held.
@@ -30,6 +35,8 @@ public:
     {
         return isUniform() ? m_width : static_cast<int>(m_starts[place(row) + 1] - m_starts[place(row)]);
     }
+    /// The rows, where they are held and have one width; else empty. Shared, so that they need no other copy.
+    const fio_Buffer& held() const { return m_rows; }
     /// A row in single precision.
     const float* row(int index) const { return row<float>(index); }
     /// A row in the precision that the array has.
@@ -43,8 +50,10 @@ public:
 private:
     static std::size_t place(int row) { return static_cast<std::size_t>(row); }
     void takeRow(const yld_Sequence<float>& row, int at);
+    void takeOtherWidths(int at);
 
-    std::vector<float> m_held;
+    fio_Buffer m_rows;         // of one width
+    std::vector<float> m_held; // rows of several widths
     std::vector<std::ptrdiff_t> m_starts; // one more than rows
     const float* m_values = nullptr;
     const double* m_doubles = nullptr;
