@@ -25,7 +25,7 @@ sqlite3_vfs* base() { return sqlite3_vfs_find(nullptr); }
 class SharedFile
 {
 public:
-    /// @param database  of a journal: the database that it belongs to
+    /// @param database  of a journal that may be new: the database that it belongs to
     SharedFile(std::unique_ptr<char[]> memory, bool isDatabase, SharedFile* database)
         : m_memory(std::move(memory)), m_isDatabase(isDatabase), m_database(database)
     {
@@ -250,16 +250,18 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
     file->pMethods = nullptr;
     try {
         std::unique_ptr<char[]> memory(new char[static_cast<std::size_t>(base()->szOsFile)]());
-        auto* real = reinterpret_cast<sqlite3_file*>(memory.get());
-        SharedFile* database = (flags & SQLITE_OPEN_MAIN_JOURNAL) != 0 ? &of(sqlite3_database_file_object(name)) : nullptr;
-        int code = SQLITE_CANTOPEN;
         // A journal that may be new has its folder synced with it. The kept one is there already.
-        const int withoutMaking = flags & ~SQLITE_OPEN_CREATE;
-        if (database && database->hasJournal()) code = openBelow(name, real, withoutMaking, outFlags);
-        if (code != SQLITE_OK) code = openBelow(name, real, flags, outFlags);
+        constexpr int newJournal = SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_CREATE;
+        SharedFile* database = (flags & newJournal) == newJournal ? &of(sqlite3_database_file_object(name)) : nullptr;
+        auto shared =
+            std::make_unique<SharedFile>(std::move(memory), (flags & SQLITE_OPEN_MAIN_DB) != 0, database);
+        int code = SQLITE_CANTOPEN;
+        if (database && database->hasJournal()) {
+            code = openBelow(name, shared->real(), flags & ~SQLITE_OPEN_CREATE, outFlags);
+        }
+        if (code != SQLITE_OK) code = openBelow(name, shared->real(), flags, outFlags);
         if (code != SQLITE_OK) return code;
-        reinterpret_cast<Handle*>(file)->file =
-            new SharedFile(std::move(memory), (flags & SQLITE_OPEN_MAIN_DB) != 0, database);
+        reinterpret_cast<Handle*>(file)->file = shared.release();
         file->pMethods = &methods;
         return SQLITE_OK;
     } catch (const std::bad_alloc&) {

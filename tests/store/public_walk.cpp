@@ -8,6 +8,7 @@ PublicWalk PublicWalk::of(const std::string& path, bool forWriting, long long pa
     yld_Yld& database = openYld(path.c_str(), !forWriting);
     try {
         seen.walk(database);
+        if (forWriting) seen.write(database);
     } catch (const Enough&) {
     } catch (...) {
         database.close();
@@ -15,6 +16,27 @@ PublicWalk PublicWalk::of(const std::string& path, bool forWriting, long long pa
     }
     database.close();
     return seen;
+}
+
+// A little of each kind, by the side of what is there.
+void PublicWalk::write(yld_Yld& database)
+{
+    database.setDescription("walked");
+    yld_Part& part = database.Part("walker", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
+    const int label = 1;
+    const float origin[3] = {0.0F, 0.0F, 0.0F};
+    yld_Sequence<yld_Sequence<float>> coordinates;
+    coordinates.append(yld_Sequence<float>(origin, 3));
+    part.addNodes(yld_Sequence<int>(&label, 1), coordinates);
+    yld_Instance& instance = database.rootAssembly().Instance("walker-1", part);
+    instance.NodeSet("walked", yld_Sequence<int>(&label, 1));
+    yld_Step& step = database.Step("walk", "", yld_Enum::TIME, 1.0);
+    yld_Frame frame = step.Frame(1, 1.0);
+    frame.FieldOutput("U", "", yld_Enum::VECTOR).addBulkData(yld_Enum::NODAL, instance, &label, 1, origin, 1, 3);
+    step.HistoryRegion("walker", "", yld_HistoryPoint(instance.nodes(0)))
+        .HistoryOutput("V", "", yld_Enum::SCALAR)
+        .addData(0.5, 1.0);
+    database.save();
 }
 
 template<class Number> void PublicWalk::add(const Number* numbers, long long count)

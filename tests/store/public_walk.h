@@ -10,7 +10,8 @@
 class PublicWalk
 {
 public:
-    /// Opens a database, walks it from end to end and closes it, also when something in it raises.
+    /// Opens a database, walks it from end to end and closes it, also when something in it raises. What is open for
+    /// writing then gets a part, a step and values of each kind, and is saved.
     /// @param patience  the walk ends without a word after so many values, members and entities: a small file can list
     ///                  one thing very often, and who walks it whole takes long through no fault of the library
     static PublicWalk of(const std::string& path, bool forWriting = false, long long patience = endless);
@@ -59,6 +60,7 @@ private:
     void add(const yld_SectionPoint& point);
 
     void walk(yld_Yld& database);
+    void write(yld_Yld& database);
     void walkHeader(const yld_Yld& database);
     void walkJob(const yld_Yld& database);
     void walkAttributes(yld_Yld& database);
