@@ -96,6 +96,10 @@ const mrp_Entries& mrp_entries(const std::shared_ptr<fio_FileBody>& file, long l
 
 mrp_Entries& mrp_writableEntries(const std::shared_ptr<fio_FileBody>& file, long long container)
 {
+    // A damaged row may refer to no list where every sound one has its own.
+    if (!file || container == 0) {
+        fio_raise(file ? file->path() : std::string("the database"), "a list is missing; the file is damaged");
+    }
     if (!file->isWritable()) fio_raise(file->path(), "the database is open for reading only");
     return file->entries(container);
 }

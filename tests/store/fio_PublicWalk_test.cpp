@@ -162,3 +162,14 @@ TEST_F(fio_PublicWalk, setOfAMeshWhoseKeySaysNothingIsPassedOver)
 {
     EXPECT_EQ(dataBehind({"UPDATE entry SET key = '' WHERE key = 'Eof the instance'"}), 2);
 }
+
+TEST_F(fio_PublicWalk, whereAListIsMissingNothingIsAddedToIt)
+{
+    // Without instances and steps nothing asks for the parts; what is to be added is refused.
+    const std::vector<std::string> bare = {"UPDATE mshK_Assembly SET instances = 0, sets = 0, \"internal sets\" = 0",
+                                           "UPDATE fld_Result SET steps = 0"};
+    EXPECT_EQ(dataBehind(bare), 1);
+    EXPECT_EQ(dataBehind({bare[0], bare[1], "UPDATE mshK_Model SET parts = 0"}), 1);
+    EXPECT_EQ(dataBehind({"UPDATE fld_Result SET steps = 0"}), 1);
+    EXPECT_EQ(dataBehind({"UPDATE mshK_Model SET steps = 0"}), 1);
+}
