@@ -1,6 +1,7 @@
 #ifndef BENCH_FOLDER_H
 #define BENCH_FOLDER_H
 
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -26,5 +27,17 @@ public:
 private:
     std::filesystem::path m_path;
 };
+
+/// Writes all bytes to an open file, as a plain program would.
+inline void benchWriteAll(int file, const void* bytes, std::size_t count)
+{
+    const auto* next = static_cast<const char*>(bytes);
+    while (count > 0) {
+        const ssize_t written = ::write(file, next, count);
+        if (written <= 0) std::abort();
+        next += written;
+        count -= static_cast<std::size_t>(written);
+    }
+}
 
 #endif

@@ -73,16 +73,7 @@ double writePlain(const std::string& path, const std::vector<float>& values)
 {
     const Clock::time_point start = Clock::now();
     const int file = open(path.c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0600);
-    for (int f = 0; f < numFrames; ++f) {
-        const auto* bytes = reinterpret_cast<const char*>(values.data());
-        std::size_t left = values.size() * sizeof(float);
-        while (left > 0) {
-            const ssize_t written = write(file, bytes, left);
-            if (written <= 0) std::abort();
-            bytes += written;
-            left -= static_cast<std::size_t>(written);
-        }
-    }
+    for (int f = 0; f < numFrames; ++f) benchWriteAll(file, values.data(), values.size() * sizeof(float));
     if (fsync(file) != 0) std::abort();
     close(file);
     return secondsSince(start);

@@ -71,13 +71,7 @@ private:
         yld.close();
 
         const int file = open(plainPath().c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0600);
-        const auto* bytes = reinterpret_cast<const char*>(stresses.data());
-        for (std::size_t left = stresses.size() * sizeof(float); left > 0;) {
-            const ssize_t written = ::write(file, bytes, left);
-            if (written <= 0) std::abort();
-            bytes += written;
-            left -= sizeOf(written);
-        }
+        benchWriteAll(file, stresses.data(), stresses.size() * sizeof(float));
         close(file);
     }
 

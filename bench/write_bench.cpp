@@ -82,14 +82,7 @@ private:
 void writePlain(const std::string& path, const std::vector<float>& values)
 {
     const int file = open(path.c_str(), O_CREAT | O_APPEND | O_WRONLY, 0600);
-    const auto* bytes = reinterpret_cast<const char*>(values.data());
-    std::size_t left = values.size() * sizeof(float);
-    while (left > 0) {
-        const ssize_t written = write(file, bytes, left);
-        if (written <= 0) std::abort();
-        bytes += written;
-        left -= static_cast<std::size_t>(written);
-    }
+    benchWriteAll(file, values.data(), values.size() * sizeof(float));
     if (fsync(file) != 0) std::abort();
     close(file);
 }

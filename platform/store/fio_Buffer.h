@@ -29,6 +29,14 @@ public:
         part.m_size = bytes;
         return part;
     }
+    /// Some of the same bytes; the others live as long.
+    fio_Buffer part(std::size_t from, std::size_t bytes) const
+    {
+        fio_Buffer part(*this);
+        part.m_memory = std::shared_ptr<void>(m_memory, static_cast<char*>(m_memory.get()) + from);
+        part.m_size = bytes;
+        return part;
+    }
     const std::shared_ptr<void>& memory() const { return m_memory; }
 
 private:

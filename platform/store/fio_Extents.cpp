@@ -12,13 +12,53 @@ long long extentCount(std::size_t bytes)
     return static_cast<long long>((bytes + fio_Database::extentBytes - 1) / fio_Database::extentBytes);
 }
 
+// Smaller ones are worth a copy, so that their own memory does not wait for the disk.
+constexpr std::size_t smallBytes = std::size_t{1} << 20;
+
+struct Room
+{
+    fio_Buffer chunk;
+    std::size_t used = 0;
+};
+
+Room& ownRoom()
+{
+    thread_local Room room;
+    return room;
+}
+
+bool isInRoom(const fio_Buffer& bytes)
+{
+    const std::shared_ptr<void>& chunk = ownRoom().chunk.memory();
+    return !bytes.memory().owner_before(chunk) && !chunk.owner_before(bytes.memory());
+}
+
 } // namespace
+
+fio_Buffer fio_Extents::roomFor(std::size_t bytes)
+{
+    // A batch is written when it is full, so it is never larger than two.
+    constexpr std::size_t chunkBytes = 2 * gatherBytes;
+    if (bytes == 0 || bytes > gatherBytes) return fio_Buffer(bytes);
+    Room& room = ownRoom();
+    if (room.chunk.memory().use_count() == 1) room.used = 0;
+    if (room.chunk.isEmpty() || bytes > room.chunk.size() - room.used) room = {fio_Buffer(chunkBytes), 0};
+    const fio_Buffer given = room.chunk.part(room.used, bytes);
+    room.used += (bytes + fio_Buffer::alignment - 1) / fio_Buffer::alignment * fio_Buffer::alignment;
+    return given;
+}
 
 long long fio_Extents::append(const fio_Buffer& bytes)
 {
     if (bytes.isEmpty()) return 0;
     const long long first = m_next;
-    m_gathered.push_back({first, bytes});
+    if (bytes.size() < smallBytes && !isInRoom(bytes)) {
+        fio_Buffer copy = roomFor(bytes.size());
+        std::memcpy(copy.writable(), bytes.data(), bytes.size());
+        m_gathered.push_back({first, copy});
+    } else {
+        m_gathered.push_back({first, bytes});
+    }
     m_gatheredBytes += bytes.size();
     m_next += extentCount(bytes.size());
     return first;

@@ -327,7 +327,7 @@ fio_Buffer yld_FieldAddDataUtils::fill(const fld_FieldDescription& description, 
     if (isAsItStands && block.stretches.size() == 1 && bytes >= fio_Extents::gatherBytes) {
         return fio_Buffer::borrow(rows.row<T>(block.stretches.front().first), bytes);
     }
-    fio_Buffer buffer = yld_roomFor(bytes);
+    fio_Buffer buffer = fio_Extents::roomFor(bytes);
     T* values = reinterpret_cast<T*>(buffer.writable());
     if (isAsItStands) {
         // Whole stretches as they stand.
@@ -348,7 +348,8 @@ template<class T> fio_Buffer yld_FieldAddDataUtils::fillSystems(const Block& blo
 {
     const int type = static_cast<int>(isPlanar ? fld_DataTypeEnm::QUATERNION_2D : fld_DataTypeEnm::QUATERNION_3D);
     const int width = isPlanar ? 2 : 4;
-    fio_Buffer buffer(static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T));
+    fio_Buffer buffer =
+        fio_Extents::roomFor(static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T));
     T* values = reinterpret_cast<T*>(buffer.writable());
     const auto convert = [&](int system, T* to) {
         float given[9];

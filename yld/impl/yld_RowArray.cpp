@@ -5,22 +5,13 @@
 
 #include <algorithm>
 
-fio_Buffer yld_roomFor(std::size_t bytes)
-{
-    constexpr std::size_t smallest = std::size_t{1} << 20;
-    if (bytes < smallest || bytes > fio_Extents::gatherBytes) return fio_Buffer(bytes);
-    thread_local fio_Buffer spare;
-    if (spare.memory().use_count() != 1 || spare.size() < bytes) spare = fio_Buffer(bytes);
-    return spare.prefix(bytes);
-}
-
 // What a row costs is finding it: its table, its block and its numbers lie in three places.
 void yld_RowArray::takeRow(const yld_Sequence<float>& row, int at)
 {
     const int width = row.size();
     if (at == 0) {
         m_width = width;
-        m_rows = yld_roomFor(place(m_count) * place(width) * sizeof(float));
+        m_rows = fio_Extents::roomFor(place(m_count) * place(width) * sizeof(float));
     } else if (width != m_width && m_starts.empty()) {
         takeOtherWidths(at);
     }

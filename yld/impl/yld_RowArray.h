@@ -8,10 +8,6 @@
 #include <type_traits>
 #include <vector>
 
-/// Room for the values of a block, not initialised. Fresh memory is cleared page by page before it is written to, which
-/// costs as much as the copy: that of the last block serves again, once the disk has what was in it.
-fio_Buffer yld_roomFor(std::size_t bytes);
-
 /// Rows of numbers, one behind the other in one array. Rows of the same width need no more than that; others say
 /// where each begins. The numbers are borrowed or held.
 class yld_RowArray
