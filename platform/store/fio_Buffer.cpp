@@ -7,22 +7,19 @@
 namespace {
 
 constexpr std::size_t largePage = 2u << 20;
-// From here on what the last page wastes does not matter.
-constexpr std::size_t largeBytes = 8 * largePage;
 
 } // namespace
 
 fio_Buffer::fio_Buffer(std::size_t bytes) : m_size(bytes)
 {
     if (bytes == 0) return;
-    const bool isLarge = bytes >= largeBytes;
-    const std::size_t unit = isLarge ? largePage : alignment;
-    const std::size_t rounded = (bytes + unit - 1) / unit * unit;
+    const std::size_t rounded = (bytes + alignment - 1) / alignment * alignment;
     if (rounded < bytes) throw std::bad_alloc();
-    void* memory = std::aligned_alloc(unit, rounded);
+    const bool isLarge = bytes >= 2 * largePage;
+    void* memory = std::aligned_alloc(isLarge ? largePage : alignment, rounded);
     if (!memory) throw std::bad_alloc();
-    // A hint: where it cannot be followed nothing is lost.
-    if (isLarge) madvise(memory, rounded, MADV_HUGEPAGE);
+    // A hint: where it cannot be followed nothing is lost. What is less than a large page stays in small ones.
+    if (isLarge) madvise(memory, bytes / largePage * largePage, MADV_HUGEPAGE);
     m_memory.reset(memory, std::free);
 }
 
