@@ -16,8 +16,8 @@ fio_Buffer::fio_Buffer(std::size_t bytes) : m_size(bytes)
     const std::size_t rounded = (bytes + alignment - 1) / alignment * alignment;
     if (rounded < bytes) throw std::bad_alloc();
     const bool isLarge = bytes >= 2 * largePage;
-    void* memory = std::aligned_alloc(isLarge ? largePage : alignment, rounded);
-    if (!memory) throw std::bad_alloc();
+    void* memory = nullptr;
+    if (posix_memalign(&memory, isLarge ? largePage : alignment, rounded) != 0) throw std::bad_alloc();
     // A hint: where it cannot be followed nothing is lost. What is less than a large page stays in small ones.
     if (isLarge) madvise(memory, bytes / largePage * largePage, MADV_HUGEPAGE);
     m_memory.reset(memory, std::free);
