@@ -9,8 +9,7 @@
 
 /// Times an operation of the library and the plain operation that it stands against, turn by turn in one run, and
 /// reports the speed ratio of their best times: 1 is as fast as plain, 0.5 half as fast.
-template<class Plain, class Ours>
-void benchRatio(benchmark::State& state, double bytes, Plain&& plain, Ours&& ours)
+template<class Plain, class Ours> void benchRatio(benchmark::State& state, double bytes, Plain&& plain, Ours&& ours)
 {
     using clock = std::chrono::steady_clock;
     double bestPlain = std::numeric_limits<double>::max();

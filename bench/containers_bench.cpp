@@ -17,8 +17,7 @@ namespace {
 constexpr int million = 1000000;
 constexpr int manyKeys = 100000;
 
-template<class T>
-std::vector<T> plainValues()
+template<class T> std::vector<T> plainValues()
 {
     std::vector<T> values(million);
     for (int i = 0; i < million; ++i) {
@@ -27,8 +26,7 @@ std::vector<T> plainValues()
     return values;
 }
 
-template<class T>
-yld_Sequence<T> grownSequence()
+template<class T> yld_Sequence<T> grownSequence()
 {
     yld_Sequence<T> sequence;
     for (int i = 0; i < million; ++i) {
@@ -37,15 +35,13 @@ yld_Sequence<T> grownSequence()
     return sequence;
 }
 
-template<class T>
-yld_Sequence<T> reservedSequence()
+template<class T> yld_Sequence<T> reservedSequence()
 {
     const std::vector<T> values = plainValues<T>();
     return yld_Sequence<T>(values.data(), million);
 }
 
-template<class T>
-void appendVector(benchmark::State& state)
+template<class T> void appendVector(benchmark::State& state)
 {
     for (auto _ : state) {
         std::vector<T> values;
@@ -56,8 +52,7 @@ void appendVector(benchmark::State& state)
     }
 }
 
-template<class T>
-void appendSequence(benchmark::State& state)
+template<class T> void appendSequence(benchmark::State& state)
 {
     for (auto _ : state) {
         yld_Sequence<T> values;
@@ -68,8 +63,7 @@ void appendSequence(benchmark::State& state)
     }
 }
 
-template<class T>
-void appendReservedSequence(benchmark::State& state)
+template<class T> void appendReservedSequence(benchmark::State& state)
 {
     for (auto _ : state) {
         yld_Sequence<T> values(million);
@@ -80,8 +74,7 @@ void appendReservedSequence(benchmark::State& state)
     }
 }
 
-template<class T>
-void indexVector(benchmark::State& state)
+template<class T> void indexVector(benchmark::State& state)
 {
     const std::vector<T> values = plainValues<T>();
     for (auto _ : state) {
@@ -93,8 +86,7 @@ void indexVector(benchmark::State& state)
     }
 }
 
-template<class T>
-void indexSum(benchmark::State& state, const yld_Sequence<T>& values)
+template<class T> void indexSum(benchmark::State& state, const yld_Sequence<T>& values)
 {
     for (auto _ : state) {
         T sum = 0;
@@ -105,20 +97,11 @@ void indexSum(benchmark::State& state, const yld_Sequence<T>& values)
     }
 }
 
-template<class T>
-void indexSequence(benchmark::State& state)
-{
-    indexSum(state, reservedSequence<T>());
-}
+template<class T> void indexSequence(benchmark::State& state) { indexSum(state, reservedSequence<T>()); }
 
-template<class T>
-void indexGrownSequence(benchmark::State& state)
-{
-    indexSum(state, grownSequence<T>());
-}
+template<class T> void indexGrownSequence(benchmark::State& state) { indexSum(state, grownSequence<T>()); }
 
-template<class T>
-void walkVector(benchmark::State& state)
+template<class T> void walkVector(benchmark::State& state)
 {
     const std::vector<T> values = plainValues<T>();
     for (auto _ : state) {
@@ -130,8 +113,7 @@ void walkVector(benchmark::State& state)
     }
 }
 
-template<class T>
-void walkSequence(benchmark::State& state)
+template<class T> void walkSequence(benchmark::State& state)
 {
     const yld_Sequence<T> values = reservedSequence<T>();
     for (auto _ : state) {
@@ -143,8 +125,7 @@ void walkSequence(benchmark::State& state)
     }
 }
 
-template<class T>
-void walkIterator(benchmark::State& state)
+template<class T> void walkIterator(benchmark::State& state)
 {
     const yld_Sequence<T> values = reservedSequence<T>();
     for (auto _ : state) {
@@ -156,8 +137,7 @@ void walkIterator(benchmark::State& state)
     }
 }
 
-template<class T>
-void walkRuns(benchmark::State& state)
+template<class T> void walkRuns(benchmark::State& state)
 {
     const yld_Sequence<T> values = reservedSequence<T>();
     for (auto _ : state) {
@@ -209,8 +189,7 @@ EACH_ON_ITS_OWN int sumIterator(const yld_Sequence<int>& values)
     return sum;
 }
 
-template<class Values>
-void eachOnItsOwn(benchmark::State& state, const Values& values, int (*sum)(const Values&))
+template<class Values> void eachOnItsOwn(benchmark::State& state, const Values& values, int (*sum)(const Values&))
 {
     for (auto _ : state) benchmark::DoNotOptimize(sum(values));
 }
@@ -284,10 +263,7 @@ void copyMap(benchmark::State& state)
 
 // Names as users give them, in the order in which a model is built, and the order in which they are looked
 // up.
-std::string nameOf(int i)
-{
-    return "NODESET-" + std::to_string(i);
-}
+std::string nameOf(int i) { return "NODESET-" + std::to_string(i); }
 
 std::vector<int> mixed(int n)
 {
@@ -370,8 +346,8 @@ void printDepth(const char* order, const std::vector<int>& keys)
     std::printf("%-58s %8d\n", order, map.Depth());
 }
 
-#define BOTH(bench)                                                                                          \
-    BENCHMARK(bench<int>)->Unit(benchmark::kMicrosecond);                                                    \
+#define BOTH(bench)                                                                                                    \
+    BENCHMARK(bench<int>)->Unit(benchmark::kMicrosecond);                                                              \
     BENCHMARK(bench<float>)->Unit(benchmark::kMicrosecond)
 
 BOTH(appendVector);

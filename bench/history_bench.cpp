@@ -47,7 +47,8 @@ void appendPairs(benchmark::State& state)
     double bestSave = std::numeric_limits<double>::max();
     for (auto _ : state) {
         yld_Yld& database = newDatabase(path);
-        yld_HistoryRegion& region = database.steps().get("Step-1").HistoryRegion("r", "", yld_HistoryPoint(database.rootAssembly()));
+        yld_HistoryRegion& region =
+            database.steps().get("Step-1").HistoryRegion("r", "", yld_HistoryPoint(database.rootAssembly()));
         yld_HistoryOutput& output = region.HistoryOutput("u", "", yld_Enum::SCALAR);
         const auto start = Clock::now();
         for (long long i = 0; i < pairs; ++i) output.addData(static_cast<double>(i), static_cast<double>(i % 1000));
@@ -144,14 +145,14 @@ void readLongCurve(benchmark::State& state)
         constexpr std::size_t piece = 4u << 20;
         for (std::size_t done = 0; done < bytes; done += piece) {
             const std::size_t wanted = std::min(piece, bytes - done);
-            const ssize_t count = ::pread(descriptor, static_cast<char*>(into) + done, wanted, static_cast<off_t>(from + done));
+            const ssize_t count =
+                ::pread(descriptor, static_cast<char*>(into) + done, wanted, static_cast<off_t>(from + done));
             if (count != static_cast<ssize_t>(wanted)) std::abort();
         }
         benchmark::DoNotOptimize(into);
     };
     yld_Yld& database = openYld(path.c_str(), true);
-    const yld_HistoryOutput output =
-        database.steps().get("Step-1").historyRegions().get("r").historyOutput("u");
+    const yld_HistoryOutput output = database.steps().get("Step-1").historyRegions().get("r").historyOutput("u");
     benchRatio(
         state, static_cast<double>(timeBytes + valueBytes),
         [&] {

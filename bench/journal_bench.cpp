@@ -174,7 +174,11 @@ void eachWay(benchmark::internal::Benchmark* bench)
         for (const int way : {0, 1, 2, 3}) bench->Args({way, 500, 24 << 10, watched});
     }
 }
-BENCHMARK(saves)->Apply(eachWay)->ArgNames({"way", "saves", "bytes", "watched"})->UseManualTime()->Iterations(3)
+BENCHMARK(saves)
+    ->Apply(eachWay)
+    ->ArgNames({"way", "saves", "bytes", "watched"})
+    ->UseManualTime()
+    ->Iterations(3)
     ->Unit(benchmark::kMillisecond);
 
 } // namespace

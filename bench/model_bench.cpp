@@ -44,8 +44,8 @@ struct Block
             for (int y = 0; y < side; ++y) {
                 for (int x = 0; x < side; ++x) {
                     const long long order = static_cast<long long>(elementLabels.size()) + 1;
-                    elementLabels.push_back(
-                        isShuffled ? static_cast<int>(order * 1103515245LL % 2147483647LL) : static_cast<int>(order));
+                    elementLabels.push_back(isShuffled ? static_cast<int>(order * 1103515245LL % 2147483647LL)
+                                                       : static_cast<int>(order));
                     const int first = (z * n + y) * n + x + 1;
                     for (int corner : {0, 1, n + 1, n}) connectivity.push_back(first + corner);
                     for (int corner : {0, 1, n + 1, n}) connectivity.push_back(first + n * n + corner);
@@ -252,10 +252,7 @@ void elementsByLabel(benchmark::State& state, const Block& block, std::size_t st
 void BM_elementsByLabelInOrder(benchmark::State& state) { elementsByLabel(state, plainBlock(), 1); }
 void BM_elementsByLabelAtRandom(benchmark::State& state) { elementsByLabel(state, plainBlock(), scattered); }
 void BM_elementsByLabelShuffledInOrder(benchmark::State& state) { elementsByLabel(state, shuffledBlock(), 1); }
-void BM_elementsByLabelShuffledAtRandom(benchmark::State& state)
-{
-    elementsByLabel(state, shuffledBlock(), scattered);
-}
+void BM_elementsByLabelShuffledAtRandom(benchmark::State& state) { elementsByLabel(state, shuffledBlock(), scattered); }
 
 void BM_nodesByLabelAtRandom(benchmark::State& state)
 {

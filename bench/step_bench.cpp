@@ -145,7 +145,8 @@ void writePlain(const PlainStep& plain, int frames, const std::vector<lnk_ShortC
             field.m_width = 1;
             field.m_values.adopt(buffer);
             field.m_values.toDisk(body);
-            frame.m_fields.append("1:3:" + nameOf(static_cast<int>(k)), lnk_ShortCut<fld_Field>::create(body, std::move(field)));
+            frame.m_fields.append("1:3:" + nameOf(static_cast<int>(k)),
+                                  lnk_ShortCut<fld_Field>::create(body, std::move(field)));
             frame.m_fieldKeys.push_back(key++);
         }
         list.append(std::to_string(f), lnk_ShortCut<fld_Frame>::create(body, std::move(frame)));

@@ -93,8 +93,13 @@ void readBlocks(benchmark::State& state)
     file.body()->close();
     ::close(descriptor);
 }
-BENCHMARK(readBlocks)->Args({16 << 20, 512 << 20})->Args({40 << 10, 256 << 20})->Args({1200, 64 << 20})
-    ->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(readBlocks)
+    ->Args({16 << 20, 512 << 20})
+    ->Args({40 << 10, 256 << 20})
+    ->Args({1200, 64 << 20})
+    ->UseManualTime()
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
 
 void writeBlocksWithSaves(benchmark::State& state)
 {
@@ -128,8 +133,12 @@ void writeBlocksWithSaves(benchmark::State& state)
             file.body()->close();
         });
 }
-BENCHMARK(writeBlocksWithSaves)->Args({9 << 20, 20, 10})->Args({1200, 20000, 1})
-    ->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(writeBlocksWithSaves)
+    ->Args({9 << 20, 20, 10})
+    ->Args({1200, 20000, 1})
+    ->UseManualTime()
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
 
 // Objects like those of a results database: steps list frames, frames list fields, fields hold values.
 class bench_Node : public pcl_Class<bench_Node>

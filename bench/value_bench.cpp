@@ -49,7 +49,8 @@ private:
         const int nodes[] = {1, 2, 3, 4, 5, 6, 7, 8};
         yld_Sequence<yld_Sequence<float>> coordinates;
         for (const int node : nodes) {
-            const float point[] = {static_cast<float>(node & 1), static_cast<float>(node & 2), static_cast<float>(node & 4)};
+            const float point[] = {static_cast<float>(node & 1), static_cast<float>(node & 2),
+                                   static_cast<float>(node & 4)};
             coordinates.append(yld_Sequence<float>(point, 3));
         }
         part.addNodes(yld_Sequence<int>(nodes, 8), coordinates);
@@ -64,7 +65,8 @@ private:
         yld.Step("Step-1", "", yld_Enum::TIME, 1.0);
         yld_Frame frame = yld.steps().get("Step-1").Frame(1, 1.0);
         frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL)
-            .addBulkData(yld_Enum::INTEGRATION_POINT, instance, labels.data(), numElements, stresses.data(), numValues, width);
+            .addBulkData(yld_Enum::INTEGRATION_POINT, instance, labels.data(), numElements, stresses.data(), numValues,
+                         width);
         frame.FieldOutput("V", "volume", yld_Enum::SCALAR)
             .addBulkData(yld_Enum::CENTROID, instance, labels.data(), 1000000, stresses.data(), 1000000, 1);
         yld.save();

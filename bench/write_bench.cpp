@@ -93,15 +93,15 @@ void nodalVector(benchmark::State& state)
     const std::vector<int> labels = meshLabels();
     const std::vector<float> values = numbers(std::size_t{numEntities} * 3);
     Database database(folder.file("bench.yld"), labels, false);
-    benchRatio(state, static_cast<double>(values.size() * sizeof(float)),
-               [&] { writePlain(folder.file("plain"), values); },
-               [&] {
-                   database.frame()
-                       .FieldOutput("U", "", yld_Enum::VECTOR)
-                       .addBulkData(yld_Enum::NODAL, database.instance(), labels.data(), numEntities, values.data(),
-                                    numEntities, 3);
-                   database.yld().save();
-               });
+    benchRatio(
+        state, static_cast<double>(values.size() * sizeof(float)), [&] { writePlain(folder.file("plain"), values); },
+        [&] {
+            database.frame()
+                .FieldOutput("U", "", yld_Enum::VECTOR)
+                .addBulkData(yld_Enum::NODAL, database.instance(), labels.data(), numEntities, values.data(),
+                             numEntities, 3);
+            database.yld().save();
+        });
 }
 BENCHMARK(nodalVector)->UseManualTime()->Iterations(15)->Unit(benchmark::kMillisecond);
 
@@ -112,15 +112,15 @@ void integrationPointTensor(benchmark::State& state)
     constexpr int rows = numEntities * pointsPerElement;
     const std::vector<float> values = numbers(std::size_t{rows} * 6);
     Database database(folder.file("bench.yld"), labels, true);
-    benchRatio(state, static_cast<double>(values.size() * sizeof(float)),
-               [&] { writePlain(folder.file("plain"), values); },
-               [&] {
-                   database.frame()
-                       .FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL)
-                       .addBulkData(yld_Enum::INTEGRATION_POINT, database.instance(), labels.data(), numEntities,
-                                    values.data(), rows, 6);
-                   database.yld().save();
-               });
+    benchRatio(
+        state, static_cast<double>(values.size() * sizeof(float)), [&] { writePlain(folder.file("plain"), values); },
+        [&] {
+            database.frame()
+                .FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL)
+                .addBulkData(yld_Enum::INTEGRATION_POINT, database.instance(), labels.data(), numEntities,
+                             values.data(), rows, 6);
+            database.yld().save();
+        });
 }
 BENCHMARK(integrationPointTensor)->UseManualTime()->Iterations(9)->Unit(benchmark::kMillisecond);
 
@@ -133,18 +133,19 @@ void sequencesBesideArrays(benchmark::State& state, yld_Enum::yld_DataTypeEnum t
     const yld_Sequence<int> sequence(labels.data(), numEntities);
     const yld_Sequence<yld_Sequence<float>> rows = rowsOf(values, width);
     Database database(folder.file("bench.yld"), labels, false);
-    benchRatio(state, static_cast<double>(values.size() * sizeof(float)),
-               [&] {
-                   database.frame().FieldOutput("U", "", type).addBulkData(yld_Enum::NODAL, database.instance(),
-                                                                           labels.data(), numEntities, values.data(),
-                                                                           numEntities, width);
-                   database.yld().save();
-               },
-               [&] {
-                   database.frame().FieldOutput("U", "", type).addData(yld_Enum::NODAL, database.instance(), sequence,
-                                                                       rows);
-                   database.yld().save();
-               });
+    benchRatio(
+        state, static_cast<double>(values.size() * sizeof(float)),
+        [&] {
+            database.frame()
+                .FieldOutput("U", "", type)
+                .addBulkData(yld_Enum::NODAL, database.instance(), labels.data(), numEntities, values.data(),
+                             numEntities, width);
+            database.yld().save();
+        },
+        [&] {
+            database.frame().FieldOutput("U", "", type).addData(yld_Enum::NODAL, database.instance(), sequence, rows);
+            database.yld().save();
+        });
 }
 BENCHMARK_CAPTURE(sequencesBesideArrays, vector, yld_Enum::VECTOR, 3)
     ->UseManualTime()

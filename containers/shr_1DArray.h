@@ -13,13 +13,13 @@
 /// each block by all tables that hold it, until somebody writes: then the writer gets a table of its own, and
 /// of the blocks just the one that it writes. Elements never move while an array grows at its end.
 ///
-/// An empty array takes no memory. Copying costs six words and one increment; the first write after a copy costs one table and one block.
-/// Indices are not checked. Counts are plain integers: an array and its copies stay within one thread.
+/// An empty array takes no memory. Copying costs six words and one increment; the first write after a copy costs one
+/// table and one block. Indices are not checked. Counts are plain integers: an array and its copies stay within one
+/// thread.
 ///
 /// Every entry of a table owns one count of its block, also those behind the end, which a shrunken array
 /// keeps and finds again when it grows back; so the last holder of a table leaves nothing behind.
-template<class T>
-class YLD_API shr_1DArray
+template<class T> class YLD_API shr_1DArray
 {
 public:
     using Block = shr_1DArrayBlock<T>;
@@ -51,8 +51,8 @@ public:
     }
 
     shr_1DArray(const shr_1DArray& other) noexcept
-        : m_tableLength(other.m_tableLength), m_power(other.m_power), m_end(other.m_end),
-          m_head(other.m_head), m_tableCounter(other.m_tableCounter), m_table(other.m_table)
+        : m_tableLength(other.m_tableLength), m_power(other.m_power), m_end(other.m_end), m_head(other.m_head),
+          m_tableCounter(other.m_tableCounter), m_table(other.m_table)
     {
         if (m_tableCounter) {
             ++m_tableCounter->count;
@@ -187,8 +187,7 @@ public:
         // The entries behind the end are about to be overwritten.
         releaseBlocks(used, m_tableLength);
         const int shift = m_tableLength - used;
-        std::memmove(static_cast<void*>(m_table + shift), m_table,
-                     sizeof(Block*) * static_cast<std::size_t>(used));
+        std::memmove(static_cast<void*>(m_table + shift), m_table, sizeof(Block*) * static_cast<std::size_t>(used));
         std::memset(static_cast<void*>(m_table), 0, sizeof(Block*) * static_cast<std::size_t>(shift));
         m_head = (shift << m_power) - 1;
         m_end += m_head;
@@ -259,8 +258,7 @@ private:
 
     static int lesser(int a, int b) noexcept { return a < b ? a : b; }
 
-    template<class Word>
-    static void exchange(Word& a, Word& b) noexcept
+    template<class Word> static void exchange(Word& a, Word& b) noexcept
     {
         const Word kept = a;
         a = b;

@@ -5,8 +5,7 @@
 
 /// One block of a paged array: a count of the tables that hold it, and the elements, which all exist from the
 /// start. Numbers start at zero.
-template<class T>
-class YLD_API shr_1DArrayBlock
+template<class T> class YLD_API shr_1DArrayBlock
 {
 public:
     explicit shr_1DArrayBlock(int size) : count(1), elements(new T[static_cast<std::size_t>(size)]()) {}

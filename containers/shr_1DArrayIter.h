@@ -6,13 +6,12 @@
 /// Walks the elements of a paged array from first to last. It holds a copy of the array, so it walks the
 /// elements as they were when it was made, and keeps them alive. An array whose first block is absent counts
 /// as empty; where a later block is absent there is no element to ask for (HasCurrent).
-template<class T>
-class YLD_API shr_1DArrayIter
+template<class T> class YLD_API shr_1DArrayIter
 {
 public:
     explicit shr_1DArrayIter(const shr_1DArray<T>& array)
-        : m_array(array), m_end(array.End()), m_blockSize(1 << array.BlockPower()), m_start(0), m_offset(0),
-          m_stop(0), m_elements(nullptr)
+        : m_array(array), m_end(array.End()), m_blockSize(1 << array.BlockPower()), m_start(0), m_offset(0), m_stop(0),
+          m_elements(nullptr)
     {
         if (m_end != 0 && !elementsAt(m_array.Head())) {
             m_end = 0;
@@ -67,7 +66,7 @@ private:
     shr_1DArray<T> m_array;
     int m_end;
     int m_blockSize;
-    int m_start;  // the position where the block begins
+    int m_start;             // the position where the block begins
     std::ptrdiff_t m_offset; // in the block; as wide as an address, which saves widening it for each element
     std::ptrdiff_t m_stop;   // the offset behind the last one to visit in the block
     const T* m_elements;

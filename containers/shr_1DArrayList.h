@@ -5,8 +5,7 @@
 
 /// Reads the elements of a list in a range-for, run by run. It borrows: the list must neither change nor die.
 /// @tparam Shown  what the elements are shown as: T or a class derived from T that adds no data
-template<class T, class Shown = T>
-class shr_1DArrayWalk
+template<class T, class Shown = T> class shr_1DArrayWalk
 {
 public:
     /// The end of every walk.
@@ -50,8 +49,7 @@ private:
 /// A list: a count and a paged array that holds at least so many elements. Copies share their storage until
 /// one of them writes. Indices are not checked. Unless told otherwise an operation may be given an element of
 /// the very list that it changes.
-template<class T>
-class YLD_API shr_1DArrayList
+template<class T> class YLD_API shr_1DArrayList
 {
 public:
     shr_1DArrayList() = default;
@@ -231,22 +229,22 @@ protected:
     shr_1DArray<T> m_array;
 };
 
-// What many sources use is compiled once, in the library and for its clients. A copy that a source made for itself would
-// be a hidden one, and hide that of the library with it.
-#define SHR_1DARRAY_INSTANCE(prefix, ...)                                                                    \
-    prefix template class shr_1DArrayBlock<__VA_ARGS__>;                                                     \
-    prefix template class shr_1DArray<__VA_ARGS__>;                                                          \
-    prefix template class shr_1DArrayIter<__VA_ARGS__>;                                                      \
+// What many sources use is compiled once, in the library and for its clients. A copy that a source made for itself
+// would be a hidden one, and hide that of the library with it.
+#define SHR_1DARRAY_INSTANCE(prefix, ...)                                                                              \
+    prefix template class shr_1DArrayBlock<__VA_ARGS__>;                                                               \
+    prefix template class shr_1DArray<__VA_ARGS__>;                                                                    \
+    prefix template class shr_1DArrayIter<__VA_ARGS__>;                                                                \
     prefix template class shr_1DArrayList<__VA_ARGS__>;
 
-#define SHR_1DARRAY_INSTANCES(prefix)                                                                        \
-    SHR_1DARRAY_INSTANCE(prefix, int)                                                                        \
-    SHR_1DARRAY_INSTANCE(prefix, float)                                                                      \
-    SHR_1DARRAY_INSTANCE(prefix, double)                                                                     \
-    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<int>)                                                       \
-    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<float>)                                                     \
-    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<double>)                                                    \
-    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<shr_1DArrayList<float>>)                                    \
+#define SHR_1DARRAY_INSTANCES(prefix)                                                                                  \
+    SHR_1DARRAY_INSTANCE(prefix, int)                                                                                  \
+    SHR_1DARRAY_INSTANCE(prefix, float)                                                                                \
+    SHR_1DARRAY_INSTANCE(prefix, double)                                                                               \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<int>)                                                                 \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<float>)                                                               \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<double>)                                                              \
+    SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<shr_1DArrayList<float>>)                                              \
     SHR_1DARRAY_INSTANCE(prefix, shr_1DArrayList<shr_1DArrayList<double>>)
 
 SHR_1DARRAY_INSTANCES(extern)

@@ -11,8 +11,7 @@
 ///
 /// References to values are references into nodes: one from Find is good until the tree is next copied and
 /// written, or its entry removed. Nothing here recurses, so a deep tree needs no deep stack.
-template<class K, class V>
-class shr_Btree
+template<class K, class V> class shr_Btree
 {
 public:
     using Node = shr_BtreeNode<K, V>;
@@ -349,8 +348,7 @@ private:
     }
 
     // In order, with the number of nodes down to each; its stack is on the heap.
-    template<class Visit>
-    void walk(Visit visit) const
+    template<class Visit> void walk(Visit visit) const
     {
         struct Step
         {

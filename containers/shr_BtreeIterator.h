@@ -6,8 +6,7 @@
 /// Walks the entries of a tree in the order of their keys, either way. It borrows the tree, which must
 /// neither change nor die meanwhile; it unshares nothing. It is finished until First or Last is called, and
 /// again when it is moved beyond either end.
-template<class K, class V>
-class shr_BtreeIterator
+template<class K, class V> class shr_BtreeIterator
 {
 public:
     using Node = shr_BtreeNode<K, V>;

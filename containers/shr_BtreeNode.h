@@ -3,16 +3,13 @@
 
 #include "containers/shr_COW.h"
 
-template<class K, class V>
-class shr_Btree;
-template<class K, class V>
-class shr_BtreeIterator;
+template<class K, class V> class shr_Btree;
+template<class K, class V> class shr_BtreeIterator;
 
 /// One entry of a tree. It owns the handles on its children; the children themselves may be shared with the
 /// nodes of other trees. References to key and value stay good until the node is unshared, removed or
 /// destroyed.
-template<class K, class V>
-class shr_BtreeNode
+template<class K, class V> class shr_BtreeNode
 {
 public:
     using Handle = shr_COW<shr_BtreeNode, shr_Direct>;
@@ -23,8 +20,7 @@ public:
     }
     /// Copies key and value and shares the children.
     shr_BtreeNode(const shr_BtreeNode& other)
-        : m_value(other.m_value), m_key(other.m_key), m_left(nullptr), m_right(nullptr),
-          m_maxDepth(other.m_maxDepth)
+        : m_value(other.m_value), m_key(other.m_key), m_left(nullptr), m_right(nullptr), m_maxDepth(other.m_maxDepth)
     {
         Children children;
         children.left = other.m_left ? new Handle(*other.m_left) : nullptr;

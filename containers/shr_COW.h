@@ -6,29 +6,20 @@
 /// How a copy-on-write handle duplicates its T: by the copy constructor.
 struct shr_Direct
 {
-    template<class T>
-    static T* Copy(const T& original)
-    {
-        return new T(original);
-    }
+    template<class T> static T* Copy(const T& original) { return new T(original); }
 };
 
 /// By the virtual Copy() of T, for class hierarchies held through the base class.
 struct shr_Virtual
 {
-    template<class T>
-    static T* Copy(const T& original)
-    {
-        return original.Copy();
-    }
+    template<class T> static T* Copy(const T& original) { return original.Copy(); }
 };
 
 /// A handle that shares its T until somebody writes. Reading goes through ConstGet, `->` or `*` and never
 /// copies; writing goes through Get, which first gives this handle a T of its own if others hold it too.
 ///
 /// As with shr_CountedHld, T need not be complete where a class has a handle as a member.
-template<class T, class Policy = shr_Direct>
-class shr_COW : public shr_CountedHld<T>
+template<class T, class Policy = shr_Direct> class shr_COW : public shr_CountedHld<T>
 {
 public:
     /// Holds nothing.
@@ -58,7 +49,6 @@ public:
 };
 
 /// The same handle under the name that it has for the assembly.
-template<class T, class Policy = shr_Direct>
-using shr_ArrayCOW = shr_COW<T, Policy>;
+template<class T, class Policy = shr_Direct> using shr_ArrayCOW = shr_COW<T, Policy>;
 
 #endif

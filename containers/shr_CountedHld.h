@@ -8,8 +8,7 @@
 ///
 /// A class may hold a handle on a T that is only declared so far; T must be complete where a handle is
 /// destroyed or assigned to, so such a class defines its destructor and assignment in its source.
-template<class T>
-class shr_CountedHld
+template<class T> class shr_CountedHld
 {
 public:
     /// Holds nothing.
@@ -76,10 +75,7 @@ public:
     bool SharesWith(const shr_CountedHld& other) const noexcept { return m_counter == other.m_counter; }
 
     /// Whether both hold the very same T; not a comparison of values. Two handles on nothing are equal.
-    friend bool operator==(const shr_CountedHld& a, const shr_CountedHld& b) noexcept
-    {
-        return a.m_held == b.m_held;
-    }
+    friend bool operator==(const shr_CountedHld& a, const shr_CountedHld& b) noexcept { return a.m_held == b.m_held; }
 
 protected:
     /// Deletes a T that no handle has come to own.

@@ -4,12 +4,6 @@
 
 static_assert(sizeof(shr_Counter) == 4, "a counter is one 32-bit integer");
 
-void* shr_Counter::operator new(std::size_t bytes)
-{
-    return mmo_Malloc(bytes);
-}
+void* shr_Counter::operator new(std::size_t bytes) { return mmo_Malloc(bytes); }
 
-void shr_Counter::operator delete(void* block) noexcept
-{
-    mmo_Free(block);
-}
+void shr_Counter::operator delete(void* block) noexcept { mmo_Free(block); }

@@ -4,8 +4,7 @@
 #include "containers/shr_1DArrayList.h"
 
 /// A plain list for use within the library. It is the paged list, so copying costs a few words.
-template<class T>
-class shr_List : public shr_1DArrayList<T>
+template<class T> class shr_List : public shr_1DArrayList<T>
 {
 public:
     using shr_1DArrayList<T>::shr_1DArrayList;

@@ -6,8 +6,7 @@
 
 /// A table from keys to values for use within the library: the copy-on-write tree with its look-ups open. A
 /// shr_BtreeIterator walks it in the order of the keys; Key(i) tells the order in which they went in.
-template<class K, class V>
-class shr_Map : public shr_Btree<K, V>
+template<class K, class V> class shr_Map : public shr_Btree<K, V>
 {
 public:
     shr_Map() = default;

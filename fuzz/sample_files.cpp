@@ -44,8 +44,8 @@ void makeJobs(const std::string& folder)
 // The first byte chooses who takes the text apart.
 void makeTexts(const std::string& folder)
 {
-    const char* const texts[] = {"0/a/b/../c.d.yld",     "1https://user@host.org:8080/a/b.yld", "2%1$s of %2$d, %3$s %%",
-                                 "3Step-9 7Step-10"    , "4\x40\x09\x21\xfb\x54\x44\x2d\x18",   "53:abc,0:,2:de,"};
+    const char* const texts[] = {"0/a/b/../c.d.yld", "1https://user@host.org:8080/a/b.yld", "2%1$s of %2$d, %3$s %%",
+                                 "3Step-9 7Step-10", "4\x40\x09\x21\xfb\x54\x44\x2d\x18",   "53:abc,0:,2:de,"};
     int number = 0;
     for (const char* text : texts) {
         std::string bytes = text;

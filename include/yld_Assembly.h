@@ -19,9 +19,9 @@ public:
 
     /// Places a part. Raises "A part instance named "%s" already exists." and what
     /// yld_InstanceRepository::Instance raises.
-    yld_Instance& Instance(const yld_String& name, const yld_Part& part,
-                           const yld_Sequence<yld_Sequence<float>>& localCoordSystem =
-                               yld_Sequence<yld_Sequence<float>>());
+    yld_Instance&
+    Instance(const yld_String& name, const yld_Part& part,
+             const yld_Sequence<yld_Sequence<float>>& localCoordSystem = yld_Sequence<yld_Sequence<float>>());
     /// The repository as it stands, nothing is read.
     yld_InstanceRepository& instance();
     yld_InstanceRepository& instances();
@@ -33,7 +33,8 @@ public:
                      const yld_Sequence<yld_Sequence<int>>& labels, bool isInternal = false, bool isUnsorted = false,
                      bool skipRefresh = false);
     yld_Set& ElementSet(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
-                        const yld_Sequence<yld_Sequence<int>>& labels, bool isInternal = false, bool skipRefresh = false);
+                        const yld_Sequence<yld_Sequence<int>>& labels, bool isInternal = false,
+                        bool skipRefresh = false);
     yld_Set& Surface(const yld_String& name, const yld_Sequence<yld_String>& instanceNames,
                      const yld_Sequence<yld_Sequence<int>>& labels,
                      const yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>>& faces, bool isInternal = false);

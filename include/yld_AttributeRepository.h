@@ -29,20 +29,46 @@ class YLD_API yld_PredefinedField;
 
 /// The stored class that a value stands for.
 template<class Value> struct yld_StoredAttribute;
-template<> struct yld_StoredAttribute<yld_BC> { using Type = sto_BC; };
-template<> struct yld_StoredAttribute<yld_Load> { using Type = sto_Load; };
-template<> struct yld_StoredAttribute<yld_Constraint> { using Type = sto_Constraint; };
-template<> struct yld_StoredAttribute<yld_Interaction> { using Type = sto_Interaction; };
-template<> struct yld_StoredAttribute<yld_InteractionProperty> { using Type = sto_InteractionProperty; };
-template<> struct yld_StoredAttribute<yld_ContactControls> { using Type = sto_ContactControls; };
-template<> struct yld_StoredAttribute<yld_PredefinedField> { using Type = sto_PredefinedField; };
-template<> struct yld_StoredAttribute<yld_FieldOutputRequest> { using Type = sto_OutputRequest<outC_FieldOutput>; };
-template<> struct yld_StoredAttribute<yld_HistoryOutputRequest> { using Type = sto_OutputRequest<outC_HistoryOutput>; };
+template<> struct yld_StoredAttribute<yld_BC>
+{
+    using Type = sto_BC;
+};
+template<> struct yld_StoredAttribute<yld_Load>
+{
+    using Type = sto_Load;
+};
+template<> struct yld_StoredAttribute<yld_Constraint>
+{
+    using Type = sto_Constraint;
+};
+template<> struct yld_StoredAttribute<yld_Interaction>
+{
+    using Type = sto_Interaction;
+};
+template<> struct yld_StoredAttribute<yld_InteractionProperty>
+{
+    using Type = sto_InteractionProperty;
+};
+template<> struct yld_StoredAttribute<yld_ContactControls>
+{
+    using Type = sto_ContactControls;
+};
+template<> struct yld_StoredAttribute<yld_PredefinedField>
+{
+    using Type = sto_PredefinedField;
+};
+template<> struct yld_StoredAttribute<yld_FieldOutputRequest>
+{
+    using Type = sto_OutputRequest<outC_FieldOutput>;
+};
+template<> struct yld_StoredAttribute<yld_HistoryOutputRequest>
+{
+    using Type = sto_OutputRequest<outC_HistoryOutput>;
+};
 
 /// What the values of these repositories have in common: a counted handle on a stored object. Copies stand for the same
 /// object, so what is changed through one is seen through the other.
-template<class Value>
-class YLD_API yld_Attribute
+template<class Value> class YLD_API yld_Attribute
 {
 public:
     using Stored = typename yld_StoredAttribute<Value>::Type;
@@ -121,8 +147,7 @@ public:
 
 /// How the analysis was set up, one kind of attribute by name. The attributes live in the model of the store; here
 /// stands one value for each. Copies share their entries until one of them is written, and the model.
-template<class Value>
-class YLD_API yld_AttributeRepository : public yld_Repository<yld_String, Value>
+template<class Value> class YLD_API yld_AttributeRepository : public yld_Repository<yld_String, Value>
 {
 public:
     /// One of no model.

@@ -21,14 +21,15 @@ public:
 
     /// An element of no mesh: labels and indices -1, no nodes.
     yld_Element();
-    yld_Element(int index, int label, const int* connectivityIndices, int meshIndex, int numNodes, const yld_String& type,
-                const yld_SectionCategory& category, yld_Enum::yld_ElementGeometryClass geometryClass, int shapeAttribute,
-                int classIndex, const shr_1DArrayList<int>& nodeLabels, const sto_Mesh& mesh);
+    yld_Element(int index, int label, const int* connectivityIndices, int meshIndex, int numNodes,
+                const yld_String& type, const yld_SectionCategory& category,
+                yld_Enum::yld_ElementGeometryClass geometryClass, int shapeAttribute, int classIndex,
+                const shr_1DArrayList<int>& nodeLabels, const sto_Mesh& mesh);
     /// The same for an element of the assembly's own mesh, whose nodes may live in part instances.
-    yld_Element(int index, int label, const int* connectivityIndices, int meshIndex, int numNodes, const yld_String& type,
-                const yld_SectionCategory& category, yld_Enum::yld_ElementGeometryClass geometryClass, int shapeAttribute,
-                int classIndex, const shr_1DArrayList<int>& nodeLabels, const sto_ScopedNodeData& scopedNodes,
-                const sto_Mesh& mesh);
+    yld_Element(int index, int label, const int* connectivityIndices, int meshIndex, int numNodes,
+                const yld_String& type, const yld_SectionCategory& category,
+                yld_Enum::yld_ElementGeometryClass geometryClass, int shapeAttribute, int classIndex,
+                const shr_1DArrayList<int>& nodeLabels, const sto_ScopedNodeData& scopedNodes, const sto_Mesh& mesh);
     yld_Element(const yld_Element&);
     yld_Element& operator=(const yld_Element&);
     ~yld_Element();
@@ -63,10 +64,10 @@ private:
     friend class yld_Mesh;
 
     /// What the public constructors come to. The mesh is shared instead of copied, and the labels are borrowed.
-    yld_Element(int index, int label, const int* connectivityIndices, int meshIndex, int numNodes, const yld_String& type,
-                const yld_SectionCategory& category, yld_Enum::yld_ElementGeometryClass geometryClass, int shapeAttribute,
-                int classIndex, const int* nodeLabels, const sto_ScopedNodeData* scopedNodes,
-                const shr_CountedHld<sto_Mesh>& mesh);
+    yld_Element(int index, int label, const int* connectivityIndices, int meshIndex, int numNodes,
+                const yld_String& type, const yld_SectionCategory& category,
+                yld_Enum::yld_ElementGeometryClass geometryClass, int shapeAttribute, int classIndex,
+                const int* nodeLabels, const sto_ScopedNodeData* scopedNodes, const shr_CountedHld<sto_Mesh>& mesh);
 
     int m_index = -1;
     int m_label = -1;

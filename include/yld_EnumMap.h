@@ -89,8 +89,7 @@ YLD_API ntsC_LineJustificationEnm unMapLineJustificationEnm(yld_Enum::yld_LineJu
 
 /// The stacking of layers. Raises "Could not map stack direction enumeration.", with the full stop.
 YLD_API yld_Enum::yld_StackDirectionEnum mapStackDirectionEnm(prtC_StackDirectionEnm direction);
-YLD_API prtC_StackDirectionEnm
-unMapStackDirectionEnumToStackDirection(yld_Enum::yld_StackDirectionEnum direction);
+YLD_API prtC_StackDirectionEnm unMapStackDirectionEnumToStackDirection(yld_Enum::yld_StackDirectionEnum direction);
 
 /// The space of a stored part; any number that is not a dimension gives UNKNOWN_DIMENSION. Raises nothing.
 YLD_API yld_Enum::yld_DimensionEnum mapDimension(fld_DimensionEnm dimension);

@@ -33,8 +33,7 @@ public:
     yld_Exception(const yld_String& fileName, int errorNo);
     yld_Exception(const yld_String& fileName, int errorNo, int versionNumber);
     yld_Exception(const yld_String& fileName, int errorNo, int versionNumber, int expectedVersion);
-    yld_Exception(const yld_String& fileName, int errorNo, int versionNumber, int expectedVersion,
-                  bool readOnly);
+    yld_Exception(const yld_String& fileName, int errorNo, int versionNumber, int expectedVersion, bool readOnly);
     yld_Exception(const yld_Exception&);
     yld_Exception& operator=(const yld_Exception&);
     ~yld_Exception() override;

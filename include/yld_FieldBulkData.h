@@ -102,8 +102,8 @@ class YLD_API yld_SequenceFieldBulkData
 {
 public:
     yld_SequenceFieldBulkData();
-    /// Reads every block of the sequence. A block that shows only some of its values materialises, for all who share it:
-    /// its values are in single precision from then on.
+    /// Reads every block of the sequence. A block that shows only some of its values materialises, for all who share
+    /// it: its values are in single precision from then on.
     explicit yld_SequenceFieldBulkData(const yld_SequenceFieldValue& values);
     yld_SequenceFieldBulkData(const yld_SequenceFieldBulkData&);
     yld_SequenceFieldBulkData& operator=(const yld_SequenceFieldBulkData&);

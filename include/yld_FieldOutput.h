@@ -35,7 +35,8 @@ public:
                     const shr_ArrayCOW<sto_Assembly>& assembly, int frameNumber);
     /// A shell for a field found in the store.
     yld_FieldOutput(const yld_String& name, const shr_ArrayCOW<sto_Assembly>& assembly,
-                    const shr_COW<sto_FieldFrame>& fieldFrame, const shr_COW<sto_FieldStep>& fieldStep, int frameNumber);
+                    const shr_COW<sto_FieldFrame>& fieldFrame, const shr_COW<sto_FieldStep>& fieldStep,
+                    int frameNumber);
     /// A new field of a frame.
     yld_FieldOutput(const yld_String& name, const yld_String& description, yld_Enum::yld_DataTypeEnum type,
                     const yld_Sequence<yld_String>& componentLabels,
@@ -97,10 +98,10 @@ public:
                               bool orientations = true) const;
     /// The values on a node set, an element set or a surface. Blocks whose own set has the name of the set are taken
     /// whole, and if there are any, only they. Otherwise labels are compared: those of nodes with a node set (values at
-    /// ELEMENT_NODAL become values at NODAL), of elements with an element set, of surfaces with a surface. Labels of sets
-    /// and blocks are taken for ascending: what stands out of order is missed.
-    /// Raises "Unknown Set type." when a block belongs to no set. Reads labels, and of values only those that change
-    /// their position; linear in the labels.
+    /// ELEMENT_NODAL become values at NODAL), of elements with an element set, of surfaces with a surface. Labels of
+    /// sets and blocks are taken for ascending: what stands out of order is missed. Raises "Unknown Set type." when a
+    /// block belongs to no set. Reads labels, and of values only those that change their position; linear in the
+    /// labels.
     yld_FieldOutput getSubset(const yld_Set& set) const;
     /// The values with this local system, as yld_FieldValue::localCoordSystem() gives it, to the last digit.
     /// Raises "Data is double precision.  Use localCoordSystemDouble". Reads all values.
@@ -134,21 +135,22 @@ public:
     ///
     /// Raises, in this order: "addData() not valid for an orphaned object.", "Instance \"%s\" does not exists in this
     /// yld.", "Data and ConjugateData must have the same length.", "Transformation not allowed for scalar data." (for
-    /// vectors and matrices too), "Invalid results position for field.", "Invalid node label %d", "Invalid element label
-    /// %d", "The element labels passed into field.addData() method contain some undefined labels.", "Section Point number
-    /// %s.", "Section point not valid for all elements."; then, block by block, "Insufficient data sequences provided.",
-    /// "Insufficient coordSystem sequences provided.", "Length of data sequence incorrect. ...", "Invalid results type for
-    /// field.", "Coordinate system definition should be of length 0, 1, or the same length as the data array.", "SCALAR
-    /// data should be of length 1.", "Data items should be of length %s", "Incorrect tensor data length"; at last
-    /// "field.addData() request not processed correctly. ...".
-    void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const yld_Sequence<int>& labels,
-                 const yld_Sequence<yld_Sequence<float>>& data,
+    /// vectors and matrices too), "Invalid results position for field.", "Invalid node label %d", "Invalid element
+    /// label %d", "The element labels passed into field.addData() method contain some undefined labels.", "Section
+    /// Point number %s.", "Section point not valid for all elements."; then, block by block, "Insufficient data
+    /// sequences provided.", "Insufficient coordSystem sequences provided.", "Length of data sequence incorrect. ...",
+    /// "Invalid results type for field.", "Coordinate system definition should be of length 0, 1, or the same length as
+    /// the data array.", "SCALAR data should be of length 1.", "Data items should be of length %s", "Incorrect tensor
+    /// data length"; at last "field.addData() request not processed correctly. ...".
+    void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
+                 const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& data,
                  const yld_SectionPoint& sectionPoint = yld_SectionPoint(),
                  const yld_Sequence<yld_Sequence<float>>& localCoordSystem = yld_Sequence<yld_Sequence<float>>(),
                  const yld_Sequence<yld_Sequence<float>>& conjugateData = yld_Sequence<yld_Sequence<float>>());
     /// @param localCoordSystems  one system a row of data, or one for all
-    void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const yld_Sequence<int>& labels,
-                 const yld_Sequence<yld_Sequence<float>>& data, const yld_SectionPoint& sectionPoint,
+    void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance,
+                 const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& data,
+                 const yld_SectionPoint& sectionPoint,
                  const yld_Sequence<yld_Sequence<yld_Sequence<float>>>& localCoordSystems,
                  const yld_Sequence<yld_Sequence<float>>& conjugateData = yld_Sequence<yld_Sequence<float>>());
     /// The same on a stored instance.
@@ -158,9 +160,9 @@ public:
                  const yld_Sequence<yld_Sequence<yld_Sequence<float>>>& localCoordSystems,
                  const yld_Sequence<yld_Sequence<float>>& conjugateData);
     /// Writes results for a node set at NODAL, or for an element set at INTEGRATION_POINT or ELEMENT_NODAL: one row a
-    /// location, in the order of the set. The set must lie on one instance of this database. This object shows nothing of
-    /// it until the field is read again from its frame; a second call for the same set and place in the frame writes over
-    /// the first. Rows beyond those needed are ignored; what a row is short of stays as it was, 0 at first.
+    /// location, in the order of the set. The set must lie on one instance of this database. This object shows nothing
+    /// of it until the field is read again from its frame; a second call for the same set and place in the frame writes
+    /// over the first. Rows beyond those needed are ignored; what a row is short of stays as it was, 0 at first.
     /// Nothing is written before the set is accepted. Each refusal names the set; see the messages in the manual page
     /// of fields.
     void addData(yld_Enum::yld_ResultPositionEnum position, const yld_Set& set,
@@ -172,7 +174,8 @@ public:
     /// @param numLabels          how many labels
     /// @param data               numRows rows of width components, one behind the other
     /// @param conjugateData      the imaginary half, laid out as data; null for none
-    /// @param localCoordSystems  numSystems systems of nine direction cosines, axis by axis: one, or one a row; null for
+    /// @param localCoordSystems  numSystems systems of nine direction cosines, axis by axis: one, or one a row; null
+    /// for
     ///                           none
     /// Raises besides "addBulkData() takes no negative count.".
     void addBulkData(yld_Enum::yld_ResultPositionEnum position, const yld_Instance& instance, const int* labels,
@@ -185,11 +188,11 @@ public:
                      const yld_SectionPoint& sectionPoint = yld_SectionPoint(), const double* conjugateData = nullptr,
                      const float* localCoordSystems = nullptr, int numSystems = 0);
 
-    /// Copies all blocks of another field, which may be an orphan or stand in another database, into this one. Instances,
-    /// sets and element classes are found by their names in this field's model; a set whose labels are others there is
-    /// made anew under the name "api set".
-    /// Warns of what this field's model has not. Raises "addData() not valid for an orphaned object." and "Fields are
-    /// not compatible. They are either associated with different structural models or have incompatible attributes.".
+    /// Copies all blocks of another field, which may be an orphan or stand in another database, into this one.
+    /// Instances, sets and element classes are found by their names in this field's model; a set whose labels are
+    /// others there is made anew under the name "api set". Warns of what this field's model has not. Raises "addData()
+    /// not valid for an orphaned object." and "Fields are not compatible. They are either associated with different
+    /// structural models or have incompatible attributes.".
     void addData(yld_FieldOutput& field);
 
     /// Adds stored fields by key; tells whether any was new.

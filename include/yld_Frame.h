@@ -109,11 +109,10 @@ public:
     /// A new scalar, vector or tensor field.
     /// @param componentLabels  empty for the default labels behind the name
     /// Raises "A field named '%s' already exists.", "Invalid invariant", "The number of component labels should be %s".
-    yld_FieldOutput& FieldOutput(const yld_String& name, const yld_String& description,
-                                 const yld_Enum::yld_DataTypeEnum& type,
-                                 const yld_Sequence<yld_String>& componentLabels = yld_Sequence<yld_String>(),
-                                 const yld_Sequence<yld_Enum::yld_InvariantEnum>& validInvariants =
-                                     yld_Sequence<yld_Enum::yld_InvariantEnum>());
+    yld_FieldOutput& FieldOutput(
+        const yld_String& name, const yld_String& description, const yld_Enum::yld_DataTypeEnum& type,
+        const yld_Sequence<yld_String>& componentLabels = yld_Sequence<yld_String>(),
+        const yld_Sequence<yld_Enum::yld_InvariantEnum>& validInvariants = yld_Sequence<yld_Enum::yld_InvariantEnum>());
     yld_FieldOutput& VectorOutput(const yld_String& name, const yld_String& description, int size);
     yld_FieldOutput& MatrixOutput(const yld_String& name, const yld_String& description, int rows, int cols);
     yld_FieldOutput& SymmetricMatrixOutput(const yld_String& name, const yld_String& description, int size);

@@ -35,15 +35,15 @@ public:
     /// The pairs of time and imaginary value; empty for a real curve. Warns as data() does.
     virtual yld_Sequence<yld_Sequence<float>> conjugateData() const;
 
-    /// Appends pairs. Raises "Data sequences added to a history variable should be of equal length." and, for an orphan,
-    /// "Cannot add data to an orphan history object. The object was likely created using the getSubset method, or by a
-    /// C++ user who did not use the reference to the history objects.".
+    /// Appends pairs. Raises "Data sequences added to a history variable should be of equal length." and, for an
+    /// orphan, "Cannot add data to an orphan history object. The object was likely created using the getSubset method,
+    /// or by a C++ user who did not use the reference to the history objects.".
     virtual void addData(const yld_Sequence<float>& times, const yld_Sequence<float>& values);
     /// Appends one pair; the time is kept in double precision. Costs some hundred nanoseconds: pairs are gathered in
     /// memory and go to disk in large pieces. They are kept by the next save.
     virtual void addData(double time, double value);
-    /// Appends pairs of time and value. Raises "Data added to a history variable should be of width 2" at the first pair
-    /// of another width; those before it stay.
+    /// Appends pairs of time and value. Raises "Data added to a history variable should be of width 2" at the first
+    /// pair of another width; those before it stay.
     virtual void addData(const yld_Sequence<yld_Sequence<float>>& pairs);
 
     virtual ~yld_HistoryOutput();

@@ -11,8 +11,8 @@
 
 class sto_Set;
 
-/// A named set of curves at one point. A plain region is an orphan, a result of getSubset: it takes no new curves. What a
-/// step holds are regions of yld_HistoryRegionPers.
+/// A named set of curves at one point. A plain region is an orphan, a result of getSubset: it takes no new curves. What
+/// a step holds are regions of yld_HistoryRegionPers.
 class YLD_API yld_HistoryRegion
 {
 public:
@@ -45,7 +45,8 @@ public:
     const yld_Repository<yld_String, yld_HistoryOutput>& historyOutput() const { return m_historyOutputs; }
     yld_Repository<yld_String, yld_HistoryOutput>& historyOutputs() { return m_historyOutputs; }
     const yld_Repository<yld_String, yld_HistoryOutput>& historyOutputs() const { return m_historyOutputs; }
-    /// The curve of that name, good as long as the region. Raises "HistoryOutput '%1$s' is not a member of HistoryRegion
+    /// The curve of that name, good as long as the region. Raises "HistoryOutput '%1$s' is not a member of
+    /// HistoryRegion
     /// '%2$s", the last quote being left out.
     yld_HistoryOutput& historyOutput(const yld_String& name) { return historyOutputs(name); }
     const yld_HistoryOutput& historyOutput(const yld_String& name) const { return historyOutputs(name); }

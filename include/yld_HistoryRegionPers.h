@@ -7,8 +7,8 @@ class sto_History;
 class sto_HistoryStep;
 class sto_PartInstance;
 
-/// A region of a step, backed by the database: its new curves are kept there. A region without a curve is not kept, nor is
-/// its description: a region that was read has the long text of its point.
+/// A region of a step, backed by the database: its new curves are kept there. A region without a curve is not kept, nor
+/// is its description: a region that was read has the long text of its point.
 class YLD_API yld_HistoryRegionPers : public yld_HistoryRegion
 {
 public:
@@ -19,10 +19,9 @@ public:
     yld_HistoryRegionPers& operator=(const yld_HistoryRegionPers&);
 
     /// A new curve, good as long as the region; a name that the region has gives the curve that is there, though the
-    /// database gets a second one. The first curve at a node or element makes an internal set of that node or element in
-    /// its instance.
-    /// Raises "Only SCALAR data allowed for a historyVariable object.", "yld_Enum::ELEMENT_NODAL history not allowed.",
-    /// "HistoryOutput cannot be created for this output location".
+    /// database gets a second one. The first curve at a node or element makes an internal set of that node or element
+    /// in its instance. Raises "Only SCALAR data allowed for a historyVariable object.", "yld_Enum::ELEMENT_NODAL
+    /// history not allowed.", "HistoryOutput cannot be created for this output location".
     yld_HistoryOutput& HistoryOutput(const yld_String& name, const yld_String& description,
                                      yld_Enum::yld_DataTypeEnum type) override;
     yld_HistoryRegion getSubset(double start, double end) const override;

@@ -10,8 +10,7 @@
 /// cursor, so a sequence is for one thread.
 /// @tparam Sequence  the public class
 /// @tparam Item      yld_Node or yld_Element
-template<class Sequence, class Item>
-class YLD_API yld_MeshSequence
+template<class Sequence, class Item> class YLD_API yld_MeshSequence
 {
 public:
     int size() const;

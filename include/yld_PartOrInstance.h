@@ -23,13 +23,12 @@ template<> struct yld_StoredEntity<yld_Instance>
 
 /// What a part and a part instance have in common beside the mesh: sets of their own, and what is assigned to them.
 /// @tparam Entity  yld_Part or yld_Instance
-template<class Entity>
-class YLD_API yld_PartOrInstance : public yld_DiscreteEntity
+template<class Entity> class YLD_API yld_PartOrInstance : public yld_DiscreteEntity
 {
 public:
     /// A set of the nodes of a sequence, in its order.
-    /// Raises "SequenceNode is not associated with this entity.", "Duplicate set or surface name %s". Here and below the
-    /// reference holds until the sets of the entity are next changed.
+    /// Raises "SequenceNode is not associated with this entity.", "Duplicate set or surface name %s". Here and below
+    /// the reference holds until the sets of the entity are next changed.
     yld_Set& NodeSet(const yld_String& name, const yld_SequenceNode& nodes);
     /// Raises "SequenceElement is not associated with this entity.", "Duplicate set or surface name %s".
     yld_Set& ElementSet(const yld_String& name, const yld_SequenceElement& elements);
@@ -54,7 +53,8 @@ public:
     /// requires element set from this part instance.".
     void assignMaterialOrientation(const yld_Set& set, const yld_DatumCsys& csys, yld_Enum::yld_AxisEnum axis,
                                    float angle, yld_Enum::yld_StackDirectionEnum stackDirection);
-    void assignRebarOrientation(const yld_Set& set, const yld_DatumCsys& csys, yld_Enum::yld_AxisEnum axis, float angle);
+    void assignRebarOrientation(const yld_Set& set, const yld_DatumCsys& csys, yld_Enum::yld_AxisEnum axis,
+                                float angle);
     /// @param vector  three components. Raises besides "The vector of a beam orientation needs 3 entries.".
     void assignBeamOrientation(const yld_Set& set, yld_Enum::yld_OrientationMethodEnum method,
                                const yld_Sequence<float>& vector);

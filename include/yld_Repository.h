@@ -18,8 +18,7 @@
 /// unshare the entries on the way to it, even if the key is unknown. References are good until the repository
 /// is next copied and written, or the entry removed. The counts behind the sharing are not atomic: a
 /// repository and its copies belong to one thread.
-template<class K, class V>
-class yld_Repository : public shr_Btree<K, V>
+template<class K, class V> class yld_Repository : public shr_Btree<K, V>
 {
 public:
     using Key = K;
@@ -85,8 +84,7 @@ public:
 ///     for (entry.first(); !entry.isDone(); entry.next()) { use(entry.currentKey(), entry.currentValue()); }
 ///
 /// It borrows the repository, which must neither change nor die meanwhile, and unshares nothing.
-template<class K, class V>
-class yld_RepositoryIT
+template<class K, class V> class yld_RepositoryIT
 {
 public:
     explicit yld_RepositoryIT(const yld_Repository<K, V>& repository) : m_iterator(repository) {}

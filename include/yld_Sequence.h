@@ -7,23 +7,19 @@
 
 #include <type_traits>
 
-template<class T, class List>
-class yld_Sequence;
+template<class T, class List> class yld_Sequence;
 
 /// The type under which a sequence stores its elements. Texts and sequences are stored as the plain class
 /// that they derive from, so that a list can go between this interface and the inner libraries by sharing.
-template<class T>
-struct yld_Stored
+template<class T> struct yld_Stored
 {
     using Type = T;
 };
-template<>
-struct yld_Stored<yld_String>
+template<> struct yld_Stored<yld_String>
 {
     using Type = shr_String;
 };
-template<class T, class List>
-struct yld_Stored<yld_Sequence<T, List>>
+template<class T, class List> struct yld_Stored<yld_Sequence<T, List>>
 {
     using Type = List;
 };
@@ -41,8 +37,7 @@ struct yld_Stored<yld_Sequence<T, List>>
 /// class
 ///               has a sequence as a member
 /// @tparam List  the list that stores the elements, from which the sequence derives without adding data
-template<class T, class List = shr_1DArrayList<typename yld_Stored<T>::Type>>
-class YLD_API yld_Sequence : public List
+template<class T, class List = shr_1DArrayList<typename yld_Stored<T>::Type>> class YLD_API yld_Sequence : public List
 {
 public:
     using Stored = typename yld_Stored<T>::Type;
@@ -144,8 +139,7 @@ private:
         if constexpr (!std::is_same_v<T, Stored>) {
             static_assert(std::is_base_of_v<Stored, T>, "the public element must derive from the stored one");
             static_assert(sizeof(T) == sizeof(Stored), "the public element must add no data");
-            static_assert(alignof(T) == alignof(Stored),
-                          "the public element must be aligned as the stored one");
+            static_assert(alignof(T) == alignof(Stored), "the public element must be aligned as the stored one");
             static_assert(!std::is_polymorphic_v<T>, "the public element must have no virtual operation");
         }
         static_assert(sizeof(yld_Sequence) == sizeof(List), "a sequence must add no data to its list");
@@ -153,16 +147,16 @@ private:
 };
 
 // The sequences of the interface that many sources use are compiled once, in the library.
-#define YLD_SEQUENCE_INSTANCES(prefix)                                                                       \
-    SHR_1DARRAY_INSTANCE(prefix, shr_String)                                                                 \
-    prefix template class yld_Sequence<int>;                                                                 \
-    prefix template class yld_Sequence<float>;                                                               \
-    prefix template class yld_Sequence<double>;                                                              \
-    prefix template class yld_Sequence<yld_String>;                                                          \
-    prefix template class yld_Sequence<yld_Sequence<int>>;                                                   \
-    prefix template class yld_Sequence<yld_Sequence<float>>;                                                 \
-    prefix template class yld_Sequence<yld_Sequence<double>>;                                                \
-    prefix template class yld_Sequence<yld_Sequence<yld_Sequence<float>>>;                                   \
+#define YLD_SEQUENCE_INSTANCES(prefix)                                                                                 \
+    SHR_1DARRAY_INSTANCE(prefix, shr_String)                                                                           \
+    prefix template class yld_Sequence<int>;                                                                           \
+    prefix template class yld_Sequence<float>;                                                                         \
+    prefix template class yld_Sequence<double>;                                                                        \
+    prefix template class yld_Sequence<yld_String>;                                                                    \
+    prefix template class yld_Sequence<yld_Sequence<int>>;                                                             \
+    prefix template class yld_Sequence<yld_Sequence<float>>;                                                           \
+    prefix template class yld_Sequence<yld_Sequence<double>>;                                                          \
+    prefix template class yld_Sequence<yld_Sequence<yld_Sequence<float>>>;                                             \
     prefix template class yld_Sequence<yld_Sequence<yld_Sequence<double>>>;
 
 YLD_SEQUENCE_INSTANCES(extern)

@@ -5,9 +5,9 @@
 #include "yld_Enum.h"
 #include "yld_Export.h"
 #include "yld_Frame.h"
+#include "yld_HistoryRegionPers.h"
 #include "yld_MassScaling.h"
 #include "yld_NodalDofs.h"
-#include "yld_HistoryRegionPers.h"
 #include "yld_Repository.h"
 #include "yld_RestartRequest.h"
 #include "yld_Sequence.h"
@@ -112,7 +112,8 @@ public:
     const yld_SequenceFrame& frames() const { return m_frames; }
     /// The frame that matches a value. Raises "Frame not found".
     yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
-    yld_Frame getFrame(const yld_LoadCase& loadCase, double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
+    yld_Frame getFrame(const yld_LoadCase& loadCase, double value,
+                       yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     /// The places of all frames at the best distance, in order.
     yld_Sequence<int> findFrames(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     yld_Sequence<int> findFrames(const yld_LoadCase& loadCase, double value,
@@ -229,9 +230,9 @@ public:
     /// @param incrementation FIXED, AUTOMATIC
     /// @param amplitude      STEP, RAMP
     yld_Step& StaticStep(const yld_String& name, const yld_String& previous, const yld_String& description,
-                         double timePeriod, const yld_String& nlgeom, int argument3, double argument4,
-                         double argument5, double argument6, const yld_String& stabilization, double argument8,
-                         bool argument9, const yld_String& incrementation, const yld_String& amplitude);
+                         double timePeriod, const yld_String& nlgeom, int argument3, double argument4, double argument5,
+                         double argument6, const yld_String& stabilization, double argument8, bool argument9,
+                         const yld_String& incrementation, const yld_String& amplitude);
     /// @param matrixSolver  DIRECT, ITERATIVE
     yld_Step& StaticLinearPerturbationStep(const yld_String& name, const yld_String& previous,
                                            const yld_String& description, const yld_String& matrixSolver);
@@ -252,11 +253,11 @@ public:
     /// @param extrapolation  NONE, LINEAR, PARABOLIC
     yld_Step& StaticRiksStep(const yld_String& name, const yld_String& previous, const yld_String& description,
                              const yld_String& nlgeom, bool argument2, double argument3, bool argument4,
-                             double argument5, int argument6, const yld_Set& region,
-                             const yld_String& incrementation, int argument9, double argument10, double argument11,
-                             double argument12, double argument13, const yld_String& matrixSolver,
-                             const yld_String& extrapolation, const yld_String& argument16, bool argument17,
-                             bool argument18, int argument19, int argument20, bool argument21);
+                             double argument5, int argument6, const yld_Set& region, const yld_String& incrementation,
+                             int argument9, double argument10, double argument11, double argument12, double argument13,
+                             const yld_String& matrixSolver, const yld_String& extrapolation,
+                             const yld_String& argument16, bool argument17, bool argument18, int argument19,
+                             int argument20, bool argument21);
     /// @param nlgeom         OFF, ON
     /// @param incrementation FIXED, AUTOMATIC
     /// @param argument5, argument9  a double, which is used; or a text: "NONE" for a value that is not used

@@ -39,10 +39,7 @@ public:
     yld_String& operator+=(const char* text) { return append(text); }
 
     /// Removes `length` characters from `position` on; without arguments, everything.
-    yld_String& erase(int position = 0, int length = toEnd)
-    {
-        return self(msg_StringBase::erase(position, length));
-    }
+    yld_String& erase(int position = 0, int length = toEnd) { return self(msg_StringBase::erase(position, length)); }
 
     /// Puts the first `count` characters of a text before the character at `position`.
     yld_String& insert(int position, const char* text, int count = toEnd)
@@ -82,10 +79,7 @@ public:
     yld_String& trim(const char* characters) { return self(msg_StringBase::trim(characters)); }
 
     /// A stretch of the text; without arguments, the whole of it.
-    yld_String substr(int position = 0, int length = toEnd) const
-    {
-        return msg_StringBase::substr(position, length);
-    }
+    yld_String substr(int position = 0, int length = toEnd) const { return msg_StringBase::substr(position, length); }
 
     /// In place, ASCII letters only.
     yld_String& toLower() { return self(msg_StringBase::toLower()); }

@@ -69,13 +69,13 @@ public:
     /// The first value of each node, in the order given; element data have nodes at ELEMENT_NODAL alone. Materialises
     /// the block first.
     yld_Sequence<int> indicesOfNodes(const yld_Sequence<int>& labels) const;
-    /// A block that shows these values, in the place of those that this one shows. At the block's own position it shares
-    /// the stored values and reads nothing; at another, the values are taken out into a field in memory.
+    /// A block that shows these values, in the place of those that this one shows. At the block's own position it
+    /// shares the stored values and reads nothing; at another, the values are taken out into a field in memory.
     /// @param indices  places in the stored values; a block of nothing for none
     yld_SubField subsetAt(const yld_Sequence<int>& indices, yld_Enum::yld_ResultPositionEnum position) const;
-    /// Takes the values that the block shows out into a field in memory, in single precision, which is then all that the
-    /// block has: for every handle that shares the block. Nothing happens to a block that shows all its values. If it
-    /// fails the block is as it was. Makes the set "api_tmp_set" of the instance, in memory, unless the set that the
+    /// Takes the values that the block shows out into a field in memory, in single precision, which is then all that
+    /// the block has: for every handle that shares the block. Nothing happens to a block that shows all its values. If
+    /// it fails the block is as it was. Makes the set "api_tmp_set" of the instance, in memory, unless the set that the
     /// block was chosen by serves.
     void materialize() const;
 

@@ -56,8 +56,7 @@ private:
         for (int i = 0; i < model.numParts(); ++i) {
             const sto_Part stored = model.part(i);
             const yld_String name(model.partName(i).c_str());
-            const yld_MeshHandle mesh(stored.hasMesh() ? new yld_Mesh(stored.mesh(), name, false)
-                                                       : new yld_Mesh(name));
+            const yld_MeshHandle mesh(stored.hasMesh() ? new yld_Mesh(stored.mesh(), name, false) : new yld_Mesh(name));
             const auto space = static_cast<yld_Enum::yld_DimensionEnum>(stored.space() - 2000);
             parts->insert(name, yld_Part(name, space, yld_Enum::DEFORMABLE_BODY, stored, mesh));
         }

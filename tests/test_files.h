@@ -36,8 +36,7 @@ private:
 
 /// Runs a function in a process of its own and gives its exit status; 99 for an exception, 98 for a failed
 /// expectation, -signal for a signal.
-template<class Function>
-int inOtherProcess(Function&& function)
+template<class Function> int inOtherProcess(Function&& function)
 {
     const pid_t child = fork();
     if (child == 0) {

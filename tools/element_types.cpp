@@ -83,12 +83,9 @@ FamilyEnm familyOf(const std::string& name, int numNodes)
     std::string digits;
     for (const char c : name) {
         const auto byte = static_cast<unsigned char>(c);
-        if (std::isdigit(byte))
-            digits.push_back(c);
-        else if (!digits.empty())
-            return NO_FAMILY;
-        else
-            letters.push_back(static_cast<char>(std::toupper(byte)));
+        if (std::isdigit(byte)) digits.push_back(c);
+        else if (!digits.empty()) return NO_FAMILY;
+        else letters.push_back(static_cast<char>(std::toupper(byte)));
     }
     // A count in the name that is not the block's own would make another element of it.
     if (!digits.empty() && digits != std::to_string(numNodes)) return NO_FAMILY;
@@ -103,7 +100,6 @@ const tool_ElementType* tool_elementType(const std::string& name, int numNodes, 
 {
     const FamilyEnm family = familyOf(name, numNodes);
     for (const Row& row : rows)
-        if (row.family == family && row.type.numNodes == numNodes && row.inSpace == (dimension == 3))
-            return &row.type;
+        if (row.family == family && row.type.numNodes == numNodes && row.inSpace == (dimension == 3)) return &row.type;
     return nullptr;
 }

@@ -57,8 +57,7 @@ class TextTable
 public:
     TextTable(std::size_t count, std::size_t width) : m_bytes(count * (width + 1), '\0'), m_rows(count)
     {
-        for (std::size_t i = 0; i < count; ++i)
-            m_rows[i] = m_bytes.data() + i * (width + 1);
+        for (std::size_t i = 0; i < count; ++i) m_rows[i] = m_bytes.data() + i * (width + 1);
     }
     char** rows() { return m_rows.data(); }
 
@@ -89,10 +88,7 @@ exo_Reader::exo_Reader(const std::string& path) : m_path(path)
     }
 }
 
-exo_Reader::~exo_Reader()
-{
-    ex_close(m_id);
-}
+exo_Reader::~exo_Reader() { ex_close(m_id); }
 
 void exo_Reader::check(int status, const char* what) const
 {
@@ -142,8 +138,7 @@ std::vector<std::string> exo_Reader::names(int entityType, int count) const
     TextTable table(result.size(), static_cast<std::size_t>(m_nameLength));
     // Files older than names have no table of them.
     if (ex_get_names(m_id, static_cast<ex_entity_type>(entityType), table.rows()) >= 0)
-        for (std::size_t i = 0; i < result.size(); ++i)
-            result[i] = trimmed(table.rows()[i]);
+        for (std::size_t i = 0; i < result.size(); ++i) result[i] = trimmed(table.rows()[i]);
     return result;
 }
 
@@ -198,14 +193,13 @@ void exo_Reader::readVariables()
         number(count, "variables");
         TextTable table(static_cast<std::size_t>(count), static_cast<std::size_t>(m_nameLength));
         check(ex_get_variable_names(m_id, entityTypes[kind], count, table.rows()), "the names of variables");
-        for (int i = 0; i < count; ++i)
-            m_variables[kind].push_back(trimmed(table.rows()[i]));
+        for (int i = 0; i < count; ++i) m_variables[kind].push_back(trimmed(table.rows()[i]));
     }
     const std::size_t numVariables = m_variables[exo_ELEMENT].size();
     m_truth.assign(m_blocks.size() * numVariables, 1);
     if (!m_truth.empty())
-        check(ex_get_truth_table(m_id, EX_ELEM_BLOCK, static_cast<int>(m_blocks.size()),
-                                 static_cast<int>(numVariables), m_truth.data()),
+        check(ex_get_truth_table(m_id, EX_ELEM_BLOCK, static_cast<int>(m_blocks.size()), static_cast<int>(numVariables),
+                                 m_truth.data()),
               "the truth table");
     for (const exo_VariableKindEnm kind : {exo_NODE_SET, exo_SIDE_SET}) {
         const std::size_t numSets = (kind == exo_NODE_SET ? m_nodeSets : m_sideSets).size();
@@ -251,8 +245,8 @@ std::vector<int> exo_Reader::connectivity(const exo_Block& block) const
     check(ex_get_conn(m_id, EX_ELEM_BLOCK, block.id, nodes.data(), nullptr, nullptr), "the connectivity");
     for (int& node : nodes) {
         if (node < 1 || node > m_numNodes)
-            throw tool_Failure("block " + std::to_string(block.id) + " names node " + std::to_string(node) +
-                               " of " + std::to_string(m_numNodes) + ": " + m_path);
+            throw tool_Failure("block " + std::to_string(block.id) + " names node " + std::to_string(node) + " of " +
+                               std::to_string(m_numNodes) + ": " + m_path);
         --node;
     }
     return nodes;
@@ -265,8 +259,8 @@ std::vector<int> exo_Reader::nodesOf(const exo_Set& set) const
     check(ex_get_set(m_id, EX_NODE_SET, set.id, nodes.data(), nullptr), "a node set");
     for (int& node : nodes) {
         if (node < 1 || node > m_numNodes)
-            throw tool_Failure("node set " + std::to_string(set.id) + " names node " + std::to_string(node) +
-                               " of " + std::to_string(m_numNodes) + ": " + m_path);
+            throw tool_Failure("node set " + std::to_string(set.id) + " names node " + std::to_string(node) + " of " +
+                               std::to_string(m_numNodes) + ": " + m_path);
         --node;
     }
     return nodes;
@@ -280,9 +274,8 @@ void exo_Reader::sidesOf(const exo_Set& set, std::vector<int>& elements, std::ve
     check(ex_get_set(m_id, EX_SIDE_SET, set.id, elements.data(), sides.data()), "a side set");
     for (int& element : elements) {
         if (element < 1 || element > m_numElements)
-            throw tool_Failure("side set " + std::to_string(set.id) + " names element " +
-                               std::to_string(element) + " of " + std::to_string(m_numElements) + ": " +
-                               m_path);
+            throw tool_Failure("side set " + std::to_string(set.id) + " names element " + std::to_string(element) +
+                               " of " + std::to_string(m_numElements) + ": " + m_path);
         --element;
     }
 }
@@ -308,8 +301,8 @@ void exo_Reader::elementValues(int step, std::size_t variable, const exo_Block& 
 {
     values.resize(static_cast<std::size_t>(block.numElements));
     if (values.empty()) return;
-    check(ex_get_var(m_id, step + 1, EX_ELEM_BLOCK, static_cast<int>(variable) + 1, block.id,
-                     block.numElements, values.data()),
+    check(ex_get_var(m_id, step + 1, EX_ELEM_BLOCK, static_cast<int>(variable) + 1, block.id, block.numElements,
+                     values.data()),
           ("element variable " + m_variables[exo_ELEMENT][variable]).c_str());
 }
 
@@ -318,7 +311,7 @@ void exo_Reader::setValues(int step, exo_VariableKindEnm kind, std::size_t varia
 {
     values.resize(static_cast<std::size_t>(set.size));
     if (values.empty()) return;
-    check(ex_get_var(m_id, step + 1, entityTypes[kind], static_cast<int>(variable) + 1, set.id, set.size,
-                     values.data()),
-          ("set variable " + m_variables[kind][variable]).c_str());
+    check(
+        ex_get_var(m_id, step + 1, entityTypes[kind], static_cast<int>(variable) + 1, set.id, set.size, values.data()),
+        ("set variable " + m_variables[kind][variable]).c_str());
 }

@@ -86,8 +86,7 @@ public:
     /// One value a node. `values` is resized; a buffer to use again spares memory.
     void nodalValues(int step, std::size_t variable, std::vector<double>& values) const;
     /// One value an element of the block.
-    void elementValues(int step, std::size_t variable, const exo_Block& block,
-                       std::vector<double>& values) const;
+    void elementValues(int step, std::size_t variable, const exo_Block& block, std::vector<double>& values) const;
     /// One value a node of a node set, or a side of a side set.
     void setValues(int step, exo_VariableKindEnm kind, std::size_t variable, const exo_Set& set,
                    std::vector<double>& values) const;

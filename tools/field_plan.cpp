@@ -15,8 +15,7 @@ constexpr std::size_t none = static_cast<std::size_t>(-1);
 
 std::string lower(std::string text)
 {
-    for (char& c : text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return text;
 }
 
@@ -36,8 +35,8 @@ std::size_t placeOf(const Names& names, const std::string& name)
 // 0 to 5 in the order 11 22 33 12 13 23; none for letters that are no pair of axes.
 std::size_t tensorPlace(const std::string& pair)
 {
-    static const std::map<std::string, std::size_t> places = {
-        {"xx", 0}, {"yy", 1}, {"zz", 2}, {"xy", 3}, {"yx", 3}, {"zx", 4}, {"xz", 4}, {"yz", 5}, {"zy", 5}};
+    static const std::map<std::string, std::size_t> places = {{"xx", 0}, {"yy", 1}, {"zz", 2}, {"xy", 3}, {"yx", 3},
+                                                              {"zx", 4}, {"xz", 4}, {"yz", 5}, {"zy", 5}};
     const auto found = places.find(lower(pair));
     return found == places.end() ? none : found->second;
 }
@@ -103,8 +102,7 @@ private:
         group.kind = kind;
         group.names = names;
         group.blocks.resize(names.size());
-        for (std::size_t i = 0; i < names.size(); ++i)
-            group.variables.push_back({i});
+        for (std::size_t i = 0; i < names.size(); ++i) group.variables.push_back({i});
         return group;
     }
 
@@ -140,8 +138,7 @@ private:
             for (const auto& [number, variable] : numbered) {
                 if (static_cast<std::size_t>(number) > count) continue;
                 variables.push_back(variable);
-                for (const std::size_t block : blocks)
-                    consumed.emplace(block, variable);
+                for (const std::size_t block : blocks) consumed.emplace(block, variable);
             }
             points.names.push_back(base);
             points.blocks.push_back(blocks);
@@ -152,10 +149,8 @@ private:
             Places blocks;
             bool isConsumed = false;
             for (std::size_t block = 0; block < m_variables.numBlocks; ++block) {
-                if (consumed.contains({block, i}))
-                    isConsumed = true;
-                else if (m_variables.hasVariable(block, i))
-                    blocks.push_back(block);
+                if (consumed.contains({block, i})) isConsumed = true;
+                else if (m_variables.hasVariable(block, i)) blocks.push_back(block);
             }
             if (isConsumed && blocks.empty()) continue;
             elements.names.push_back(names[i]);
@@ -263,8 +258,7 @@ private:
             m_fields.emplace_back();
             m_fields.back().name = stem;
             m_fields.back().type = type;
-            for (const std::size_t member : members)
-                m_fields.back().componentLabels.push_back(group.names[member]);
+            for (const std::size_t member : members) m_fields.back().componentLabels.push_back(group.names[member]);
         }
         put(m_fields[m_fieldOf[stem]], group, members);
         used.insert(members.begin(), members.end());
@@ -276,8 +270,7 @@ private:
         const std::string& name = group.names[first];
         if (name.empty()) return false;
         const char last = name.back();
-        if (last != 'x' && last != 'X' && last != 'y' && last != 'Y' && last != 'z' && last != 'Z')
-            return false;
+        if (last != 'x' && last != 'X' && last != 'y' && last != 'Y' && last != 'z' && last != 'Z') return false;
         const std::string stem = name.substr(0, name.size() - 1);
         const char x = std::isupper(static_cast<unsigned char>(last)) ? 'X' : 'x';
         if (isTensorRow(group.names, stem, x)) return false;
@@ -335,8 +328,7 @@ private:
         const std::string stem = name.substr(0, name.size() - 2);
         Tensor& tensor = tensors[stem];
         const auto& members = tensor.members;
-        if (tensor.isAmbiguous || std::find(members.begin(), members.end(), none) != members.end())
-            return false;
+        if (tensor.isAmbiguous || std::find(members.begin(), members.end(), none) != members.end()) return false;
         tensor.isAmbiguous = true; // decided now, either way
         return takeField(group, stemName(stem), tool_PlannedField::TENSOR, "tensor",
                          Places(members.begin(), members.end()), used);
@@ -349,8 +341,7 @@ private:
         if (group.kind == Group::ELEMENT || numberBehind(group.names[first], stem) == 0) return false;
         Places members;
         if (group.kind == Group::POINTS) {
-            for (int c = 1; c <= 9; ++c)
-                members.push_back(placeOf(group.names, stem + "_" + std::to_string(c)));
+            for (int c = 1; c <= 9; ++c) members.push_back(placeOf(group.names, stem + "_" + std::to_string(c)));
             if (placeOf(group.names, stem + "_10") != none) return false;
         } else {
             const std::string rows = stem;

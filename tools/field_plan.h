@@ -33,10 +33,10 @@ struct tool_PlannedField
 
     std::string name;
     TypeEnm type = SCALAR;
-    std::vector<std::string> componentLabels; ///< the variables' own names; empty for a scalar or a matrix
-    std::vector<std::size_t> nodal;           ///< nodal variables, by place; empty for none
-    std::vector<std::size_t> element;         ///< element variables
-    std::vector<std::size_t> elementBlocks;   ///< the blocks that have them
+    std::vector<std::string> componentLabels;     ///< the variables' own names; empty for a scalar or a matrix
+    std::vector<std::size_t> nodal;               ///< nodal variables, by place; empty for none
+    std::vector<std::size_t> element;             ///< element variables
+    std::vector<std::size_t> elementBlocks;       ///< the blocks that have them
     std::vector<std::vector<std::size_t>> points; ///< element variables by component and integration point
     std::vector<std::size_t> pointBlocks;         ///< the blocks whose elements have so many points
     std::vector<std::size_t> nodeSet;             ///< one node set variable

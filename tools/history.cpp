@@ -27,8 +27,7 @@ struct Curve
 };
 
 // Reads a curve in pieces, so that its length does not matter.
-template<class Visit>
-void walk(const Curve& curve, const Visit& visit)
+template<class Visit> void walk(const Curve& curve, const Visit& visit)
 {
     constexpr long long piece = 65536;
     const bool isComplex = curve.output.hasConjugate();
@@ -44,10 +43,7 @@ void walk(const Curve& curve, const Visit& visit)
 }
 
 // A time that came as a float reads back as that float.
-bool isFloat(double time)
-{
-    return static_cast<double>(static_cast<float>(time)) == time;
-}
+bool isFloat(double time) { return static_cast<double>(static_cast<float>(time)) == time; }
 
 std::string timeText(double time)
 {
@@ -56,10 +52,8 @@ std::string timeText(double time)
 
 void jsonTime(tool_JsonWriter& json, double time)
 {
-    if (isFloat(time))
-        json.value(static_cast<float>(time));
-    else
-        json.value(time);
+    if (isFloat(time)) json.value(static_cast<float>(time));
+    else json.value(time);
 }
 
 std::string positionOf(const yld_HistoryRegion& region)
@@ -258,8 +252,8 @@ void plot(const tool_HistoryRequest& request, const yld_Step& step, const std::v
 {
     if (curves.size() > tool_mostCurves)
         throw tool_Failure(std::to_string(curves.size()) + " curves are too many for one plot, " +
-                           std::to_string(tool_mostCurves) + " are the most; choose with --region and --output: " +
-                           request.path);
+                           std::to_string(tool_mostCurves) +
+                           " are the most; choose with --region and --output: " + request.path);
     std::vector<tool_PlotCurve> drawn;
     for (const Curve& curve : curves) {
         tool_PlotCurve next;
@@ -272,8 +266,8 @@ void plot(const tool_HistoryRequest& request, const yld_Step& step, const std::v
         drawn.push_back(next);
     }
     if (!request.picture.empty()) {
-        const std::string title = std::filesystem::path(request.path).filename().string() + ", step " +
-                                  tool_oneLine(tool_text(step.name()));
+        const std::string title =
+            std::filesystem::path(request.path).filename().string() + ", step " + tool_oneLine(tool_text(step.name()));
         writePicture(request.picture, tool_svgPlot(drawn, axisName(step), title));
         return;
     }
@@ -291,7 +285,8 @@ void tool_history(const tool_HistoryRequest& request)
     const std::string where = "step \"" + tool_text(step.name()) + "\" of " + request.path;
     const yld_Repository<yld_String, yld_HistoryRegionPers>& regions = std::as_const(step).historyRegions();
     if (!request.region.empty() && !regions.isMember(request.region.c_str()))
-        throw tool_Failure("no region \"" + request.region + "\" in " + where + tool_choices(tool_texts(regions.keys())));
+        throw tool_Failure("no region \"" + request.region + "\" in " + where +
+                           tool_choices(tool_texts(regions.keys())));
 
     std::vector<Curve> curves;
     std::vector<std::string> outputNames;
@@ -301,7 +296,8 @@ void tool_history(const tool_HistoryRequest& request)
         yld_RepositoryIT<yld_String, yld_HistoryOutput> output(region.currentValue().historyOutputs());
         for (output.first(); !output.isDone(); output.next()) {
             const std::string name = tool_text(output.currentKey());
-            if (std::find(outputNames.begin(), outputNames.end(), name) == outputNames.end()) outputNames.push_back(name);
+            if (std::find(outputNames.begin(), outputNames.end(), name) == outputNames.end())
+                outputNames.push_back(name);
             if (!request.output.empty() && request.output != name) continue;
             curves.push_back({region.currentValue(), output.currentValue(), output.currentValue().dataSize()});
         }
@@ -315,19 +311,13 @@ void tool_history(const tool_HistoryRequest& request)
         if (curves.empty()) throw tool_Failure("no history in " + where);
         plot(request, step, curves, output);
     } else if (request.isChoice()) {
-        if (request.format == tool_HistoryRequest::JSON)
-            printJson(name, curves, output);
-        else if (request.format == tool_HistoryRequest::CSV)
-            printCsv(curves, output);
-        else
-            printTable(curves, output);
+        if (request.format == tool_HistoryRequest::JSON) printJson(name, curves, output);
+        else if (request.format == tool_HistoryRequest::CSV) printCsv(curves, output);
+        else printTable(curves, output);
     } else {
-        if (request.format == tool_HistoryRequest::JSON)
-            listJson(name, curves, output);
-        else if (request.format == tool_HistoryRequest::CSV)
-            listCsv(curves, output);
-        else
-            listTable(name, curves, output);
+        if (request.format == tool_HistoryRequest::JSON) listJson(name, curves, output);
+        else if (request.format == tool_HistoryRequest::CSV) listCsv(curves, output);
+        else listTable(name, curves, output);
     }
     output.finish();
 }

@@ -25,8 +25,8 @@ struct tool_HistoryRequest
     bool isChoice() const { return !region.empty() || !output.empty(); }
 };
 
-/// Lists the curves of a step; of those that are chosen it prints the pairs, or draws them. Raises tool_Failure for a step,
-/// a region or an output that is not there.
+/// Lists the curves of a step; of those that are chosen it prints the pairs, or draws them. Raises tool_Failure for a
+/// step, a region or an output that is not there.
 void tool_history(const tool_HistoryRequest& request);
 
 #endif

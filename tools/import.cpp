@@ -55,9 +55,9 @@ public:
     {
         m_types = elementTypes();
         const std::string partName = std::filesystem::path(m_reader.path()).stem().string();
-        yld_Part& part = m_database.Part(
-            partName.c_str(), m_reader.dimension() == 3 ? yld_Enum::THREE_D : yld_Enum::TWO_D_PLANAR,
-            yld_Enum::DEFORMABLE_BODY);
+        yld_Part& part =
+            m_database.Part(partName.c_str(), m_reader.dimension() == 3 ? yld_Enum::THREE_D : yld_Enum::TWO_D_PLANAR,
+                            yld_Enum::DEFORMABLE_BODY);
         addNodes(part);
         addBlocks(part);
         yld_Instance& instance = m_database.rootAssembly().Instance((partName + "-1").c_str(), part);
@@ -72,22 +72,18 @@ public:
     {
         std::string left;
         const auto add = [&](std::size_t count, const char* one, const char* many) {
-            if (count != 0)
-                append(left, std::to_string(count).append(" ").append(count == 1 ? one : many), ", ");
+            if (count != 0) append(left, std::to_string(count).append(" ").append(count == 1 ? one : many), ", ");
         };
         const auto mention = [&](bool isThere, const char* what) {
             if (isThere) append(left, what, ", ");
         };
         // Without times there is no step for them.
-        if (m_reader.times().empty())
-            add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
+        if (m_reader.times().empty()) add(m_reader.variables(exo_GLOBAL).size(), "global variable", "global variables");
         bool attributes = false;
-        for (const exo_Block& block : m_reader.blocks())
-            attributes = attributes || block.numAttributes > 0;
+        for (const exo_Block& block : m_reader.blocks()) attributes = attributes || block.numAttributes > 0;
         bool factors = false;
         for (const auto* sets : {&m_reader.nodeSets(), &m_reader.sideSets()})
-            for (const exo_Set& set : *sets)
-                factors = factors || set.numDistributionFactors > 0;
+            for (const exo_Set& set : *sets) factors = factors || set.numDistributionFactors > 0;
         mention(attributes, "block attributes");
         mention(factors, "distribution factors");
         add(static_cast<std::size_t>(m_reader.numOtherEntities()), "edge, face or element set entity",
@@ -95,12 +91,10 @@ public:
         add(m_sidesLeftOut, "side without a counterpart", "sides without a counterpart");
         if (!left.empty()) std::fprintf(stderr, "yld: not imported: %s\n", left.c_str());
         std::string notes;
-        for (const std::string& note : m_notes)
-            append(notes, note, "; ");
+        for (const std::string& note : m_notes) append(notes, note, "; ");
         if (m_valuesOutOfRange > 0)
             append(notes,
-                   std::to_string(m_valuesOutOfRange)
-                       .append(" values beyond the range of a float became infinite"),
+                   std::to_string(m_valuesOutOfRange).append(" values beyond the range of a float became infinite"),
                    "; ");
         if (!notes.empty()) std::fprintf(stderr, "yld: note: %s\n", tool_oneLine(notes).c_str());
     }
@@ -128,9 +122,9 @@ private:
             if (block.numElements > 0) {
                 type = tool_elementType(block.type, block.nodesPerElement, m_reader.dimension());
                 if (type == nullptr)
-                    throw tool_Failure("block " + std::to_string(block.id) + " has elements of type \"" +
-                                       block.type + "\" with " + std::to_string(block.nodesPerElement) +
-                                       " nodes in " + std::to_string(m_reader.dimension()) +
+                    throw tool_Failure("block " + std::to_string(block.id) + " has elements of type \"" + block.type +
+                                       "\" with " + std::to_string(block.nodesPerElement) + " nodes in " +
+                                       std::to_string(m_reader.dimension()) +
                                        " dimensions, which have no counterpart: " + m_reader.path());
             }
             types.push_back(type);
@@ -145,8 +139,7 @@ private:
         std::string unique = name.empty() ? prefix + std::to_string(id) : name;
         if (!given.insert(unique).second) {
             unique.append("_").append(std::to_string(id));
-            while (!given.insert(unique).second)
-                unique += "_";
+            while (!given.insert(unique).second) unique += "_";
         }
         return unique;
     }
@@ -160,8 +153,7 @@ private:
         yld_Sequence<yld_Sequence<float>> rows(static_cast<int>(m_nodeLabels.size()));
         float row[3] = {};
         for (std::size_t i = 0; i < m_nodeLabels.size(); ++i) {
-            for (std::size_t axis = 0; axis < axes.size(); ++axis)
-                row[axis] = single(axes[axis][i]);
+            for (std::size_t axis = 0; axis < axes.size(); ++axis) row[axis] = single(axes[axis][i]);
             rows.append(yld_Sequence<float>(row, width));
         }
         part.addNodes(sequence(m_nodeLabels), rows);
@@ -183,8 +175,7 @@ private:
             std::vector<int> row(static_cast<std::size_t>(type.numNodes));
             for (std::size_t at = 0; at < theirs.size(); at += row.size()) {
                 for (std::size_t i = 0; i < row.size(); ++i) {
-                    const std::size_t place =
-                        type.order == nullptr ? i : static_cast<std::size_t>(type.order[i]);
+                    const std::size_t place = type.order == nullptr ? i : static_cast<std::size_t>(type.order[i]);
                     row[i] = m_nodeLabels[static_cast<std::size_t>(theirs[at + place])];
                 }
                 rows.append(yld_Sequence<int>(row.data(), type.numNodes));
@@ -200,8 +191,7 @@ private:
     void addElementSets(yld_Instance& instance)
     {
         for (std::size_t b = 0; b < m_blockLabels.size(); ++b)
-            if (m_types[b] != nullptr)
-                instance.ElementSet(m_blockNames[b].c_str(), sequence(m_blockLabels[b]));
+            if (m_types[b] != nullptr) instance.ElementSet(m_blockNames[b].c_str(), sequence(m_blockLabels[b]));
     }
 
     void addNodeSets(yld_Part& part, yld_Instance& instance)
@@ -210,8 +200,7 @@ private:
         for (const exo_Set& set : m_reader.nodeSets()) {
             const std::string name = uniqueName(set.name, "nodelist_", set.id, given);
             std::vector<int> labels = m_reader.nodesOf(set);
-            for (int& label : labels)
-                label = m_nodeLabels[static_cast<std::size_t>(label)];
+            for (int& label : labels) label = m_nodeLabels[static_cast<std::size_t>(label)];
             m_nodeSetLabels.push_back(m_reader.variables(exo_NODE_SET).empty() ? std::vector<int>() : labels);
             part.NodeSet(name.c_str(), sequence(labels));
             instance.NodeSet(name.c_str(), sequence(labels));
@@ -298,18 +287,16 @@ private:
         const std::vector<tool_PlannedField> fields = planFields();
 
         const std::string fileName = std::filesystem::path(m_reader.path()).filename().string();
-        const std::string description =
-            m_reader.title().empty() ? "time steps of " + fileName : m_reader.title();
-        yld_Step& step = m_database.Step("Step-1", description.c_str(), yld_Enum::TIME,
-                                         times.back() > 0.0 ? times.back() : 1.0);
+        const std::string description = m_reader.title().empty() ? "time steps of " + fileName : m_reader.title();
+        yld_Step& step =
+            m_database.Step("Step-1", description.c_str(), yld_Enum::TIME, times.back() > 0.0 ? times.back() : 1.0);
         std::vector<yld_HistoryOutput> curves = addCurves(step);
         tool_Progress progress("importing", static_cast<int>(times.size()));
         for (std::size_t i = 0; i < times.size(); ++i) {
             {
                 const int index = static_cast<int>(i);
                 yld_Frame frame = step.Frame(index, times[i], ("time step " + std::to_string(i + 1)).c_str());
-                for (const tool_PlannedField& field : fields)
-                    addField(frame, field, index, instance);
+                for (const tool_PlannedField& field : fields) addField(frame, field, index, instance);
             }
             step.ClearFrameContainer();
             m_reader.globalValues(static_cast<int>(i), m_column);
@@ -329,8 +316,7 @@ private:
         yld_HistoryRegion& region = step.HistoryRegion(point.shortText(), point.longText(), point);
         std::set<std::string> given;
         for (std::size_t i = 0; i < variables.size(); ++i) {
-            const std::string name =
-                uniqueName(variables[i], "global_", static_cast<std::int64_t>(i) + 1, given);
+            const std::string name = uniqueName(variables[i], "global_", static_cast<std::int64_t>(i) + 1, given);
             curves.push_back(region.HistoryOutput(name.c_str(), variables[i].c_str(), yld_Enum::SCALAR));
         }
         return curves;
@@ -367,11 +353,10 @@ private:
         const auto isMirrored = [&nine] {
             for (std::size_t i = 0; i < nine[0].size(); ++i) {
                 double largest = 0.0;
-                for (const std::vector<double>& column : nine)
-                    largest = std::max(largest, std::fabs(column[i]));
+                for (const std::vector<double>& column : nine) largest = std::max(largest, std::fabs(column[i]));
                 for (const auto& [upper, below] : {std::pair(1, 3), std::pair(2, 6), std::pair(5, 7)})
-                    if (std::fabs(nine[static_cast<std::size_t>(upper)][i] -
-                                  nine[static_cast<std::size_t>(below)][i]) > 1e-6 * largest)
+                    if (std::fabs(nine[static_cast<std::size_t>(upper)][i] - nine[static_cast<std::size_t>(below)][i]) >
+                        1e-6 * largest)
                         return false;
             }
             return true;
@@ -379,8 +364,7 @@ private:
         for (std::size_t step = 0; step < m_reader.times().size(); ++step) {
             const int index = static_cast<int>(step);
             if (!field.nodal.empty()) {
-                for (std::size_t c = 0; c < 9; ++c)
-                    m_reader.nodalValues(index, field.nodal[c], nine[c]);
+                for (std::size_t c = 0; c < 9; ++c) m_reader.nodalValues(index, field.nodal[c], nine[c]);
                 if (!isMirrored()) return false;
             }
             for (const std::size_t block : field.pointBlocks)
@@ -417,16 +401,13 @@ private:
             invariants = {yld_Enum::MAGNITUDE};
         } else if (planned.type == tool_PlannedField::TENSOR) {
             type = yld_Enum::TENSOR_3D_FULL;
-            invariants = {yld_Enum::MISES,        yld_Enum::TRESCA,        yld_Enum::PRESS,
-                          yld_Enum::INV3,         yld_Enum::MAX_PRINCIPAL, yld_Enum::MID_PRINCIPAL,
-                          yld_Enum::MIN_PRINCIPAL};
+            invariants = {yld_Enum::MISES,         yld_Enum::TRESCA,        yld_Enum::PRESS,        yld_Enum::INV3,
+                          yld_Enum::MAX_PRINCIPAL, yld_Enum::MID_PRINCIPAL, yld_Enum::MIN_PRINCIPAL};
         }
         yld_Sequence<yld_String> labels;
-        for (const std::string& label : planned.componentLabels)
-            labels.append(yld_String(label.c_str()));
+        for (const std::string& label : planned.componentLabels) labels.append(yld_String(label.c_str()));
         yld_Sequence<yld_Enum::yld_InvariantEnum> valid;
-        for (const yld_Enum::yld_InvariantEnum invariant : invariants)
-            valid.append(invariant);
+        for (const yld_Enum::yld_InvariantEnum invariant : invariants) valid.append(invariant);
         return frame.FieldOutput(name, name, type, labels, valid);
     }
 
@@ -483,8 +464,7 @@ private:
                 m_reader.setValues(index, exo_SIDE_SET, variable, set, m_column);
                 for (const SideBlock& block : m_sideBlocks[s]) {
                     m_rows.clear();
-                    for (const std::size_t side : block.sides)
-                        m_rows.push_back(single(m_column[side]));
+                    for (const std::size_t side : block.sides) m_rows.push_back(single(m_column[side]));
                     write(yld_Enum::WHOLE_ELEMENT, block.labels, block.labels.size(), 1);
                 }
             }
@@ -492,8 +472,7 @@ private:
 
     void fillColumn(std::size_t component, std::size_t width)
     {
-        for (std::size_t i = 0; i < m_column.size(); ++i)
-            m_rows[i * width + component] = single(m_column[i]);
+        for (std::size_t i = 0; i < m_column.size(); ++i) m_rows[i * width + component] = single(m_column[i]);
     }
 
     float single(double value)
@@ -514,7 +493,7 @@ private:
     std::vector<int> m_nodeLabels;
     std::vector<std::vector<int>> m_blockLabels;
     std::vector<std::string> m_blockNames;
-    std::vector<std::vector<int>> m_nodeSetLabels;   // only where sets have variables
+    std::vector<std::vector<int>> m_nodeSetLabels;    // only where sets have variables
     std::vector<std::vector<SideBlock>> m_sideBlocks; // the same, for sets with variables
     std::vector<double> m_column;
     std::vector<float> m_rows;
@@ -530,8 +509,7 @@ void tool_import(const std::string& source, const std::string& target, bool mayR
     const exo_Reader reader(source);
     tool_TargetFile file(target, source, mayReplace);
     const std::string description = "imported from " + std::filesystem::path(source).filename().string();
-    yld_Yld& database =
-        Yld(file.path().c_str(), reader.title().c_str(), description.c_str(), file.path().c_str());
+    yld_Yld& database = Yld(file.path().c_str(), reader.title().c_str(), description.c_str(), file.path().c_str());
     OpenDatabase open(database);
     Importer importer(reader, database);
     importer.run();

@@ -35,8 +35,7 @@ std::vector<Position> positionsOf(const yld_FieldOutput& field)
     for (int i = 0; i < blocks.size(); ++i) {
         const yld_SubField& block = blocks[i];
         std::size_t at = 0;
-        while (at < positions.size() && positions[at].first != block.position())
-            ++at;
+        while (at < positions.size() && positions[at].first != block.position()) ++at;
         if (at == positions.size()) positions.emplace_back(block.position(), 0);
         positions[at].second += block.length();
     }
@@ -46,8 +45,7 @@ std::vector<Position> positionsOf(const yld_FieldOutput& field)
 class JsonReport
 {
 public:
-    JsonReport(yld_Yld& database, tool_Output& output)
-        : m_database(database), m_json(output)
+    JsonReport(yld_Yld& database, tool_Output& output) : m_database(database), m_json(output)
     {
         m_json.beginObject();
         m_json.member("version", database.databaseVersion());
@@ -56,14 +54,12 @@ public:
         yld_PartRepository& parts = database.parts();
         const std::vector<std::string> partNames = tool_texts(parts.keys());
         m_json.key("parts").beginArray();
-        for (const std::string& name : partNames)
-            entity(parts.constGet(name.c_str()));
+        for (const std::string& name : partNames) entity(parts.constGet(name.c_str()));
         m_json.endArray();
         const yld_Assembly& assembly = database.rootAssembly();
         const yld_InstanceRepository& instances = assembly.instances();
         m_json.key("instances").beginArray();
-        for (const std::string& name : tool_texts(instances.keys()))
-            entity(instances.constGet(name.c_str()));
+        for (const std::string& name : tool_texts(instances.keys())) entity(instances.constGet(name.c_str()));
         m_json.endArray();
         m_json.key("assembly").beginObject();
         sets(assembly);
@@ -126,8 +122,7 @@ private:
         m_json.member("timePeriod", what.timePeriod());
         m_json.key("frames").beginArray();
         const int count = what.frames().size();
-        for (int i = 0; i < count; ++i)
-            frame(what.frames(i));
+        for (int i = 0; i < count; ++i) frame(what.frames(i));
         m_json.endArray();
         m_json.endObject();
         what.ClearFrameContainer();
@@ -154,8 +149,7 @@ private:
         m_json.member("name", name);
         m_json.member("type", tool_typeName(what.type()));
         m_json.key("components").beginArray();
-        for (const std::string& label : tool_texts(what.componentLabels()))
-            m_json.value(label);
+        for (const std::string& label : tool_texts(what.componentLabels())) m_json.value(label);
         m_json.endArray();
         m_json.key("positions").beginArray();
         for (const Position& position : positionsOf(what)) {
@@ -182,8 +176,7 @@ public:
         line("title", tool_text(database.analysisTitle()));
         line("description", tool_text(database.description()));
         yld_PartRepository& parts = database.parts();
-        for (const std::string& name : tool_texts(parts.keys()))
-            entity("part", parts.constGet(name.c_str()));
+        for (const std::string& name : tool_texts(parts.keys())) entity("part", parts.constGet(name.c_str()));
         const yld_Assembly& assembly = database.rootAssembly();
         const yld_InstanceRepository& instances = assembly.instances();
         for (const std::string& name : tool_texts(instances.keys()))
@@ -213,8 +206,7 @@ private:
         for (int i = 0; i < classes.size(); ++i) {
             m_output << "  ";
             m_output.left(tool_text(classes[i].typeLabel()), 14);
-            m_output << classes[i].numElements() << " elements of " << classes[i].numNodesPerElement()
-                     << " nodes";
+            m_output << classes[i].numElements() << " elements of " << classes[i].numNodesPerElement() << " nodes";
             const std::string category = tool_text(classes[i].categoryLabel());
             if (!category.empty()) m_output << ", " << category;
             m_output << '\n';
@@ -244,10 +236,9 @@ private:
     void step(yld_Step& what)
     {
         const int count = what.frames().size();
-        m_output << "\nstep \"" << tool_text(what.name()) << "\": " << tool_text(what.procedure())
-                 << ", domain " << tool_domainName(what.domain()) << ", time period "
-                 << tool_numberText(what.timePeriod()) << ", " << count
-                 << (count == 1 ? " frame\n" : " frames\n");
+        m_output << "\nstep \"" << tool_text(what.name()) << "\": " << tool_text(what.procedure()) << ", domain "
+                 << tool_domainName(what.domain()) << ", time period " << tool_numberText(what.timePeriod()) << ", "
+                 << count << (count == 1 ? " frame\n" : " frames\n");
         if (count == 0) return;
         m_output << "  ";
         m_output.right("frame", 8);
@@ -272,8 +263,7 @@ private:
         const std::vector<std::string> names = tool_texts(last.fieldOutputs().getFieldOutputNames());
         m_output << "  fields of the last frame: " << static_cast<int>(names.size()) << '\n';
         std::size_t width = 12;
-        for (const std::string& name : names)
-            width = std::max(width, std::min<std::size_t>(name.size(), 40));
+        for (const std::string& name : names) width = std::max(width, std::min<std::size_t>(name.size(), 40));
         for (const std::string& name : names) {
             const yld_FieldOutput& field = last.fieldOutputs().constGet(name.c_str());
             m_output << "    ";
@@ -301,9 +291,7 @@ void tool_info(const std::string& path, bool asJson)
 {
     tool_Database database(path);
     tool_Output output;
-    if (asJson)
-        JsonReport(*database, output);
-    else
-        TextReport(path, *database, output);
+    if (asJson) JsonReport(*database, output);
+    else TextReport(path, *database, output);
     output.finish();
 }

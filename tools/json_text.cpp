@@ -5,8 +5,7 @@
 
 namespace {
 
-template<class T>
-std::string_view shortest(T number, char (&buffer)[32])
+template<class T> std::string_view shortest(T number, char (&buffer)[32])
 {
     if (std::isnan(number)) return "nan";
     if (std::isinf(number)) return number < 0 ? "-inf" : "inf";

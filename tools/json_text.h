@@ -36,11 +36,7 @@ public:
     tool_JsonWriter& value(double number);
 
     /// A key with its value.
-    template<class T>
-    tool_JsonWriter& member(std::string_view name, const T& what)
-    {
-        return key(name).value(what);
-    }
+    template<class T> tool_JsonWriter& member(std::string_view name, const T& what) { return key(name).value(what); }
 
 private:
     tool_JsonWriter& open(char bracket);

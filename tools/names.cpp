@@ -95,8 +95,7 @@ std::string tool_domainName(yld_Enum::yld_DomainEnum domain)
 std::vector<std::string> tool_texts(const yld_Sequence<yld_String>& texts)
 {
     std::vector<std::string> result;
-    for (int i = 0; i < texts.size(); ++i)
-        result.push_back(tool_text(texts[i]));
+    for (int i = 0; i < texts.size(); ++i) result.push_back(tool_text(texts[i]));
     return result;
 }
 
@@ -105,8 +104,7 @@ std::string tool_choices(const std::vector<std::string>& names)
     constexpr std::size_t longest = 400;
     if (names.empty()) return "; there is none";
     std::string list;
-    for (const std::string& name : names)
-        list += (list.empty() ? "" : ", ") + name;
+    for (const std::string& name : names) list += (list.empty() ? "" : ", ") + name;
     if (list.size() > longest) return "; there are " + std::to_string(names.size()) + ", see yld info";
     return "; there is: " + list;
 }
@@ -117,10 +115,8 @@ std::string tool_oneLine(const std::string& text)
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
         const bool isBlank = byte <= 0x20 || byte == 0x7f;
-        if (!isBlank)
-            line.push_back(c);
-        else if (!line.empty() && line.back() != ' ')
-            line.push_back(' ');
+        if (!isBlank) line.push_back(c);
+        else if (!line.empty() && line.back() != ' ') line.push_back(' ');
     }
     if (!line.empty() && line.back() == ' ') line.pop_back();
     return line;
@@ -131,8 +127,7 @@ tool_Database::tool_Database(const std::string& path) : m_database(nullptr)
     // Said here, where the path is as the user wrote it.
     struct stat status;
     if (::stat(path.c_str(), &status) != 0)
-        throw tool_Failure(std::string(errno == ENOENT ? "no such file" : std::strerror(errno)) + ": " +
-                           path);
+        throw tool_Failure(std::string(errno == ENOENT ? "no such file" : std::strerror(errno)) + ": " + path);
     if (S_ISDIR(status.st_mode)) throw tool_Failure("is a directory: " + path);
     if (!S_ISREG(status.st_mode)) throw tool_Failure("is no plain file: " + path);
     if (status.st_size == 0) throw tool_Failure("file is empty: " + path);

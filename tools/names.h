@@ -16,10 +16,7 @@ std::string tool_positionName(yld_Enum::yld_ResultPositionEnum position);
 std::string tool_typeName(yld_Enum::yld_DataTypeEnum type);
 std::string tool_domainName(yld_Enum::yld_DomainEnum domain);
 
-inline std::string tool_text(const yld_String& text)
-{
-    return text.cStr();
-}
+inline std::string tool_text(const yld_String& text) { return text.cStr(); }
 std::vector<std::string> tool_texts(const yld_Sequence<yld_String>& texts);
 
 /// ", there is: a, b, c" for an error message; a count where the names would fill the screen, and a word for

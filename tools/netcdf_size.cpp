@@ -48,11 +48,9 @@ private:
     std::uint64_t bigEndian(int bytes)
     {
         unsigned char raw[8];
-        if (std::fread(raw, 1, static_cast<std::size_t>(bytes), m_file) != static_cast<std::size_t>(bytes))
-            tooShort();
+        if (std::fread(raw, 1, static_cast<std::size_t>(bytes), m_file) != static_cast<std::size_t>(bytes)) tooShort();
         std::uint64_t number = 0;
-        for (int i = 0; i < bytes; ++i)
-            number = number << 8 | raw[i];
+        for (int i = 0; i < bytes; ++i) number = number << 8 | raw[i];
         return number;
     }
     std::uint64_t count() { return bigEndian(m_wideCounts ? 8 : 4); }
@@ -140,10 +138,8 @@ private:
                 const std::uint64_t id = count();
                 if (id >= m_dimensions.size()) damaged();
                 // The unlimited dimension has length 0 in the list and stands first.
-                if (d == 0 && m_dimensions[id] == 0)
-                    variable.hasRecords = true;
-                else
-                    variable.bytes = product(variable.bytes, m_dimensions[id]);
+                if (d == 0 && m_dimensions[id] == 0) variable.hasRecords = true;
+                else variable.bytes = product(variable.bytes, m_dimensions[id]);
             }
             skipAttributes();
             variable.bytes = product(variable.bytes, typeSize());
@@ -185,8 +181,7 @@ void tool_requireWholeNetcdf(const std::string& path)
 {
     struct stat status;
     if (::stat(path.c_str(), &status) != 0)
-        throw tool_Failure(std::string(errno == ENOENT ? "no such file" : std::strerror(errno)) + ": " +
-                           path);
+        throw tool_Failure(std::string(errno == ENOENT ? "no such file" : std::strerror(errno)) + ": " + path);
     if (S_ISDIR(status.st_mode)) throw tool_Failure("is a directory: " + path);
     if (!S_ISREG(status.st_mode)) throw tool_Failure("is no plain file: " + path);
     if (status.st_size == 0) throw tool_Failure("file is empty: " + path);

@@ -12,8 +12,7 @@ namespace {
 std::size_t charactersIn(std::string_view text)
 {
     std::size_t count = 0;
-    for (const char c : text)
-        count += (static_cast<unsigned char>(c) & 0xc0) != 0x80;
+    for (const char c : text) count += (static_cast<unsigned char>(c) & 0xc0) != 0x80;
     return count;
 }
 

@@ -92,7 +92,8 @@ public:
     /// Dots count from the upper left corner.
     void dot(int x, int y)
     {
-        static constexpr std::uint8_t bits[dotsDown][dotsAcross] = {{0x01, 0x08}, {0x02, 0x10}, {0x04, 0x20}, {0x40, 0x80}};
+        static constexpr std::uint8_t bits[dotsDown][dotsAcross] = {
+            {0x01, 0x08}, {0x02, 0x10}, {0x04, 0x20}, {0x40, 0x80}};
         const auto cell = static_cast<std::size_t>(y / dotsDown) * static_cast<std::size_t>(m_columns) +
                           static_cast<std::size_t>(x / dotsAcross);
         m_cells[cell] |= bits[y % dotsDown][x % dotsAcross];
@@ -152,8 +153,8 @@ void addXAxis(std::string& text, const tool_Axis& axis, std::size_t margin, int 
     text += labels + '\n';
 }
 
-std::string terminalPanel(const tool_PlotCurve& curve, const Range& xRange, const Extent& extent, const std::string& xLabel,
-                          int columns, int rows)
+std::string terminalPanel(const tool_PlotCurve& curve, const Range& xRange, const Extent& extent,
+                          const std::string& xLabel, int columns, int rows)
 {
     const tool_Axis y = tool_axisFor(extent.y.low, extent.y.high, std::max(2, rows / 3), true);
     std::vector<std::string> labels(static_cast<std::size_t>(rows));
@@ -254,7 +255,8 @@ std::string tool_unitOf(const std::string& description)
     return begin == std::string::npos ? std::string() : description.substr(begin + 1, end - begin - 1);
 }
 
-std::string tool_terminalPlot(const std::vector<tool_PlotCurve>& curves, const std::string& xLabel, int columns, int rows)
+std::string tool_terminalPlot(const std::vector<tool_PlotCurve>& curves, const std::string& xLabel, int columns,
+                              int rows)
 {
     std::vector<Extent> extents;
     Range x;
@@ -288,11 +290,20 @@ std::string escaped(const std::string& text)
     std::string result;
     for (const char c : tool_validUtf8(text)) {
         switch (c) {
-        case '&': result += "&amp;"; break;
-        case '<': result += "&lt;"; break;
-        case '>': result += "&gt;"; break;
-        case '"': result += "&quot;"; break;
-        default: result.push_back(static_cast<unsigned char>(c) < 0x20 ? ' ' : c);
+        case '&':
+            result += "&amp;";
+            break;
+        case '<':
+            result += "&lt;";
+            break;
+        case '>':
+            result += "&gt;";
+            break;
+        case '"':
+            result += "&quot;";
+            break;
+        default:
+            result.push_back(static_cast<unsigned char>(c) < 0x20 ? ' ' : c);
         }
     }
     return result;
@@ -301,7 +312,9 @@ std::string escaped(const std::string& text)
 class SvgPlot
 {
 public:
-    SvgPlot(const std::vector<tool_PlotCurve>& curves, const std::string& xLabel) : m_curves(curves), m_xLabel(xLabel) {}
+    SvgPlot(const std::vector<tool_PlotCurve>& curves, const std::string& xLabel) : m_curves(curves), m_xLabel(xLabel)
+    {
+    }
 
     std::string draw(const std::string& title)
     {
@@ -327,7 +340,8 @@ public:
         return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" " + size +
                " viewBox=\"0 0 " + number(width) + " " + number(top) +
                "\" font-family=\"Helvetica, Arial, sans-serif\" font-size=\"13\" fill=\"#222\">\n"
-               "<title>" + escaped(title) + "</title>\n<rect " + size + " fill=\"white\"/>\n" +
+               "<title>" +
+               escaped(title) + "</title>\n<rect " + size + " fill=\"white\"/>\n" +
                label(width / 2, 26, "middle", title, " font-size=\"16\"") + m_body + "</svg>\n";
     }
 
@@ -340,15 +354,16 @@ private:
     static constexpr double legendLine = 20.0;
     static constexpr long long mostMarkers = 60;
 
-    static std::string label(double x, double y, const char* anchor, const std::string& text, const std::string& more = "")
+    static std::string label(double x, double y, const char* anchor, const std::string& text,
+                             const std::string& more = "")
     {
         return "<text x=\"" + number(x) + "\" y=\"" + number(y) + "\" text-anchor=\"" + anchor + "\"" + more + ">" +
                escaped(cut(text, mostCharacters)) + "</text>\n";
     }
     static std::string line(double x1, double y1, double x2, double y2, const char* colour)
     {
-        return "<line x1=\"" + number(x1) + "\" y1=\"" + number(y1) + "\" x2=\"" + number(x2) + "\" y2=\"" + number(y2) +
-               "\" stroke=\"" + colour + "\"/>\n";
+        return "<line x1=\"" + number(x1) + "\" y1=\"" + number(y1) + "\" x2=\"" + number(x2) + "\" y2=\"" +
+               number(y2) + "\" stroke=\"" + colour + "\"/>\n";
     }
 
     double panel(const std::vector<std::size_t>& group, double top)
@@ -362,7 +377,8 @@ private:
         for (std::size_t i = 0; i < group.size(); ++i) {
             const double at = top + legendLine * static_cast<double>(i) + 12.0;
             m_body += "<line x1=\"" + number(left) + "\" y1=\"" + number(at - 4.0) + "\" x2=\"" + number(left + 28.0) +
-                      "\" y2=\"" + number(at - 4.0) + "\" stroke=\"" + colours[group[i]] + "\" stroke-width=\"2.5\"/>\n";
+                      "\" y2=\"" + number(at - 4.0) + "\" stroke=\"" + colours[group[i]] +
+                      "\" stroke-width=\"2.5\"/>\n";
             m_body += label(left + 36.0, at, "start", withUnit(m_curves[group[i]].name, m_curves[group[i]].unit));
         }
         const double plotTop = top + legendLine * static_cast<double>(group.size()) + 8.0;
@@ -383,7 +399,8 @@ private:
         m_body += line(left, plotTop, left, bottom, frameColour) + line(left, bottom, right, bottom, frameColour);
         m_body += label((left + right) / 2, bottom + 42.0, "middle", m_xLabel);
         const double middle = (plotTop + bottom) / 2;
-        m_body += label(20.0, middle, "middle", axisText(group), " transform=\"rotate(-90 20.00 " + number(middle) + ")\"");
+        m_body +=
+            label(20.0, middle, "middle", axisText(group), " transform=\"rotate(-90 20.00 " + number(middle) + ")\"");
         for (const std::size_t i : group) curve(i, atX, atY);
         return bottom + 64.0;
     }

@@ -39,10 +39,12 @@ std::string tool_unitOf(const std::string& description);
 
 /// Draws each curve in a panel of its own, in lines of `columns` characters at most, `rows` of them a panel besides
 /// title and labels. Points that are no numbers leave a gap. Raises tool_Failure for a curve without a point to draw.
-std::string tool_terminalPlot(const std::vector<tool_PlotCurve>& curves, const std::string& xLabel, int columns, int rows);
+std::string tool_terminalPlot(const std::vector<tool_PlotCurve>& curves, const std::string& xLabel, int columns,
+                              int rows);
 
 /// The same as an SVG document: curves of one unit share a panel, and each has its colour in the legend.
-std::string tool_svgPlot(const std::vector<tool_PlotCurve>& curves, const std::string& xLabel, const std::string& title);
+std::string tool_svgPlot(const std::vector<tool_PlotCurve>& curves, const std::string& xLabel,
+                         const std::string& title);
 
 /// How many curves one drawing takes.
 constexpr std::size_t tool_mostCurves = 8;

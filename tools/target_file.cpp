@@ -35,10 +35,7 @@ extern "C" void tool_endBySignal(int signal)
     ::raise(signal);
 }
 
-std::string reason(int error)
-{
-    return std::strerror(error);
-}
+std::string reason(int error) { return std::strerror(error); }
 
 void remember(int slot, const std::string& path)
 {

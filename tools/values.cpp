@@ -27,9 +27,8 @@ struct Layout
 struct Block
 {
     explicit Block(const yld_FieldBulkData& data)
-        : bulk(data), instance(tool_text(data.instance().name())),
-          position(tool_positionName(data.position())), nodes(data.nodeLabels()),
-          elements(data.elementLabels()), points(data.integrationPoints())
+        : bulk(data), instance(tool_text(data.instance().name())), position(tool_positionName(data.position())),
+          nodes(data.nodeLabels()), elements(data.elementLabels()), points(data.integrationPoints())
     {
     }
 
@@ -37,8 +36,7 @@ struct Block
     std::string component(int row, int column) const
     {
         const std::ptrdiff_t at = static_cast<std::ptrdiff_t>(row) * bulk.width() + column;
-        return bulk.data() != nullptr ? tool_numberText(bulk.data()[at])
-                                      : tool_numberText(bulk.dataDouble()[at]);
+        return bulk.data() != nullptr ? tool_numberText(bulk.data()[at]) : tool_numberText(bulk.dataDouble()[at]);
     }
 
     const yld_FieldBulkData& bulk;
@@ -50,8 +48,7 @@ struct Block
 };
 
 void printJson(const tool_ValuesRequest& request, const std::string& step, int frame,
-               const std::vector<std::string>& components, const std::vector<Block>& blocks,
-               tool_Output& output)
+               const std::vector<std::string>& components, const std::vector<Block>& blocks, tool_Output& output)
 {
     tool_JsonWriter json(output);
     json.beginObject();
@@ -59,8 +56,7 @@ void printJson(const tool_ValuesRequest& request, const std::string& step, int f
     json.member("step", step);
     json.member("frame", frame);
     json.key("components").beginArray();
-    for (const std::string& component : components)
-        json.value(component);
+    for (const std::string& component : components) json.value(component);
     json.endArray();
     json.key("values").beginArray();
     for (const Block& block : blocks) {
@@ -78,10 +74,8 @@ void printJson(const tool_ValuesRequest& request, const std::string& step, int f
             json.key("data").beginArray();
             for (int column = 0; column < width; ++column) {
                 const std::ptrdiff_t at = static_cast<std::ptrdiff_t>(row) * width + column;
-                if (data != nullptr)
-                    json.value(data[at]);
-                else
-                    json.value(dataDouble[at]);
+                if (data != nullptr) json.value(data[at]);
+                else json.value(dataDouble[at]);
             }
             json.endArray();
             json.endObject();
@@ -99,8 +93,7 @@ void printCsv(const Layout& layout, const std::vector<Block>& blocks, tool_Outpu
     if (layout.hasElement) output << ",element";
     if (layout.hasPoint) output << ",point";
     if (layout.hasSectionPoint) output << ",sectionPoint";
-    for (const std::string& heading : layout.headings)
-        output << ',' << tool_csvCell(heading);
+    for (const std::string& heading : layout.headings) output << ',' << tool_csvCell(heading);
     output << '\n';
     const auto label = [&](bool isColumn, const int* labels, int row) {
         if (!isColumn) return;
@@ -133,8 +126,7 @@ void printTable(const Layout& layout, const std::vector<Block>& blocks, tool_Out
     constexpr std::size_t labelWidth = 10;
     constexpr std::size_t numberWidth = 16;
     std::vector<std::size_t> widths;
-    for (const std::string& heading : layout.headings)
-        widths.push_back(std::max(numberWidth, heading.size() + 2));
+    for (const std::string& heading : layout.headings) widths.push_back(std::max(numberWidth, heading.size() + 2));
 
     output.left("instance", layout.instanceWidth + 2);
     output.left("position", positionWidth);
@@ -142,8 +134,7 @@ void printTable(const Layout& layout, const std::vector<Block>& blocks, tool_Out
     if (layout.hasElement) output.right("element", labelWidth);
     if (layout.hasPoint) output.right("point", labelWidth);
     if (layout.hasSectionPoint) output.right("section", labelWidth);
-    for (std::size_t i = 0; i < widths.size(); ++i)
-        output.right(layout.headings[i], widths[i]);
+    for (std::size_t i = 0; i < widths.size(); ++i) output.right(layout.headings[i], widths[i]);
     output << '\n';
     const auto label = [&](bool isColumn, const int* labels, int row) {
         if (isColumn) output.right(labels != nullptr ? std::to_string(labels[row]) : "", labelWidth);
@@ -156,8 +147,7 @@ void printTable(const Layout& layout, const std::vector<Block>& blocks, tool_Out
             label(layout.hasElement, block.elements, row);
             label(layout.hasPoint, block.points, row);
             if (layout.hasSectionPoint)
-                output.right(block.sectionPoint() > 0 ? std::to_string(block.sectionPoint()) : "",
-                             labelWidth);
+                output.right(block.sectionPoint() > 0 ? std::to_string(block.sectionPoint()) : "", labelWidth);
             for (int column = 0; column < block.bulk.width(); ++column)
                 output.right(block.component(row, column), widths[static_cast<std::size_t>(column)]);
             output << '\n';
@@ -176,8 +166,7 @@ int findFrame(yld_Step& step, const tool_ValuesRequest& request)
     return index;
 }
 
-template<class Names>
-bool contains(const Names& names, const std::string& name)
+template<class Names> bool contains(const Names& names, const std::string& name)
 {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
@@ -223,8 +212,8 @@ void tool_values(const tool_ValuesRequest& request)
         blocks.push_back(block);
     }
     if (!request.position.empty() && !contains(positions, request.position))
-        throw tool_Failure("field \"" + request.field + "\" has no values at position " + request.position +
-                           " in " + where + tool_choices(positions));
+        throw tool_Failure("field \"" + request.field + "\" has no values at position " + request.position + " in " +
+                           where + tool_choices(positions));
     if (!request.instance.empty() && !contains(instances, request.instance))
         throw tool_Failure("field \"" + request.field + "\" has no values on instance \"" + request.instance +
                            "\" in " + where + tool_choices(instances));
@@ -237,8 +226,7 @@ void tool_values(const tool_ValuesRequest& request)
     tool_Output output;
     switch (request.format) {
     case tool_ValuesRequest::JSON:
-        printJson(request, tool_text(step.name()), index, tool_texts(field.componentLabels()), blocks,
-                  output);
+        printJson(request, tool_text(step.name()), index, tool_texts(field.componentLabels()), blocks, output);
         break;
     case tool_ValuesRequest::CSV:
         printCsv(layout, blocks, output);

@@ -59,14 +59,12 @@ int main(int argc, char** argv)
 
     CLI::App app("Looks into .yld results databases and makes them from Exodus II files.", "yld");
     app.require_subcommand(1);
-    app.footer(
-        "Exit codes: 0 done; 1 it failed, one line on standard error says what and where; 2 bad usage.");
+    app.footer("Exit codes: 0 done; 1 it failed, one line on standard error says what and where; 2 bad usage.");
     std::function<void()> command;
 
     std::string path;
     bool asJson = false;
-    CLI::App* const info =
-        app.add_subcommand("info", "Print parts, instances, sets, steps, frames and fields");
+    CLI::App* const info = app.add_subcommand("info", "Print parts, instances, sets, steps, frames and fields");
     info->add_option("FILE", path, "The database")->required();
     info->add_flag("--json", asJson, "One JSON object");
     info->callback([&] { command = [&] { tool_info(path, asJson); }; });
@@ -77,15 +75,13 @@ int main(int argc, char** argv)
     CLI::App* const values = app.add_subcommand("values", "Print the values of one field in one frame");
     values->add_option("FILE", request.path, "The database")->required();
     values->add_option("--step", request.step, "Name of the step; the last one if left out");
-    values->add_option(
-        "--frame", request.frame,
-        "Index of the frame, counted from 0; a negative one counts from the end, -1 is the last and "
-        "what is taken if left out");
+    values->add_option("--frame", request.frame,
+                       "Index of the frame, counted from 0; a negative one counts from the end, -1 is the last and "
+                       "what is taken if left out");
     values->add_option("--field", request.field, "Name of the field")->required();
     values->add_option("--instance", request.instance, "Only the values on this part instance");
-    values->add_option(
-        "--position", request.position,
-        "Only the values at this position: NODAL, ELEMENT_NODAL, INTEGRATION_POINT, CENTROID, ...");
+    values->add_option("--position", request.position,
+                       "Only the values at this position: NODAL, ELEMENT_NODAL, INTEGRATION_POINT, CENTROID, ...");
     CLI::Option* const csv = values->add_flag("--csv", valuesAsCsv, "Comma-separated, a heading first");
     values->add_flag("--json", valuesAsJson, "One JSON object; what is no number is null")->excludes(csv);
     values->footer("Without --csv or --json an aligned table. Numbers read back as what the file holds.");
@@ -99,8 +95,7 @@ int main(int argc, char** argv)
     tool_HistoryRequest curves;
     bool historyAsJson = false;
     bool historyAsCsv = false;
-    CLI::App* const history =
-        app.add_subcommand("history", "List the history of a step, print or draw curves of it");
+    CLI::App* const history = app.add_subcommand("history", "List the history of a step, print or draw curves of it");
     history->add_option("FILE", curves.path, "The database")->required();
     history->add_option("--step", curves.step, "Name of the step; the last one if left out");
     history->add_option("--region", curves.region, "Print the curves of this region");
@@ -117,10 +112,10 @@ int main(int argc, char** argv)
             ->excludes(historyJson)
             ->check([](const std::string& name) {
                 const bool isPicture = name.size() > 4 && name.compare(name.size() - 4, 4, ".svg") == 0;
-                return name.empty() || isPicture ? std::string() : "the name of a picture ends in .svg, not as in " + name;
+                return name.empty() || isPicture ? std::string()
+                                                 : "the name of a picture ends in .svg, not as in " + name;
             });
-    history->footer(
-        "Without --region and --output the curves are listed. Numbers read back as what the file holds.");
+    history->footer("Without --region and --output the curves are listed. Numbers read back as what the file holds.");
     history->callback([&] {
         curves.format = plot->count() > 0 ? tool_HistoryRequest::PLOT
                         : historyAsJson   ? tool_HistoryRequest::JSON

@@ -55,8 +55,7 @@ public:
         const auto at = [&](int di, int dj, int dk) {
             return i + di + (m_n.x + 1) * (j + dj + (m_n.y + 1) * (k + dk));
         };
-        return {at(0, 0, 0), at(1, 0, 0), at(1, 1, 0), at(0, 1, 0),
-                at(0, 0, 1), at(1, 0, 1), at(1, 1, 1), at(0, 1, 1)};
+        return {at(0, 0, 0), at(1, 0, 0), at(1, 1, 0), at(0, 1, 0), at(0, 0, 1), at(1, 0, 1), at(1, 1, 1), at(0, 1, 1)};
     }
 
     bool isRoot(int nodeIndex) const { return nodeIndex % (m_n.x + 1) == 0; }
@@ -78,8 +77,7 @@ public:
         int count = 0;
         for (int node = 0; node < mesh.numNodes(); ++node)
             if (!mesh.isRoot(node))
-                for (int axis = 0; axis < 3; ++axis)
-                    m_freedoms[static_cast<std::size_t>(3 * node + axis)] = count++;
+                for (int axis = 0; axis < 3; ++axis) m_freedoms[static_cast<std::size_t>(3 * node + axis)] = count++;
         m_count = count;
 
         std::vector<Eigen::Triplet<double>> entries;
@@ -110,8 +108,7 @@ public:
         // Consistent loads: every element face gives a quarter of its share to each of its corners.
         Eigen::VectorXd loads = Eigen::VectorXd::Zero(m_count);
         int faces = 0;
-        for (int e = 0; e < m_mesh.numElements(); ++e)
-            faces += m_mesh.isTipElement(e);
+        for (int e = 0; e < m_mesh.numElements(); ++e) faces += m_mesh.isTipElement(e);
         for (int e = 0; e < m_mesh.numElements(); ++e)
             if (m_mesh.isTipElement(e))
                 for (const int node : m_mesh.element(e))
@@ -125,8 +122,7 @@ public:
         return displacements;
     }
 
-    std::array<Hex8::Stress, Hex8::numPoints> stresses(int element,
-                                                       const Eigen::VectorXd& displacements) const
+    std::array<Hex8::Stress, Hex8::numPoints> stresses(int element, const Eigen::VectorXd& displacements) const
     {
         return m_elements[static_cast<std::size_t>(element)].stresses(
             localDisplacements(m_mesh.element(element), displacements));
@@ -171,8 +167,7 @@ private:
     }
     int freedom(const std::array<int, Hex8::numNodes>& nodes, int local) const
     {
-        return m_freedoms[static_cast<std::size_t>(3 * nodes[static_cast<std::size_t>(local / 3)] +
-                                                   local % 3)];
+        return m_freedoms[static_cast<std::size_t>(3 * nodes[static_cast<std::size_t>(local / 3)] + local % 3)];
     }
 
     const Mesh& m_mesh;
@@ -205,8 +200,7 @@ yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh)
     for (int e = 0; e < mesh.numElements(); ++e) {
         elements.append(e + 1);
         yld_Sequence<int> row;
-        for (const int node : mesh.element(e))
-            row.append(node + 1);
+        for (const int node : mesh.element(e)) row.append(node + 1);
         connectivity.append(row);
         if (mesh.isRootElement(e)) rootElements.append(e + 1);
         if (mesh.isTipElement(e)) {
@@ -225,16 +219,15 @@ yld_Instance& writeModel(yld_Yld& db, const Mesh& mesh)
     return instance;
 }
 
-void writeFrame(yld_Step& step, int increment, double fraction, const Eigen::VectorXd& displacements,
-                const Mesh& mesh, const Structure& structure, const yld_Instance& instance,
-                const std::vector<int>& nodes, const std::vector<int>& elements)
+void writeFrame(yld_Step& step, int increment, double fraction, const Eigen::VectorXd& displacements, const Mesh& mesh,
+                const Structure& structure, const yld_Instance& instance, const std::vector<int>& nodes,
+                const std::vector<int>& elements)
 {
     yld_Frame frame = step.Frame(increment, fraction, ("increment " + std::to_string(increment)).c_str());
 
     yld_Sequence<yld_Enum::yld_InvariantEnum> length;
     length.append(yld_Enum::MAGNITUDE);
-    yld_FieldOutput& u =
-        frame.FieldOutput("U", "displacement", yld_Enum::VECTOR, yld_Sequence<yld_String>(), length);
+    yld_FieldOutput& u = frame.FieldOutput("U", "displacement", yld_Enum::VECTOR, yld_Sequence<yld_String>(), length);
     // What a solver has is an array already: it goes out as it is.
     const Eigen::VectorXf rows = displacements.cast<float>();
     u.addBulkData(yld_Enum::NODAL, instance, nodes.data(), mesh.numNodes(), rows.data(), mesh.numNodes(), 3);
@@ -248,8 +241,7 @@ void writeFrame(yld_Step& step, int increment, double fraction, const Eigen::Vec
     std::vector<float> stresses;
     for (int e = 0; e < mesh.numElements(); ++e)
         for (const Hex8::Stress& stress : structure.stresses(e, displacements))
-            for (int i = 0; i < 6; ++i)
-                stresses.push_back(static_cast<float>(stress[i]));
+            for (int i = 0; i < 6; ++i) stresses.push_back(static_cast<float>(stress[i]));
     s.addBulkData(yld_Enum::INTEGRATION_POINT, instance, elements.data(), mesh.numElements(), stresses.data(),
                   static_cast<int>(stresses.size() / 6), 6);
 }
@@ -260,8 +252,7 @@ int division(const char* text)
     const char* const end = text + std::strlen(text);
     const std::from_chars_result result = std::from_chars(text, end, number);
     if (result.ec != std::errc() || result.ptr != end || number < 1 || number > 1000)
-        throw std::invalid_argument(std::string("divisions are whole numbers from 1 to 1000, not \"") + text +
-                                    "\"");
+        throw std::invalid_argument(std::string("divisions are whole numbers from 1 to 1000, not \"") + text + "\"");
     return number;
 }
 
@@ -271,8 +262,7 @@ void analyse(const std::string& path, const Divisions& divisions)
     std::remove(path.c_str());
     const Mesh mesh(divisions);
     const Structure structure(mesh);
-    yld_Yld& db =
-        Yld("cantilever", "Cantilever of hexahedra", "clamped bar, end load in ten increments", path.c_str());
+    yld_Yld& db = Yld("cantilever", "Cantilever of hexahedra", "clamped bar, end load in ten increments", path.c_str());
     const yld_Instance& instance = writeModel(db, mesh);
     std::vector<int> nodes(static_cast<std::size_t>(mesh.numNodes()));
     std::vector<int> elements(static_cast<std::size_t>(mesh.numElements()));
@@ -295,8 +285,8 @@ void analyse(const std::string& path, const Divisions& divisions)
     }
     saveYld(db);
     db.close();
-    std::printf("%s: %d nodes, %d elements, %d increments\n", path.c_str(), mesh.numNodes(),
-                mesh.numElements(), Cantilever::increments);
+    std::printf("%s: %d nodes, %d elements, %d increments\n", path.c_str(), mesh.numNodes(), mesh.numElements(),
+                Cantilever::increments);
 }
 
 } // namespace
@@ -305,14 +295,14 @@ int main(int argc, char** argv)
 {
     try {
         if (argc == 2 && std::string_view(argv[1]) == "--help") {
-            std::puts("usage: cantilever_analysis FILE.yld [NX NY NZ]\n\n"
-                      "Analyses a clamped bar under an end load that grows over ten increments, and writes its results to\n"
-                      "FILE.yld. NX, NY, NZ: how many elements along the bar, across it and over its height.\n"
-                      "Exit status: 0 done, 1 the analysis failed, 2 the arguments are wrong.");
+            std::puts(
+                "usage: cantilever_analysis FILE.yld [NX NY NZ]\n\n"
+                "Analyses a clamped bar under an end load that grows over ten increments, and writes its results to\n"
+                "FILE.yld. NX, NY, NZ: how many elements along the bar, across it and over its height.\n"
+                "Exit status: 0 done, 1 the analysis failed, 2 the arguments are wrong.");
             return 0;
         }
-        if (argc != 2 && argc != 5)
-            throw std::invalid_argument("usage: cantilever_analysis FILE.yld [NX NY NZ]");
+        if (argc != 2 && argc != 5) throw std::invalid_argument("usage: cantilever_analysis FILE.yld [NX NY NZ]");
         const std::string path = argv[1];
         if (!std::string_view(path).ends_with(".yld"))
             throw std::invalid_argument("the name of the results file ends in .yld, not as in " + path);

@@ -24,8 +24,8 @@ void printModel(yld_Yld& db)
     const yld_Sequence<yld_String> names = instances.keys();
     for (int i = 0; i < names.size(); ++i) {
         const yld_Instance& instance = instances.constGet(names[i]);
-        std::printf("  instance %s of part %s: %d nodes, %d elements\n", names[i].cStr(),
-                    instance.partName().cStr(), instance.nodes().size(), instance.elements().size());
+        std::printf("  instance %s of part %s: %d nodes, %d elements\n", names[i].cStr(), instance.partName().cStr(),
+                    instance.nodes().size(), instance.elements().size());
         const yld_Sequence<yld_ElementClass>& classes = instance.elementClasses();
         for (int c = 0; c < classes.size(); ++c)
             std::printf("    %d elements of type %s, %d integration points each\n", classes[c].numElements(),
@@ -35,8 +35,7 @@ void printModel(yld_Yld& db)
 
 // Reads a field twice, value by value and in bulk, and hands each value to `visit`. The two ways must give
 // the same bits at the same places in the same order.
-template<class Visit>
-void walk(const yld_FieldOutput& field, long& compared, const Visit& visit)
+template<class Visit> void walk(const yld_FieldOutput& field, long& compared, const Visit& visit)
 {
     const yld_SequenceFieldBulkData& blocks = field.bulkDataBlocks();
     int index = 0;
@@ -54,29 +53,26 @@ void walk(const yld_FieldOutput& field, long& compared, const Visit& visit)
             if (!samePlace || value.data().length() != block.width() ||
                 std::memcmp(value.data().floatData(), block.data() + width * static_cast<std::size_t>(row),
                             width * sizeof(float)) != 0)
-                throw std::runtime_error(std::string("value ") + std::to_string(index) + " of " +
-                                         field.name().cStr() + " read alone and in bulk differ");
+                throw std::runtime_error(std::string("value ") + std::to_string(index) + " of " + field.name().cStr() +
+                                         " read alone and in bulk differ");
             visit(value, block, row);
             ++compared;
         }
     }
     if (index != field.values().size())
-        throw std::runtime_error(std::string("the bulk data of ") + field.name().cStr() +
-                                 " are not all of its values");
+        throw std::runtime_error(std::string("the bulk data of ") + field.name().cStr() + " are not all of its values");
 }
 
 // The mean displacement of the tip set across the bar, downwards.
 double tipDeflection(const yld_Frame& frame, const yld_Instance& instance, long& compared)
 {
     std::map<int, float> down;
-    walk(frame.fieldOutputs().get("U"), compared,
-         [&](const yld_FieldValue& value, const yld_FieldBulkData&, int) {
-             down[value.nodeLabel()] = -value.data().floatData()[2];
-         });
+    walk(frame.fieldOutputs().get("U"), compared, [&](const yld_FieldValue& value, const yld_FieldBulkData&, int) {
+        down[value.nodeLabel()] = -value.data().floatData()[2];
+    });
     const yld_SequenceNode& tip = instance.nodeSets().constGet("tip").nodes();
     double sum = 0.0;
-    for (int i = 0; i < tip.size(); ++i)
-        sum += static_cast<double>(down.at(tip[static_cast<unsigned>(i)].label()));
+    for (int i = 0; i < tip.size(); ++i) sum += static_cast<double>(down.at(tip[static_cast<unsigned>(i)].label()));
     return sum / tip.size();
 }
 
@@ -116,11 +112,9 @@ Place placeOf(const yld_Instance& instance, const Peak& peak)
     const double at[3] = {point & 1 ? side : -side, point & 2 ? side : -side, point & 4 ? side : -side};
     Place place;
     for (int i = 0; i < corners.size(); ++i) {
-        const double signs[3] = {i % 4 == 1 || i % 4 == 2 ? 1.0 : -1.0, i % 4 >= 2 ? 1.0 : -1.0,
-                                 i >= 4 ? 1.0 : -1.0};
+        const double signs[3] = {i % 4 == 1 || i % 4 == 2 ? 1.0 : -1.0, i % 4 >= 2 ? 1.0 : -1.0, i >= 4 ? 1.0 : -1.0};
         double weight = 0.125;
-        for (int axis = 0; axis < 3; ++axis)
-            weight *= 1.0 + signs[axis] * at[axis];
+        for (int axis = 0; axis < 3; ++axis) weight *= 1.0 + signs[axis] * at[axis];
         const yld_Node node = instance.getNodeFromLabel(corners[i]);
         place.x += weight * node.coordinate(0);
         place.z += weight * node.coordinate(2);
@@ -157,17 +151,15 @@ void report(const char* path)
     const yld_Sequence<yld_String> steps = db.steps().stepNames();
     for (int i = 0; i < steps.size(); ++i) {
         yld_Step& step = db.steps().get(steps[i]);
-        std::printf("step %s: %s, %d frames\n", steps[i].cStr(), step.description().cStr(),
-                    step.frames().size());
-        std::printf("  %9s %14s %14s %14s %11s\n", "increment", "load", "tip deflection", "beam theory",
-                    "difference");
+        std::printf("step %s: %s, %d frames\n", steps[i].cStr(), step.description().cStr(), step.frames().size());
+        std::printf("  %9s %14s %14s %14s %11s\n", "increment", "load", "tip deflection", "beam theory", "difference");
         for (int f = 0; f < step.frames().size(); ++f) {
             const yld_Frame& frame = step.frames(f);
             const double force = frame.frameValue() * Cantilever::load;
             const double deflection = tipDeflection(frame, instance, compared);
             const double theory = Cantilever::deflection(force);
-            std::printf("  %9d %14.6g %14.6g %14.6g %10.3f%%\n", frame.incrementNumber(), force, deflection,
-                        theory, 100.0 * (deflection - theory) / theory);
+            std::printf("  %9d %14.6g %14.6g %14.6g %10.3f%%\n", frame.incrementNumber(), force, deflection, theory,
+                        100.0 * (deflection - theory) / theory);
         }
         const yld_Frame& last = step.frames(step.frames().size() - 1);
         const double force = last.frameValue() * Cantilever::load;
@@ -196,9 +188,10 @@ void report(const char* path)
 int main(int argc, char** argv)
 {
     if (argc == 2 && std::strcmp(argv[1], "--help") == 0) {
-        std::puts("usage: cantilever_report FILE.yld\n\n"
-                  "Reads the results that cantilever_analysis wrote, one by one and in bulk, and compares them with beam\n"
-                  "theory. Exit status: 0 done, 1 the results could not be read, 2 the arguments are wrong.");
+        std::puts(
+            "usage: cantilever_report FILE.yld\n\n"
+            "Reads the results that cantilever_analysis wrote, one by one and in bulk, and compares them with beam\n"
+            "theory. Exit status: 0 done, 1 the results could not be read, 2 the arguments are wrong.");
         return 0;
     }
     if (argc != 2) {

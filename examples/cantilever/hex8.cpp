@@ -24,8 +24,7 @@ Gradients naturalGradients(const Eigen::Vector3d& at)
 }
 
 // Puts the strain of one function with this gradient, times a displacement, into three columns.
-template<class Matrix>
-void placeStrain(Matrix& strain, int column, const Eigen::Vector3d& gradient)
+template<class Matrix> void placeStrain(Matrix& strain, int column, const Eigen::Vector3d& gradient)
 {
     strain(0, column) = gradient[0];
     strain(1, column + 1) = gradient[1];
@@ -65,8 +64,7 @@ Hex8::Hex8(const Corners& corners, double youngsModulus, double poissonsRatio)
     m_stiffness.setZero();
     const double place = 1.0 / std::sqrt(3.0);
     for (int point = 0; point < numPoints; ++point) {
-        const Eigen::Vector3d at(point & 1 ? place : -place, point & 2 ? place : -place,
-                                 point & 4 ? place : -place);
+        const Eigen::Vector3d at(point & 1 ? place : -place, point & 2 ? place : -place, point & 4 ? place : -place);
         const Gradients natural = naturalGradients(at);
         const Eigen::Matrix3d jacobian = corners.transpose() * natural;
         const double volume = jacobian.determinant();
@@ -75,8 +73,7 @@ Hex8::Hex8(const Corners& corners, double youngsModulus, double poissonsRatio)
 
         Strain& strain = m_strain[static_cast<std::size_t>(point)];
         strain.setZero();
-        for (int node = 0; node < numNodes; ++node)
-            placeStrain(strain, 3 * node, gradients.row(node).transpose());
+        for (int node = 0; node < numNodes; ++node) placeStrain(strain, 3 * node, gradients.row(node).transpose());
         ModeStrain& modeStrain = m_modeStrain[static_cast<std::size_t>(point)];
         modeStrain.setZero();
         for (int mode = 0; mode < numModes; ++mode) {

@@ -42,8 +42,7 @@ const char* stpC_argumentName(int number, int part = 0);
 
 /// Base of a persistent class that is a list of arguments in the order in which they are given, and nothing else: each
 /// has a column of its own, named after its place.
-template<class Self, class... Arguments>
-class stpC_WithArguments : public pcl_Class<Self>
+template<class Self, class... Arguments> class stpC_WithArguments : public pcl_Class<Self>
 {
 public:
     stpC_WithArguments() = default;
@@ -58,9 +57,11 @@ public:
     template<class This, class V> static void attributes(This& self, V&& visit)
     {
         auto& kept = static_cast<Part<This>&>(self).m_kept;
-        [&]<std::size_t... i>(std::index_sequence<i...>) {
+        [&]<std::size_t... i>(std::index_sequence<i...>)
+        {
             (visitOne(std::get<i>(kept), static_cast<int>(i) + 1, visit), ...);
-        }(std::index_sequence_for<Arguments...>());
+        }
+        (std::index_sequence_for<Arguments...>());
     }
 
 private:

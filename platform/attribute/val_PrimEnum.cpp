@@ -30,10 +30,7 @@ const val_PrimEnumRow* rowOfNumber(const val_PrimEnumRow* rows, std::int32_t num
     return nullptr;
 }
 
-[[noreturn]] void refuse(const shr_String& message)
-{
-    val_ValueErrorException(message).Throw(__FILE__, __LINE__);
-}
+[[noreturn]] void refuse(const shr_String& message) { val_ValueErrorException(message).Throw(__FILE__, __LINE__); }
 
 } // namespace
 
@@ -44,10 +41,7 @@ void val_PrimEnumBase::DeclareMetadata(pcl_MetadataRegistrar& registrar)
     registrar.add(metadata);
 }
 
-bool val_PrimEnumBase::SetValue(const char* text)
-{
-    return text && setRow(rowOfText(rows(), text));
-}
+bool val_PrimEnumBase::SetValue(const char* text) { return text && setRow(rowOfText(rows(), text)); }
 
 shr_Map<shr_String, unsigned> val_PrimEnumBase::PermissibleValues() const
 {
@@ -72,10 +66,7 @@ void val_PrimEnumBase::DBWrite(pcl_WriteVisitor& visitor) const
     if (visitor.StartWrite(TypeId())) visitor.Write(s_typeAttribute, m_text);
 }
 
-bool val_PrimEnumBase::setNumber(std::int32_t number)
-{
-    return setRow(rowOfNumber(rows(), number));
-}
+bool val_PrimEnumBase::setNumber(std::int32_t number) { return setRow(rowOfNumber(rows(), number)); }
 
 void val_PrimEnumBase::take(std::int32_t number)
 {
@@ -102,8 +93,8 @@ void val_PrimEnumBase::take(pcl_ReadVisitor& visitor)
     std::string text;
     visitor.Read(s_typeAttribute, text);
     if (!SetValue(text.c_str()))
-        refuse(msg_Format("val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: %s  Permissible: %s",
-                          text.c_str(), PermissibleValuesAsString()));
+        refuse(msg_Format("val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: %s  Permissible: %s", text.c_str(),
+                          PermissibleValuesAsString()));
 }
 
 bool val_PrimEnumBase::setRow(const val_PrimEnumRow* row)

@@ -8,8 +8,7 @@
 class pcl_MetadataRegistrar;
 class pcl_ReadVisitor;
 class pcl_WriteVisitor;
-template<class K, class V>
-class shr_Map;
+template<class K, class V> class shr_Map;
 
 /// A persistent value that stands inside another object.
 class val_Primitive
@@ -96,8 +95,7 @@ private:
 ///
 /// Each constructor raises val_ValueErrorException for an argument that is not in the table; P below stands
 /// for PermissibleValuesAsString().
-template<class E, bool flag = false>
-class val_PrimEnum : public val_PrimEnumBase
+template<class E, bool flag = false> class val_PrimEnum : public val_PrimEnumBase
 {
 public:
     /// Raises "val_PrimEnum(Enum) - Enum value not allowed: <number>  Permissible: <P>".
@@ -124,10 +122,7 @@ public:
     bool SetValue(E value) { return setNumber(static_cast<std::int32_t>(value)); }
 
     /// Values are equal when their numbers are.
-    friend bool operator==(const val_PrimEnum& a, const val_PrimEnum& b)
-    {
-        return a.GetNumber() == b.GetNumber();
-    }
+    friend bool operator==(const val_PrimEnum& a, const val_PrimEnum& b) { return a.GetNumber() == b.GetNumber(); }
 
     /// The table of E. Defined by specialisation alone.
     static const val_PrimEnumRow* Table();

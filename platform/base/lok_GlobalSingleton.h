@@ -11,8 +11,7 @@
 ///
 /// The constructor of this base publishes the object, so T's own constructor, and whatever that calls, can
 /// already use Instance(). T's destructor can use it as well: the pointer is cleared behind it.
-template<class T>
-class lok_GlobalSingletonBase
+template<class T> class lok_GlobalSingletonBase
 {
 public:
     lok_GlobalSingletonBase(const lok_GlobalSingletonBase&) = delete;
@@ -36,8 +35,7 @@ private:
     static inline constinit lok_Mutex* s_mutex = nullptr;
 };
 
-template<class T>
-T& lok_GlobalSingletonBase<T>::Instance()
+template<class T> T& lok_GlobalSingletonBase<T>::Instance()
 {
     if (T* const known = s_instance.load(std::memory_order_acquire)) {
         return *known;
@@ -62,8 +60,7 @@ T& lok_GlobalSingletonBase<T>::Instance()
     return *s_instance.load(std::memory_order_acquire);
 }
 
-template<class T>
-void lok_GlobalSingletonBase<T>::Finalize()
+template<class T> void lok_GlobalSingletonBase<T>::Finalize()
 {
     T* const instance = s_instance.load(std::memory_order_acquire);
     if (!instance) {
@@ -79,8 +76,7 @@ void lok_GlobalSingletonBase<T>::Finalize()
     s_mutex = nullptr;
 }
 
-template<class T>
-lok_Mutex& lok_GlobalSingletonBase<T>::mutex()
+template<class T> lok_Mutex& lok_GlobalSingletonBase<T>::mutex()
 {
     const lok_GlobalLock global;
     if (!s_mutex) {
@@ -90,8 +86,7 @@ lok_Mutex& lok_GlobalSingletonBase<T>::mutex()
 }
 
 /// The process's one object of a class that knows nothing of it.
-template<class T>
-class lok_GlobalSingleton
+template<class T> class lok_GlobalSingleton
 {
 public:
     static T& Instance() { return Holder::Instance().object; }

@@ -7,12 +7,6 @@ constinit std::mutex globalMutex;
 
 } // namespace
 
-lok_GlobalLock::lok_GlobalLock()
-{
-    globalMutex.lock();
-}
+lok_GlobalLock::lok_GlobalLock() { globalMutex.lock(); }
 
-lok_GlobalLock::~lok_GlobalLock()
-{
-    globalMutex.unlock();
-}
+lok_GlobalLock::~lok_GlobalLock() { globalMutex.unlock(); }

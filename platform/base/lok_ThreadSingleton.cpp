@@ -3,7 +3,4 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-bool lok_isFirstThread()
-{
-    return syscall(SYS_gettid) == getpid();
-}
+bool lok_isFirstThread() { return syscall(SYS_gettid) == getpid(); }

@@ -8,8 +8,7 @@ bool lok_isFirstThread();
 ///
 /// A thread's object goes with the thread. The first thread's stays for the exit handlers, which run behind
 /// the end of its thread-local objects; it goes when Finalize() says so, or with the process.
-template<class T>
-class lok_ThreadSingleton
+template<class T> class lok_ThreadSingleton
 {
 public:
     static T& Instance();
@@ -27,8 +26,7 @@ private:
     static inline thread_local constinit T* s_instance = nullptr;
 };
 
-template<class T>
-T& lok_ThreadSingleton<T>::Instance()
+template<class T> T& lok_ThreadSingleton<T>::Instance()
 {
     if (!s_instance) {
         s_instance = new T;
@@ -40,8 +38,7 @@ T& lok_ThreadSingleton<T>::Instance()
     return *s_instance;
 }
 
-template<class T>
-void lok_ThreadSingleton<T>::Finalize()
+template<class T> void lok_ThreadSingleton<T>::Finalize()
 {
     T* const instance = s_instance;
     s_instance = nullptr;

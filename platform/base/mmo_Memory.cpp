@@ -26,10 +26,7 @@ void* mmo_Realloc(void* block, std::size_t bytes)
     return moved;
 }
 
-void mmo_Free(void* block) noexcept
-{
-    std::free(block);
-}
+void mmo_Free(void* block) noexcept { std::free(block); }
 
 void mmo_GiveBack() noexcept
 {

@@ -19,10 +19,7 @@ shr_String currentDirectory()
     return directory.get();
 }
 
-bool isAbsolute(const msg_StringBase& path)
-{
-    return path.cStr()[0] == '/';
-}
+bool isAbsolute(const msg_StringBase& path) { return path.cStr()[0] == '/'; }
 
 shr_String joined(const msg_StringBase& directory, const msg_StringBase& path)
 {
@@ -74,25 +71,13 @@ osu_FilePathParser::osu_FilePathParser(const msg_StringBase& path)
     }
 }
 
-bool osu_FilePathParser::HasDirName() const
-{
-    return !m_dirName.empty();
-}
+bool osu_FilePathParser::HasDirName() const { return !m_dirName.empty(); }
 
-shr_String osu_FilePathParser::DirName() const
-{
-    return m_dirName;
-}
+shr_String osu_FilePathParser::DirName() const { return m_dirName; }
 
-shr_String osu_FilePathParser::BaseName() const
-{
-    return m_baseName;
-}
+shr_String osu_FilePathParser::BaseName() const { return m_baseName; }
 
-shr_String osu_FilePathParser::Extension() const
-{
-    return m_extension;
-}
+shr_String osu_FilePathParser::Extension() const { return m_extension; }
 
 osu_FilePath::osu_FilePath(const msg_StringBase& path) : m_path(path) {}
 

@@ -2,15 +2,9 @@
 
 namespace {
 
-bool isLetter(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Length of the scheme of a URL, 0 if the text is none.
 int schemeLength(const char* text)
@@ -49,15 +43,9 @@ int hostLength(const msg_StringBase& text)
 
 } // namespace
 
-bool osu_UrlParser::IsUrl(const msg_StringBase& text)
-{
-    return schemeLength(text.cStr()) > 0;
-}
+bool osu_UrlParser::IsUrl(const msg_StringBase& text) { return schemeLength(text.cStr()) > 0; }
 
-shr_String osu_UrlParser::GetScheme(const msg_StringBase& url)
-{
-    return url.substr(0, schemeLength(url.cStr()));
-}
+shr_String osu_UrlParser::GetScheme(const msg_StringBase& url) { return url.substr(0, schemeLength(url.cStr())); }
 
 shr_String osu_UrlParser::GetHost(const msg_StringBase& url)
 {

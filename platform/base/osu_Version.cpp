@@ -3,15 +3,9 @@
 #include <cstdlib>
 #include <cstring>
 
-const char* osu_Version::VersionNumber()
-{
-    return YLD_VERSION;
-}
+const char* osu_Version::VersionNumber() { return YLD_VERSION; }
 
-int osu_Version::Major()
-{
-    return std::atoi(VersionNumber());
-}
+int osu_Version::Major() { return std::atoi(VersionNumber()); }
 
 int osu_Version::Minor()
 {

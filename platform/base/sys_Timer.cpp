@@ -29,10 +29,7 @@ void sys_Timer::Stop()
     m_running = false;
 }
 
-void sys_Timer::Reset()
-{
-    *this = sys_Timer();
-}
+void sys_Timer::Reset() { *this = sys_Timer(); }
 
 double sys_Timer::GetElapsedTime() const
 {

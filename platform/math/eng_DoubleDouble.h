@@ -73,14 +73,8 @@ private:
     double m_low = 0;
 };
 
-inline eng_DoubleDouble eng_abs(eng_DoubleDouble a)
-{
-    return a < eng_DoubleDouble(0) ? -a : a;
-}
-inline double eng_abs(double a)
-{
-    return std::fabs(a);
-}
+inline eng_DoubleDouble eng_abs(eng_DoubleDouble a) { return a < eng_DoubleDouble(0) ? -a : a; }
+inline double eng_abs(double a) { return std::fabs(a); }
 
 inline eng_DoubleDouble eng_sqrt(eng_DoubleDouble a)
 {
@@ -89,9 +83,6 @@ inline eng_DoubleDouble eng_sqrt(eng_DoubleDouble a)
     // One step of Newton's iteration doubles the digits.
     return eng_DoubleDouble(root) + (a - eng_DoubleDouble::product(root, root)).value() / (2 * root);
 }
-inline double eng_sqrt(double a)
-{
-    return std::sqrt(a);
-}
+inline double eng_sqrt(double a) { return std::sqrt(a); }
 
 #endif

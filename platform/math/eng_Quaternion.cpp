@@ -9,13 +9,12 @@ eng_QuaternionCore eng_QuaternionCore::unit() const
 {
     const double all[4] = {x, y, z, w};
     double largest = 0;
-    for (double part : all)
-        largest = std::max(largest, std::fabs(part));
+    for (double part : all) largest = std::max(largest, std::fabs(part));
     if (largest == 0 || !std::isfinite(largest)) return {};
     int exponent = 0;
     std::frexp(largest, &exponent);
-    const eng_QuaternionCore scaled{std::ldexp(x, -exponent), std::ldexp(y, -exponent),
-                                    std::ldexp(z, -exponent), std::ldexp(w, -exponent)};
+    const eng_QuaternionCore scaled{std::ldexp(x, -exponent), std::ldexp(y, -exponent), std::ldexp(z, -exponent),
+                                    std::ldexp(w, -exponent)};
     const double length =
         std::sqrt(scaled.x * scaled.x + scaled.y * scaled.y + scaled.z * scaled.z + scaled.w * scaled.w);
     return {scaled.x / length, scaled.y / length, scaled.z / length, scaled.w / length};
@@ -42,8 +41,7 @@ void eng_QuaternionCore::rotationVector(double* vector) const
     const double sine = eng_norm(axis, 3);
     // angle / sin(angle / 2) tends to 2 / w.
     const double factor = sine > 0 ? 2 * std::atan2(sine, q.w) / sine : 0;
-    for (int k = 0; k < 3; ++k)
-        vector[k] = factor * axis[k];
+    for (int k = 0; k < 3; ++k) vector[k] = factor * axis[k];
 }
 
 eng_QuaternionCore eng_QuaternionCore::fromRotationVector(const double* vector)
@@ -59,12 +57,10 @@ eng_QuaternionCore eng_QuaternionCore::fromMatrix(const double* rows, bool plana
     // Far from a rotation, but no reason to overflow.
     double m[9];
     double largest = 0;
-    for (int i = 0; i < 9; ++i)
-        largest = std::max(largest, std::fabs(rows[i]));
+    for (int i = 0; i < 9; ++i) largest = std::max(largest, std::fabs(rows[i]));
     int exponent = 0;
     if (largest > 4 && std::isfinite(largest)) std::frexp(largest, &exponent);
-    for (int i = 0; i < 9; ++i)
-        m[i] = std::ldexp(rows[i], -exponent);
+    for (int i = 0; i < 9; ++i) m[i] = std::ldexp(rows[i], -exponent);
     eng_QuaternionCore q;
     if (planar) {
         const double half = 0.5 * std::atan2(m[3] - m[1], m[0] + m[4]);
@@ -100,23 +96,18 @@ eng_QuaternionCore eng_QuaternionCore::product(const eng_QuaternionCore& a, cons
             a.w * b.z + a.x * b.y - a.y * b.x + a.z * b.w, a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z};
 }
 
-template<class Real>
-eng_Quaternion<Real>::eng_Quaternion(int code, const Real* stored) : m_typeCode(code)
+template<class Real> eng_Quaternion<Real>::eng_Quaternion(int code, const Real* stored) : m_typeCode(code)
 {
-    if (code == eng_DataType::QUATERNION_3D)
-        m_core = {stored[0], stored[1], stored[2], stored[3]};
-    else if (code == eng_DataType::QUATERNION_2D)
-        m_core = {0, 0, stored[0], stored[1]};
+    if (code == eng_DataType::QUATERNION_3D) m_core = {stored[0], stored[1], stored[2], stored[3]};
+    else if (code == eng_DataType::QUATERNION_2D) m_core = {0, 0, stored[0], stored[1]};
 }
 
-template<class Real>
-int eng_Quaternion<Real>::size() const
+template<class Real> int eng_Quaternion<Real>::size() const
 {
     return m_typeCode == eng_DataType::QUATERNION_3D ? 4 : m_typeCode == eng_DataType::QUATERNION_2D ? 2 : 0;
 }
 
-template<class Real>
-void eng_Quaternion<Real>::components(Real* out) const
+template<class Real> void eng_Quaternion<Real>::components(Real* out) const
 {
     if (m_typeCode == eng_DataType::QUATERNION_3D) {
         *out++ = static_cast<Real>(m_core.x);
@@ -128,8 +119,7 @@ void eng_Quaternion<Real>::components(Real* out) const
     }
 }
 
-template<class Real>
-eng_Quaternion<Real> eng_Quaternion<Real>::fromMatrix(const Real* rows, int mode)
+template<class Real> eng_Quaternion<Real> eng_Quaternion<Real>::fromMatrix(const Real* rows, int mode)
 {
     double m[9];
     std::copy_n(rows, 9, m);
@@ -138,18 +128,15 @@ eng_Quaternion<Real> eng_Quaternion<Real>::fromMatrix(const Real* rows, int mode
     return q;
 }
 
-template<class Real>
-eng_Quaternion<Real> eng_Quaternion<Real>::fromCosines(const Real* rows, int mode)
+template<class Real> eng_Quaternion<Real> eng_Quaternion<Real>::fromCosines(const Real* rows, int mode)
 {
     Real m[9];
     for (int i = 0; i < 3; ++i)
-        for (int k = 0; k < 3; ++k)
-            m[3 * k + i] = rows[3 * i + k];
+        for (int k = 0; k < 3; ++k) m[3 * k + i] = rows[3 * i + k];
     return fromMatrix(m, mode);
 }
 
-template<class Real>
-eng_Quaternion<Real> eng_Quaternion<Real>::fromRotationVector(const Real* vector, int mode)
+template<class Real> eng_Quaternion<Real> eng_Quaternion<Real>::fromRotationVector(const Real* vector, int mode)
 {
     double v[3] = {0, 0, vector[2]};
     if (mode == eng_DataType::QUATERNION_3D) {
@@ -161,44 +148,36 @@ eng_Quaternion<Real> eng_Quaternion<Real>::fromRotationVector(const Real* vector
     return q;
 }
 
-template<class Real>
-eng_Quaternion<Real> eng_Quaternion<Real>::inverse() const
+template<class Real> eng_Quaternion<Real> eng_Quaternion<Real>::inverse() const
 {
     eng_Quaternion back(m_typeCode);
     back.m_core = {-m_core.x, -m_core.y, -m_core.z, m_core.w};
     return back;
 }
 
-template<class Real>
-void eng_Quaternion<Real>::matrix(Real* rows) const
+template<class Real> void eng_Quaternion<Real>::matrix(Real* rows) const
 {
     double m[9];
     m_core.matrix(m);
-    for (int i = 0; i < 9; ++i)
-        rows[i] = static_cast<Real>(m[i]);
+    for (int i = 0; i < 9; ++i) rows[i] = static_cast<Real>(m[i]);
 }
 
-template<class Real>
-void eng_Quaternion<Real>::cosines(Real* rows) const
+template<class Real> void eng_Quaternion<Real>::cosines(Real* rows) const
 {
     double m[9];
     m_core.matrix(m);
     for (int i = 0; i < 3; ++i)
-        for (int k = 0; k < 3; ++k)
-            rows[3 * i + k] = static_cast<Real>(m[3 * k + i]);
+        for (int k = 0; k < 3; ++k) rows[3 * i + k] = static_cast<Real>(m[3 * k + i]);
 }
 
-template<class Real>
-void eng_Quaternion<Real>::rotationVector(Real* vector) const
+template<class Real> void eng_Quaternion<Real>::rotationVector(Real* vector) const
 {
     double v[3];
     m_core.rotationVector(v);
-    for (int k = 0; k < 3; ++k)
-        vector[k] = static_cast<Real>(v[k]);
+    for (int k = 0; k < 3; ++k) vector[k] = static_cast<Real>(v[k]);
 }
 
-template<class Real>
-eng_Quaternion<Real> eng_Quaternion<Real>::operator*(const eng_Quaternion& b) const
+template<class Real> eng_Quaternion<Real> eng_Quaternion<Real>::operator*(const eng_Quaternion& b) const
 {
     eng_Quaternion both(m_typeCode);
     both.m_core = eng_QuaternionCore::product(m_core, b.m_core);
@@ -232,8 +211,7 @@ void eng_Quaternion<Real>::rotateTensors(int tensorCode, const Real* in, Real* o
     for (std::size_t row = 0; row < rows; ++row, in += width, out += width) {
         const eng_TensorCore tensor(tensorCode, in, engineering);
         double s[3][3];
-        for (int i = 0; i < 6; ++i)
-            s[place[i][0]][place[i][1]] = s[place[i][1]][place[i][0]] = tensor.component(i);
+        for (int i = 0; i < 6; ++i) s[place[i][0]][place[i][1]] = s[place[i][1]][place[i][0]] = tensor.component(i);
         double half[3][3]; // R s
         for (int i = 0; i < 3; ++i)
             for (int k = 0; k < 3; ++k)
@@ -241,8 +219,7 @@ void eng_Quaternion<Real>::rotateTensors(int tensorCode, const Real* in, Real* o
         for (int c = 0; c < width; ++c) {
             const int i = place[held[c]][0];
             const int k = place[held[c]][1];
-            const double turned =
-                half[i][0] * m[3 * k] + half[i][1] * m[3 * k + 1] + half[i][2] * m[3 * k + 2];
+            const double turned = half[i][0] * m[3 * k] + half[i][1] * m[3 * k + 1] + half[i][2] * m[3 * k + 2];
             out[c] = static_cast<Real>(i == k ? turned : shear * turned);
         }
     }

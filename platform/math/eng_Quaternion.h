@@ -33,8 +33,7 @@ public:
 /// Rotations are taken from the direction of the quaternion, so one that is not quite of length 1 serves; a
 /// quaternion of zeros stands for no rotation. Nothing here yields NaN from finite numbers. The row is
 /// copied.
-template<class Real>
-class eng_Quaternion
+template<class Real> class eng_Quaternion
 {
 public:
     /// No rotation.

@@ -27,8 +27,7 @@ int eng_DataType::numTensorComponents(int typeCode)
     }
 }
 
-template<class Real>
-eng_TensorCore::eng_TensorCore(int typeCode, const Real* components, bool engineering)
+template<class Real> eng_TensorCore::eng_TensorCore(int typeCode, const Real* components, bool engineering)
 {
     const double half = engineering ? 0.5 : 1;
     switch (eng_DataType::numTensorComponents(typeCode)) {
@@ -67,11 +66,9 @@ struct Scaled
     explicit Scaled(const double* component)
     {
         double largest = 0;
-        for (int i = 0; i < 6; ++i)
-            largest = std::max(largest, std::fabs(component[i]));
+        for (int i = 0; i < 6; ++i) largest = std::max(largest, std::fabs(component[i]));
         if (largest > 0 && std::isfinite(largest)) std::frexp(largest, &exponent);
-        for (int i = 0; i < 6; ++i)
-            s[i] = std::ldexp(component[i], -exponent);
+        for (int i = 0; i < 6; ++i) s[i] = std::ldexp(component[i], -exponent);
     }
 
     double restore(double value) const { return std::ldexp(value, exponent); }
@@ -80,8 +77,7 @@ struct Scaled
 // Diagonalises by plane rotations: the diagonal of `a` becomes the principal values, the rows of `axes` (if
 // given) their directions. A rotation is left out only when it is below the digits of both its diagonal
 // entries.
-template<class Number>
-void rotateToDiagonal(Number (&a)[3][3], double digit, Number (*axes)[3])
+template<class Number> void rotateToDiagonal(Number (&a)[3][3], double digit, Number (*axes)[3])
 {
     constexpr int most = 40;
     for (int sweep = 0; sweep < most; ++sweep) {
@@ -128,8 +124,7 @@ void rotateToDiagonal(Number (&a)[3][3], double digit, Number (*axes)[3])
     }
 }
 
-template<class Number>
-void fill(const double* s, Number (&a)[3][3])
+template<class Number> void fill(const double* s, Number (&a)[3][3])
 {
     a[0][0] = s[0];
     a[1][1] = s[1];
@@ -139,10 +134,7 @@ void fill(const double* s, Number (&a)[3][3])
     a[1][2] = a[2][1] = s[5];
 }
 
-void sortDescending(double* values)
-{
-    std::sort(values, values + 3, std::greater<double>());
-}
+void sortDescending(double* values) { std::sort(values, values + 3, std::greater<double>()); }
 
 double largestSize(const double* values)
 {
@@ -235,20 +227,17 @@ void valuesOf(const double* s, double digits, double* values)
     double a[3][3];
     fill(s, a);
     rotateToDiagonal<double>(a, 1e-18, nullptr);
-    for (int i = 0; i < 3; ++i)
-        values[i] = a[i][i];
+    for (int i = 0; i < 3; ++i) values[i] = a[i][i];
     constexpr double absoluteError = 2e-15;
     if (!(smallestSize(values) * digits > absoluteError * largestSize(values))) {
         eng_DoubleDouble fine[3][3];
         fill(s, fine);
         rotateToDiagonal<eng_DoubleDouble>(fine, 1e-34, nullptr);
-        for (int i = 0; i < 3; ++i)
-            values[i] = fine[i][i].value();
+        for (int i = 0; i < 3; ++i) values[i] = fine[i][i].value();
         std::sort(values, values + 3, [](double x, double y) { return std::fabs(x) < std::fabs(y); });
         // Rotations leave noise of some 32 digits below the largest value where there should be nothing; the
         // determinant and the principal minors know.
-        const eng_DoubleDouble minors =
-            minor(s[0], s[1], s[3]) + minor(s[0], s[2], s[4]) + minor(s[1], s[2], s[5]);
+        const eng_DoubleDouble minors = minor(s[0], s[1], s[3]) + minor(s[0], s[2], s[4]) + minor(s[1], s[2], s[5]);
         const eng_DoubleDouble determinant =
             minor(s[1], s[2], s[5]) * s[0] -
             (eng_DoubleDouble::product(s[3], s[2]) - eng_DoubleDouble::product(s[5], s[4])) * s[3] +
@@ -333,8 +322,7 @@ void eng_TensorCore::principals(double* values, double digits) const
 {
     const Scaled scaled(m_component);
     valuesOf(scaled.s, digits, values);
-    for (int i = 0; i < 3; ++i)
-        values[i] = scaled.restore(values[i]);
+    for (int i = 0; i < 3; ++i) values[i] = scaled.restore(values[i]);
 }
 
 void eng_TensorCore::principalAxes(double* values, double* directions) const
@@ -361,8 +349,7 @@ void eng_TensorCore::principalAxes(double* values, double* directions) const
 namespace {
 
 // One row in double precision.
-template<int components, class Real>
-float misesOf(const Real* row, double half)
+template<int components, class Real> float misesOf(const Real* row, double half)
 {
     const double s12 = row[components == 3 ? 2 : 3];
     double shearSquare = s12 * s12;
@@ -378,16 +365,14 @@ float misesOf(const Real* row, double half)
 #ifdef __SSE2__
 
 // A component of four rows.
-template<int components>
-__m128 componentOf(const float* row, int component)
+template<int components> __m128 componentOf(const float* row, int component)
 {
     row += component;
     return _mm_set_ps(row[3 * components], row[2 * components], row[components], row[0]);
 }
 
 // The squares of four rows in single precision.
-template<int components>
-__m128 misesSquares(const float* row, __m128 half)
+template<int components> __m128 misesSquares(const float* row, __m128 half)
 {
     const __m128 s11 = componentOf<components>(row, 0);
     const __m128 s22 = componentOf<components>(row, 1);
@@ -408,8 +393,7 @@ __m128 misesSquares(const float* row, __m128 half)
 
 #endif
 
-template<int components, class Real>
-void misesRows(const Real* data, std::size_t rows, double half, float* out)
+template<int components, class Real> void misesRows(const Real* data, std::size_t rows, double half, float* out)
 {
     std::size_t i = 0;
 #ifdef __SSE2__
@@ -433,8 +417,7 @@ void misesRows(const Real* data, std::size_t rows, double half, float* out)
     for (; i < rows; ++i) out[i] = misesOf<components>(data + i * components, half);
 }
 
-template<class Real>
-void misesOfType(int typeCode, const Real* data, std::size_t rows, bool engineering, float* out)
+template<class Real> void misesOfType(int typeCode, const Real* data, std::size_t rows, bool engineering, float* out)
 {
     const double half = engineering ? 0.25 : 1; // of the squares
     switch (eng_DataType::numTensorComponents(typeCode)) {

@@ -27,8 +27,7 @@ class eng_TensorCore
 {
 public:
     eng_TensorCore() = default;
-    template<class Real>
-    eng_TensorCore(int typeCode, const Real* components, bool engineering);
+    template<class Real> eng_TensorCore(int typeCode, const Real* components, bool engineering);
 
     double component(int i) const { return m_component[i]; }
     double mises() const;
@@ -55,15 +54,11 @@ private:
 /// to the last digits of Real for every finite input, however large, small, or close to each other the
 /// principal values. The row is copied; nothing is allocated. A type code that is no tensor's gives a tensor
 /// of zeros.
-template<class Real>
-class eng_Tensor
+template<class Real> class eng_Tensor
 {
 public:
     eng_Tensor() = default;
-    eng_Tensor(int typeCode, const Real* components, bool engineering)
-        : m_core(typeCode, components, engineering)
-    {
-    }
+    eng_Tensor(int typeCode, const Real* components, bool engineering) : m_core(typeCode, components, engineering) {}
 
     /// Component in the order 11, 22, 33, 12, 13, 23, shears already halved if they were engineering shears.
     Real component(int i) const { return static_cast<Real>(m_core.component(i)); }
@@ -85,8 +80,7 @@ public:
     {
         double all[3];
         m_core.principals(all, digits());
-        for (int i = 0; i < 3; ++i)
-            values[i] = static_cast<Real>(all[i]);
+        for (int i = 0; i < 3; ++i) values[i] = static_cast<Real>(all[i]);
     }
     /// Principal values of the part 11, 22, 12.
     Real maxInplanePrincipal() const { return inplane(0); }
@@ -101,10 +95,8 @@ public:
         double lengths[3];
         double axes[9];
         m_core.principalAxes(lengths, axes);
-        for (int i = 0; i < 3; ++i)
-            values[i] = static_cast<Real>(lengths[i]);
-        for (int i = 0; i < 9; ++i)
-            directions[i] = static_cast<Real>(axes[i]);
+        for (int i = 0; i < 3; ++i) values[i] = static_cast<Real>(lengths[i]);
+        for (int i = 0; i < 9; ++i) directions[i] = static_cast<Real>(axes[i]);
     }
 
 private:

@@ -7,16 +7,14 @@ double eng_norm(const float* components, int length)
 {
     // Squares of floats fit a double with room to spare.
     double sum = 0;
-    for (int i = 0; i < length; ++i)
-        sum += double(components[i]) * components[i];
+    for (int i = 0; i < length; ++i) sum += double(components[i]) * components[i];
     return std::sqrt(sum);
 }
 
 double eng_norm(const double* components, int length)
 {
     double largest = 0;
-    for (int i = 0; i < length; ++i)
-        largest = std::max(largest, std::fabs(components[i]));
+    for (int i = 0; i < length; ++i) largest = std::max(largest, std::fabs(components[i]));
     if (largest == 0 || !std::isfinite(largest)) return largest;
     int exponent = 0;
     std::frexp(largest, &exponent);

@@ -7,8 +7,7 @@ double eng_norm(const float* components, int length);
 double eng_norm(const double* components, int length);
 
 /// One stored row of a vector field. Refers to the row, which must outlive it.
-template<class Real>
-class eng_Vector
+template<class Real> class eng_Vector
 {
 public:
     eng_Vector(const Real* components, int length) : m_components(components), m_length(length) {}

@@ -20,10 +20,7 @@ struct geo_Vector
         return {a.x - b.x, a.y - b.y, a.z - b.z};
     }
     friend constexpr geo_Vector operator-(const geo_Vector& a) { return {-a.x, -a.y, -a.z}; }
-    friend constexpr geo_Vector operator*(double s, const geo_Vector& a)
-    {
-        return {s * a.x, s * a.y, s * a.z};
-    }
+    friend constexpr geo_Vector operator*(double s, const geo_Vector& a) { return {s * a.x, s * a.y, s * a.z}; }
     friend constexpr bool operator==(const geo_Vector& a, const geo_Vector& b)
     {
         return a.x == b.x && a.y == b.y && a.z == b.z;

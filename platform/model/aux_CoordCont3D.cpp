@@ -18,8 +18,7 @@ aux_Placement::aux_Placement(const double placement[6])
     const double cross[3][3] = {{0, -axis[2], axis[1]}, {axis[2], 0, -axis[0]}, {-axis[1], axis[0], 0}};
     for (int i = 0; i < 3; ++i) {
         for (int j = 0; j < 3; ++j) {
-            m_rotation[i][j] =
-                (i == j ? cosine : 0.0) + sine * cross[i][j] + (1.0 - cosine) * axis[i] * axis[j];
+            m_rotation[i][j] = (i == j ? cosine : 0.0) + sine * cross[i][j] + (1.0 - cosine) * axis[i] * axis[j];
         }
     }
 }

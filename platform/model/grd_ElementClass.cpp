@@ -17,9 +17,8 @@ const int* grd_ElementClass::connectivity(int numNodes, int numForeign) const
     const long long count = m_connectivity.size();
     for (; m_checked < count; ++m_checked) {
         const int node = nodes[m_checked];
-        const bool known = node < grd_NodeData::firstForeignNode
-                               ? node >= 0 && node < numNodes
-                               : node - grd_NodeData::firstForeignNode < numForeign;
+        const bool known = node < grd_NodeData::firstForeignNode ? node >= 0 && node < numNodes
+                                                                 : node - grd_NodeData::firstForeignNode < numForeign;
         if (!known) {
             fio_raise(m_connectivity.file() ? m_connectivity.file()->path() : m_type,
                       "an element refers to a node that is not there; the file is damaged");

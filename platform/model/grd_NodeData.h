@@ -41,7 +41,7 @@ public:
     grd_LabelList m_labels;
     pcl_Array<float> m_coordinates; ///< m_dimension numbers a node
     std::vector<std::string> m_foreignInstances;
-    pcl_Array<int> m_foreignNodes;  ///< triples: place in m_foreignInstances, index of the node there, its label
+    pcl_Array<int> m_foreignNodes; ///< triples: place in m_foreignInstances, index of the node there, its label
 
 private:
     // Places of foreign nodes by instance and node, as far as they have been entered; shared by copies.

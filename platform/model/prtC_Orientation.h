@@ -26,7 +26,7 @@ public:
     std::string m_name; ///< of the datum system
     dfrC_DatumRef m_datum;
     int m_axis = static_cast<int>(prtC_AxisEnm::AXIS_1);
-    float m_angle = 0; ///< degrees
+    float m_angle = 0;                                                            ///< degrees
     int m_stackDirection = static_cast<int>(prtC_StackDirectionEnm::DIRECTION_3); ///< of materials alone
 };
 

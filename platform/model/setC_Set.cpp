@@ -62,7 +62,8 @@ void setC_Set::append(int meshIndex, int classIndex, int subsetType, const int* 
     if (!m_subsets.empty()) {
         // What goes on where the last subset ends joins it, so that a set that grows in many steps stays small.
         int* last = m_subsets.data() + m_subsets.size() - numbers;
-        if (last[0] == meshIndex && last[1] == classIndex && last[2] == subsetType && (last[5] != 0) == (facets != nullptr)) {
+        if (last[0] == meshIndex && last[1] == classIndex && last[2] == subsetType &&
+            (last[5] != 0) == (facets != nullptr)) {
             const bool goesOn = last[4] >= 0 && run && members[0] == last[4] + last[3];
             if (goesOn || last[4] < 0) {
                 if (!goesOn) m_members.append(members, count);
@@ -102,14 +103,13 @@ void setC_Set::verify(const std::string& path) const
     bool good = m_subsets.size() % numbers == 0;
     for (std::size_t i = 0; good && i < m_subsets.size(); i += numbers) {
         const int* row = m_subsets.data() + i;
-        good = row[3] >= 0 && row[4] >= -1 &&
-               static_cast<long long>(row[4]) + row[3] <= std::numeric_limits<int>::max();
+        good =
+            row[3] >= 0 && row[4] >= -1 && static_cast<long long>(row[4]) + row[3] <= std::numeric_limits<int>::max();
         total += row[3];
         if (row[4] < 0) members += row[3];
         if (row[5] != 0) facets += row[3];
     }
-    if (!good || total > std::numeric_limits<int>::max() || members != m_members.size() ||
-        facets != m_facets.size()) {
+    if (!good || total > std::numeric_limits<int>::max() || members != m_members.size() || facets != m_facets.size()) {
         fio_raise(path, "the members of set \"" + m_label + "\" differ from their count; the file is damaged");
     }
 }

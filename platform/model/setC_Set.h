@@ -15,10 +15,10 @@ struct setC_SubSet
     static constexpr int elements = 7;
 
     int meshIndex = -1;
-    int classIndex = -1;     ///< -1: the members are indices in the mesh
+    int classIndex = -1; ///< -1: the members are indices in the mesh
     int subsetType = nodes;
     int numMembers = 0;
-    int first = -1;          ///< of a run of consecutive members; -1 when they stand in the member list
+    int first = -1; ///< of a run of consecutive members; -1 when they stand in the member list
     bool hasFacets = false;
     long long membersAt = 0; ///< where they begin in the member list
     long long facetsAt = 0;  ///< where their facets begin in the facet list

@@ -63,16 +63,16 @@ public:
         visit("values", self.m_values);
     }
 
-    int m_type = 0;            ///< position code; numbers without a meaning of their own are kept
-    std::string m_name;        ///< of the region that the curve is filed under; empty for none
-    std::string m_label;       ///< of the variable
-    std::string m_description; ///< of the variable
-    std::string m_loadCase;    ///< empty for none
+    int m_type = 0;                             ///< position code; numbers without a meaning of their own are kept
+    std::string m_name;                         ///< of the region that the curve is filed under; empty for none
+    std::string m_label;                        ///< of the variable
+    std::string m_description;                  ///< of the variable
+    std::string m_loadCase;                     ///< empty for none
     lnk_ShortCut<mshK_PartInstance> m_instance; ///< null for the assembly's own mesh
     lnk_ShortCut<mshK_Assembly> m_assembly;
     int m_classIndex = -1;
-    int m_elementNumber = -1; ///< place in the element class, from 0
-    int m_nodeNumber = -1;    ///< place in the mesh, from 0
+    int m_elementNumber = -1;   ///< place in the element class, from 0
+    int m_nodeNumber = -1;      ///< place in the mesh, from 0
     int m_integrationPoint = 0; ///< from 0
     int m_face = 0;             ///< from 0
     int m_locationIndex = -1;   ///< of the section point in its element class, or -1

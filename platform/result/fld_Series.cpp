@@ -124,7 +124,8 @@ void fld_Series::look(const std::shared_ptr<fio_FileBody>& file) const
 {
     // Numbers stay where a double tells whole ones apart.
     constexpr double largest = 1LL << 52;
-    if (m_storageType < 0 || m_storageType > 1 || m_columns < 1 || m_columns > 2 || m_rows < 0 || m_runs.size() % 2 != 0) {
+    if (m_storageType < 0 || m_storageType > 1 || m_columns < 1 || m_columns > 2 || m_rows < 0 ||
+        m_runs.size() % 2 != 0) {
         raiseDamage(file);
     }
     long long rows = static_cast<long long>(m_tail.used() / rowBytes());

@@ -28,8 +28,7 @@ constexpr double third = 1.0 / 3.0;
 
 constexpr Base pointBase = {shc_Cell::POINT, 0, 1, {{0, 0, 0}}, {0, 0, 0}, 0, {}, 0, {}};
 
-constexpr Base lineBase = {shc_Cell::LINE,  1, 2, {{-1, 0, 0}, {1, 0, 0}}, {0, 0, 0}, 1, {{0, 1}}, 1,
-                           {{2, {0, 1, 2}}}};
+constexpr Base lineBase = {shc_Cell::LINE, 1, 2, {{-1, 0, 0}, {1, 0, 0}}, {0, 0, 0}, 1, {{0, 1}}, 1, {{2, {0, 1, 2}}}};
 
 constexpr Base triangleBase = {shc_Cell::TRIANGLE,
                                2,
@@ -95,16 +94,15 @@ constexpr Base tetBase = {
     {{3, {0, 1, 3, 4, 8, 7}}, {3, {1, 2, 3, 5, 9, 8}}, {3, {0, 3, 2, 7, 9, 6}}, {3, {0, 2, 1, 6, 5, 4}}}};
 
 // The centroid lies at a quarter of the height, zeta = -1/2.
-constexpr Base pyramidBase = {
-    shc_Cell::IRREGULAR,
-    3,
-    5,
-    {{-1, -1, -1}, {1, -1, -1}, {1, 1, -1}, {-1, 1, -1}, {0, 0, 1}},
-    {0, 0, -0.5},
-    8,
-    {{0, 1}, {1, 2}, {2, 3}, {3, 0}, {0, 4}, {1, 4}, {2, 4}, {3, 4}},
-    5,
-    {{3, {0, 1, 4}}, {3, {1, 2, 4}}, {3, {2, 3, 4}}, {3, {0, 4, 3}}, {4, {0, 3, 2, 1}}}};
+constexpr Base pyramidBase = {shc_Cell::IRREGULAR,
+                              3,
+                              5,
+                              {{-1, -1, -1}, {1, -1, -1}, {1, 1, -1}, {-1, 1, -1}, {0, 0, 1}},
+                              {0, 0, -0.5},
+                              8,
+                              {{0, 1}, {1, 2}, {2, 3}, {3, 0}, {0, 4}, {1, 4}, {2, 4}, {3, 4}},
+                              5,
+                              {{3, {0, 1, 4}}, {3, {1, 2, 4}}, {3, {2, 3, 4}}, {3, {0, 4, 3}}, {4, {0, 3, 2, 1}}}};
 
 struct Definition
 {
@@ -114,11 +112,10 @@ struct Definition
 };
 
 constexpr Definition definitions[shc_Cell::NUM_KINDS] = {
-    {&pointBase, 1, 1},    {&lineBase, 1, 2},   {&lineBase, 2, 3}, {&triangleBase, 1, 3},
-    {&triangleBase, 2, 6}, {&quadBase, 1, 4},   {&quadBase, 2, 8}, {&quadBase, 3, 9},
-    {&hexBase, 1, 8},      {&hexBase, 2, 20},   {&hexBase, 3, 27}, {&wedgeBase, 1, 6},
-    {&wedgeBase, 2, 15},   {&wedgeBase, 3, 18}, {&tetBase, 1, 4},  {&tetBase, 2, 10},
-    {&pyramidBase, 1, 5}};
+    {&pointBase, 1, 1}, {&lineBase, 1, 2},   {&lineBase, 2, 3},   {&triangleBase, 1, 3}, {&triangleBase, 2, 6},
+    {&quadBase, 1, 4},  {&quadBase, 2, 8},   {&quadBase, 3, 9},   {&hexBase, 1, 8},      {&hexBase, 2, 20},
+    {&hexBase, 3, 27},  {&wedgeBase, 1, 6},  {&wedgeBase, 2, 15}, {&wedgeBase, 3, 18},   {&tetBase, 1, 4},
+    {&tetBase, 2, 10},  {&pyramidBase, 1, 5}};
 
 } // namespace
 
@@ -128,8 +125,7 @@ struct shc_Cell::Store
 
     Store()
     {
-        for (int kind = 0; kind < NUM_KINDS; ++kind)
-            cell[kind].build(static_cast<KindEnm>(kind));
+        for (int kind = 0; kind < NUM_KINDS; ++kind) cell[kind].build(static_cast<KindEnm>(kind));
     }
 };
 
@@ -153,8 +149,7 @@ void shc_Cell::build(KindEnm kind)
     m_numFaces = base.numFaces;
     for (int k = 0; k < 3; ++k) {
         m_centroid[k] = base.centroid[k];
-        for (int node = 0; node < m_numCorners; ++node)
-            m_coordinates[node][k] = base.corner[node][k];
+        for (int node = 0; node < m_numCorners; ++node) m_coordinates[node][k] = base.corner[node][k];
         // The node at the very centre, where a cell has one, is the last; it keeps its zeros otherwise.
         if (m_numNodes > m_numCorners && m_order == 3 && m_shapeCode != IRREGULAR)
             m_coordinates[m_numNodes - 1][k] = base.centroid[k];
@@ -183,18 +178,14 @@ void shc_Cell::build(KindEnm kind)
         if (centre && m_dimension == 3) {
             for (int k = 0; k < 3; ++k) {
                 double sum = 0;
-                for (int c = 0; c < face.corners; ++c)
-                    sum += m_coordinates[face.node[c]][k];
+                for (int c = 0; c < face.corners; ++c) sum += m_coordinates[face.node[c]][k];
                 m_coordinates[face.node[face.nodes - 1]][k] = sum / face.corners;
             }
         }
     }
 }
 
-int shc_Cell::NumEdgesOfFace(int face) const
-{
-    return m_face[face].corners == 2 ? 1 : m_face[face].corners;
-}
+int shc_Cell::NumEdgesOfFace(int face) const { return m_face[face].corners == 2 ? 1 : m_face[face].corners; }
 
 shc_Cell::Side shc_Cell::EdgeOfFace(int face, int edge) const
 {

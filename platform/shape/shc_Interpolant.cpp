@@ -27,8 +27,7 @@ struct shc_Interpolant::Store
 
     Store()
     {
-        for (int code = 0; code < NUM_CODES; ++code)
-            interpolant[code].build(static_cast<CodeEnm>(code));
+        for (int code = 0; code < NUM_CODES; ++code) interpolant[code].build(static_cast<CodeEnm>(code));
     }
 };
 
@@ -91,8 +90,7 @@ void shc_Interpolant::buildRules()
     }
     for (int edge = 0; edge < m_cell->NumEdges(); ++edge) {
         shc_Rule rule = shc_Rule::Gauss(1, gauss);
-        for (int p = 0; p < rule.count; ++p)
-            m_cell->PointOnEdge(edge, shc_Rule::GaussPoint(gauss, p), rule.point[p]);
+        for (int p = 0; p < rule.count; ++p) m_cell->PointOnEdge(edge, shc_Rule::GaussPoint(gauss, p), rule.point[p]);
         m_edgeRule[edge] = rule;
     }
 }
@@ -103,8 +101,8 @@ static void lagrange(int n, double x, double* weights)
         weights[i] = 1;
         for (int j = 0; j < n; ++j)
             if (j != i)
-                weights[i] *= (x - shc_Rule::GaussPoint(n, j)) /
-                              (shc_Rule::GaussPoint(n, i) - shc_Rule::GaussPoint(n, j));
+                weights[i] *=
+                    (x - shc_Rule::GaussPoint(n, j)) / (shc_Rule::GaussPoint(n, i) - shc_Rule::GaussPoint(n, j));
     }
 }
 
@@ -174,8 +172,7 @@ void shc_Interpolant::PointWeights(const double* point, double* weights) const
     }
     for (int z = 0; z < count[2]; ++z)
         for (int y = 0; y < count[1]; ++y)
-            for (int x = 0; x < count[0]; ++x)
-                *weights++ = factor[0][x] * factor[1][y] * factor[2][z];
+            for (int x = 0; x < count[0]; ++x) *weights++ = factor[0][x] * factor[1][y] * factor[2][z];
 }
 
 void shc_Interpolant::buildMatrices()
@@ -184,8 +181,7 @@ void shc_Interpolant::buildMatrices()
     const int nodes = m_cell->NumNodes();
     for (int node = 0; node < nodes; ++node)
         PointWeights(m_cell->NodeCoordinates(node), m_pointsToNodes + node * points);
-    for (int p = 0; p < points; ++p)
-        m_cell->ShapeFunctions(m_rule.point[p], m_nodesToPoints + p * nodes);
+    for (int p = 0; p < points; ++p) m_cell->ShapeFunctions(m_rule.point[p], m_nodesToPoints + p * nodes);
     for (int face = 0; face < m_cell->NumFaces(); ++face) {
         double centre[3];
         m_cell->FaceCentre(face, centre);

@@ -30,8 +30,7 @@ shc_Rule shc_Rule::Gauss(int dimension, int n)
 {
     shc_Rule rule;
     rule.count = 1;
-    for (int k = 0; k < dimension; ++k)
-        rule.count *= n;
+    for (int k = 0; k < dimension; ++k) rule.count *= n;
     for (int p = 0; p < rule.count; ++p) {
         rule.weight[p] = 1;
         int rest = p;
@@ -66,16 +65,14 @@ shc_Rule shc_Rule::Tetrahedron(int n)
     shc_Rule rule;
     rule.count = n;
     if (n == 1) {
-        for (int k = 0; k < 3; ++k)
-            rule.point[0][k] = 0.25;
+        for (int k = 0; k < 3; ++k) rule.point[0][k] = 0.25;
         rule.weight[0] = 1.0 / 6.0;
         return rule;
     }
     const double far = (5 + 3 * std::sqrt(5.0)) / 20;
     const double near = (5 - std::sqrt(5.0)) / 20;
     for (int p = 0; p < 4; ++p) {
-        for (int k = 0; k < 3; ++k)
-            rule.point[p][k] = p == k + 1 ? far : near;
+        for (int k = 0; k < 3; ++k) rule.point[p][k] = p == k + 1 ? far : near;
         rule.weight[p] = 1.0 / 24.0;
     }
     return rule;

@@ -10,10 +10,7 @@ struct Factor
     double slope = 0;
 };
 
-Factor linear(double s, double x)
-{
-    return {0.5 * (1 + s * x), 0.5 * s};
-}
+Factor linear(double s, double x) { return {0.5 * (1 + s * x), 0.5 * s}; }
 
 Factor quadratic(double s, double x)
 {
@@ -32,8 +29,7 @@ Term product(const Factor* factor, int dimension)
 {
     Term term;
     term.value = 1;
-    for (int k = 0; k < dimension; ++k)
-        term.value *= factor[k].value;
+    for (int k = 0; k < dimension; ++k) term.value *= factor[k].value;
     for (int k = 0; k < dimension; ++k) {
         term.slope[k] = factor[k].slope;
         for (int j = 0; j < dimension; ++j)
@@ -45,8 +41,7 @@ Term product(const Factor* factor, int dimension)
 Term tensorTerm(const double* node, const double* x, int dimension, Factor (*rule)(double, double))
 {
     Factor factor[3];
-    for (int k = 0; k < dimension; ++k)
-        factor[k] = rule(node[k], x[k]);
+    for (int k = 0; k < dimension; ++k) factor[k] = rule(node[k], x[k]);
     return product(factor, dimension);
 }
 
@@ -63,8 +58,7 @@ Term serendipityTerm(const double* node, const double* x, int dimension)
     }
     Term term = product(factor, dimension);
     if (corner) {
-        for (int k = 0; k < dimension; ++k)
-            term.slope[k] = term.slope[k] * reach + term.value * node[k];
+        for (int k = 0; k < dimension; ++k) term.slope[k] = term.slope[k] * reach + term.value * node[k];
         term.value *= reach;
     }
     return term;
@@ -79,13 +73,11 @@ struct Barycentric
     Barycentric(const double* x, int dimension)
     {
         value[0] = 1;
-        for (int k = 0; k < 3; ++k)
-            slope[0][k] = k < dimension ? -1 : 0;
+        for (int k = 0; k < 3; ++k) slope[0][k] = k < dimension ? -1 : 0;
         for (int i = 1; i <= dimension; ++i) {
             value[0] -= x[i - 1];
             value[i] = x[i - 1];
-            for (int k = 0; k < 3; ++k)
-                slope[i][k] = k == i - 1 ? 1 : 0;
+            for (int k = 0; k < 3; ++k) slope[i][k] = k == i - 1 ? 1 : 0;
         }
     }
 
@@ -93,8 +85,7 @@ struct Barycentric
     {
         Term term;
         term.value = value[i];
-        for (int k = 0; k < 3; ++k)
-            term.slope[k] = slope[i][k];
+        for (int k = 0; k < 3; ++k) term.slope[k] = slope[i][k];
         return term;
     }
 
@@ -102,8 +93,7 @@ struct Barycentric
     {
         Term term;
         term.value = value[i] * (2 * value[i] - 1);
-        for (int k = 0; k < 3; ++k)
-            term.slope[k] = (4 * value[i] - 1) * slope[i][k];
+        for (int k = 0; k < 3; ++k) term.slope[k] = (4 * value[i] - 1) * slope[i][k];
         return term;
     }
 
@@ -111,8 +101,7 @@ struct Barycentric
     {
         Term term;
         term.value = 4 * value[i] * value[j];
-        for (int k = 0; k < 3; ++k)
-            term.slope[k] = 4 * (slope[i][k] * value[j] + value[i] * slope[j][k]);
+        for (int k = 0; k < 3; ++k) term.slope[k] = 4 * (slope[i][k] * value[j] + value[i] * slope[j][k]);
         return term;
     }
 };
@@ -172,8 +161,7 @@ Term wedgeTerm(const shc_Cell& cell, const Barycentric& bary, double x, int node
     Term term = raised(bary.cornerTerm(node % 3), linear(s, x));
     const Term above = raised(bary.linearTerm(node % 3), quadratic(0, x));
     term.value -= 0.5 * above.value;
-    for (int k = 0; k < 3; ++k)
-        term.slope[k] -= 0.5 * above.slope[k];
+    for (int k = 0; k < 3; ++k) term.slope[k] -= 0.5 * above.slope[k];
     return term;
 }
 
@@ -186,8 +174,7 @@ Term pyramidTerm(const double* node, const double* x, int index)
     return term;
 }
 
-template<class Take>
-void forEachTerm(const shc_Cell& cell, const double* x, Take take)
+template<class Take> void forEachTerm(const shc_Cell& cell, const double* x, Take take)
 {
     const int dimension = cell.Dimension();
     const double none[3] = {0, 0, 0};
@@ -236,7 +223,6 @@ void shc_Cell::ShapeFunctions(const double* point, double* values) const
 void shc_Cell::Derivatives(const double* point, double* derivatives) const
 {
     forEachTerm(*this, point, [derivatives](int node, const Term& term) {
-        for (int k = 0; k < 3; ++k)
-            derivatives[3 * node + k] = term.slope[k];
+        for (int k = 0; k < 3; ++k) derivatives[3 * node + k] = term.slope[k];
     });
 }

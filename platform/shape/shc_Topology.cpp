@@ -23,15 +23,13 @@ int shc_Topology::NumIntegrationPointsOnFace(int facet) const
 int shc_Topology::MaxIntegrationPointsPerFace() const
 {
     int most = 0;
-    for (int facet = 0; facet < shc_Cell::MAX_FACES; ++facet)
-        most = std::max(most, NumIntegrationPointsOnFace(facet));
+    for (int facet = 0; facet < shc_Cell::MAX_FACES; ++facet) most = std::max(most, NumIntegrationPointsOnFace(facet));
     return most;
 }
 
 static int pick(const shc_Cell::Side& side, const int* nodes, int* out)
 {
-    for (int i = 0; i < side.nodes; ++i)
-        out[i] = nodes[side.node[i]];
+    for (int i = 0; i < side.nodes; ++i) out[i] = nodes[side.node[i]];
     return side.nodes;
 }
 
@@ -53,20 +51,11 @@ bool shc_Topology::Is3DShell(const shc_Topology& shape)
     return shape.Dimension() == 2 && shape.SpaceDimension() == 3;
 }
 
-bool shc_Topology::IsConnector(std::string_view label)
-{
-    return label.find("CONN") != std::string_view::npos;
-}
+bool shc_Topology::IsConnector(std::string_view label) { return label.find("CONN") != std::string_view::npos; }
 
-bool shc_Topology::IsRigidNode(std::string_view label)
-{
-    return label == "RNODE2D" || label == "RNODE3D";
-}
+bool shc_Topology::IsRigidNode(std::string_view label) { return label == "RNODE2D" || label == "RNODE3D"; }
 
-bool shc_Topology::IsAnalytic(std::string_view label)
-{
-    return label.find("ARS") != std::string_view::npos;
-}
+bool shc_Topology::IsAnalytic(std::string_view label) { return label.find("ARS") != std::string_view::npos; }
 
 bool shc_Topology::IsShellLike(std::string_view label)
 {
@@ -75,8 +64,8 @@ bool shc_Topology::IsShellLike(std::string_view label)
 
 // out[e][row][c] = sum over p of matrix[row][p] * in[e][p][c], the same sum, in the same order, on both ways.
 template<class Real>
-static void applyMatrix(const double* matrix, int rows, int columns, const Real* in, Real* out,
-                        int components, int elements)
+static void applyMatrix(const double* matrix, int rows, int columns, const Real* in, Real* out, int components,
+                        int elements)
 {
     // Elements and components alike are lanes: several go side by side, so that the inner loop has a fixed
     // length and adds nothing across lanes.
@@ -94,8 +83,7 @@ static void applyMatrix(const double* matrix, int rows, int columns, const Real*
             for (int lane = 0; lane < width; ++lane) {
                 target[lane] = element * rows * components + component;
                 const Real* source = in + element * columns * components + component;
-                for (int p = 0; p < columns; ++p)
-                    gathered[p][lane] = source[std::size_t(p) * components];
+                for (int p = 0; p < columns; ++p) gathered[p][lane] = source[std::size_t(p) * components];
                 if (++component == std::size_t(components)) {
                     component = 0;
                     ++element;
@@ -105,8 +93,7 @@ static void applyMatrix(const double* matrix, int rows, int columns, const Real*
                 double sum[lanes] = {};
                 for (int p = 0; p < columns; ++p) {
                     const double factor = matrix[row * columns + p];
-                    for (int lane = 0; lane < lanes; ++lane)
-                        sum[lane] += factor * gathered[p][lane];
+                    for (int lane = 0; lane < lanes; ++lane) sum[lane] += factor * gathered[p][lane];
                 }
                 for (int lane = 0; lane < width; ++lane)
                     out[target[lane] + std::size_t(row) * components] = static_cast<Real>(sum[lane]);
@@ -120,16 +107,15 @@ static void applyMatrix(const double* matrix, int rows, int columns, const Real*
         for (int row = 0; row < rows; ++row) {
             double sum = 0;
             const Real* source = in + element * columns * components + component;
-            for (int p = 0; p < columns; ++p)
-                sum += matrix[row * columns + p] * source[std::size_t(p) * components];
+            for (int p = 0; p < columns; ++p) sum += matrix[row * columns + p] * source[std::size_t(p) * components];
             out[(element * rows + row) * components + component] = static_cast<Real>(sum);
         }
     }
 }
 
 template<class Real>
-bool shc_Topology::move(const double* fromPoints, const double* fromNodes, int rows, const Real* values,
-                        int position, Real* out, int components, int elements) const
+bool shc_Topology::move(const double* fromPoints, const double* fromNodes, int rows, const Real* values, int position,
+                        Real* out, int components, int elements) const
 {
     if (!AllowsExtrapolation()) return false;
     switch (position) {
@@ -137,10 +123,8 @@ bool shc_Topology::move(const double* fromPoints, const double* fromNodes, int r
         applyMatrix(fromPoints, rows, NumIntegrationPoints(), values, out, components, elements);
         return true;
     case ELEMENT_NODAL:
-        if (fromNodes)
-            applyMatrix(fromNodes, rows, NumNodes(), values, out, components, elements);
-        else
-            std::copy_n(values, std::size_t(elements) * rows * components, out);
+        if (fromNodes) applyMatrix(fromNodes, rows, NumNodes(), values, out, components, elements);
+        else std::copy_n(values, std::size_t(elements) * rows * components, out);
         return true;
     case WHOLE_ELEMENT:
     case CENTROID:
@@ -154,26 +138,22 @@ bool shc_Topology::move(const double* fromPoints, const double* fromNodes, int r
 }
 
 template<class Real>
-bool shc_Topology::StdExtrapToNodes(const Real* values, int position, Real* out, int components,
-                                    int elements) const
+bool shc_Topology::StdExtrapToNodes(const Real* values, int position, Real* out, int components, int elements) const
 {
-    return move(m_interpolant->PointsToNodes(), nullptr, NumNodes(), values, position, out, components,
-                elements);
+    return move(m_interpolant->PointsToNodes(), nullptr, NumNodes(), values, position, out, components, elements);
 }
 
 template<class Real>
-bool shc_Topology::CaxaExtrapToNodes(const Real* values, int position, Real* out, int components,
-                                     int elements) const
+bool shc_Topology::CaxaExtrapToNodes(const Real* values, int position, Real* out, int components, int elements) const
 {
     return StdExtrapToNodes(values, position, out, components, elements);
 }
 
 template<class Real>
-bool shc_Topology::ExtrapolateToFaces(const Real* values, int position, Real* out, int components,
-                                      int elements) const
+bool shc_Topology::ExtrapolateToFaces(const Real* values, int position, Real* out, int components, int elements) const
 {
-    return move(m_interpolant->PointsToFaces(), m_interpolant->NodesToFaces(), NumFaces(), values, position,
-                out, components, elements);
+    return move(m_interpolant->PointsToFaces(), m_interpolant->NodesToFaces(), NumFaces(), values, position, out,
+                components, elements);
 }
 
 template<class Real>
@@ -185,45 +165,39 @@ bool shc_Topology::ExtrapolateToCentroid(const Real* values, int position, Real*
 }
 
 template<class Real>
-Real shc_Topology::InterpolateResultFromNodes(const Real* nodalValues, const float* point,
-                                              Real unavailable) const
+Real shc_Topology::InterpolateResultFromNodes(const Real* nodalValues, const float* point, Real unavailable) const
 {
     if (!AllowsExtrapolation()) return unavailable;
     const double place[3] = {point[0], point[1], point[2]};
     double shape[shc_Cell::MAX_NODES];
     Cell().ShapeFunctions(place, shape);
     double sum = 0;
-    for (int node = 0; node < NumNodes(); ++node)
-        sum += shape[node] * nodalValues[node];
+    for (int node = 0; node < NumNodes(); ++node) sum += shape[node] * nodalValues[node];
     return static_cast<Real>(sum);
 }
 
 void shc_Topology::IsoParCentroidLocation(float* out) const
 {
-    for (int k = 0; k < 3; ++k)
-        out[k] = static_cast<float>(Cell().Centroid()[k]);
+    for (int k = 0; k < 3; ++k) out[k] = static_cast<float>(Cell().Centroid()[k]);
 }
 
-template<class Real>
-void shc_Topology::IntPtCoord(const Real* nodes, Real* out, int components) const
+template<class Real> void shc_Topology::IntPtCoord(const Real* nodes, Real* out, int components) const
 {
-    applyMatrix(m_interpolant->NodesToPoints(), NumIntegrationPoints(), NumNodes(), nodes, out, components,
-                1);
+    applyMatrix(m_interpolant->NodesToPoints(), NumIntegrationPoints(), NumNodes(), nodes, out, components, 1);
 }
 
-template<class Real>
-void shc_Topology::Centroid(const Real* nodes, Real* out, int components) const
+template<class Real> void shc_Topology::Centroid(const Real* nodes, Real* out, int components) const
 {
     applyMatrix(m_interpolant->NodesToCentroid(), 1, NumNodes(), nodes, out, components, 1);
 }
 
-#define SHC_INSTANTIATE(Real)                                                                                \
-    template bool shc_Topology::StdExtrapToNodes(const Real*, int, Real*, int, int) const;                   \
-    template bool shc_Topology::CaxaExtrapToNodes(const Real*, int, Real*, int, int) const;                  \
-    template bool shc_Topology::ExtrapolateToFaces(const Real*, int, Real*, int, int) const;                 \
-    template bool shc_Topology::ExtrapolateToCentroid(const Real*, int, Real*, int, int) const;              \
-    template Real shc_Topology::InterpolateResultFromNodes(const Real*, const float*, Real) const;           \
-    template void shc_Topology::IntPtCoord(const Real*, Real*, int) const;                                   \
+#define SHC_INSTANTIATE(Real)                                                                                          \
+    template bool shc_Topology::StdExtrapToNodes(const Real*, int, Real*, int, int) const;                             \
+    template bool shc_Topology::CaxaExtrapToNodes(const Real*, int, Real*, int, int) const;                            \
+    template bool shc_Topology::ExtrapolateToFaces(const Real*, int, Real*, int, int) const;                           \
+    template bool shc_Topology::ExtrapolateToCentroid(const Real*, int, Real*, int, int) const;                        \
+    template Real shc_Topology::InterpolateResultFromNodes(const Real*, const float*, Real) const;                     \
+    template void shc_Topology::IntPtCoord(const Real*, Real*, int) const;                                             \
     template void shc_Topology::Centroid(const Real*, Real*, int) const
 
 SHC_INSTANTIATE(float);

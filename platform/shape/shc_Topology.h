@@ -105,24 +105,20 @@ public:
     /// Sums run in double precision. Cost per element and component: nodes times points multiplications;
     /// nothing is allocated.
     template<class Real>
-    bool StdExtrapToNodes(const Real* values, int position, Real* out, int components,
-                          int elements = 1) const;
+    bool StdExtrapToNodes(const Real* values, int position, Real* out, int components, int elements = 1) const;
     /// The same for types with the axisymmetric attribute. Their points and nodes lie in one half plane, so
     /// the polynomial is the same one.
     template<class Real>
-    bool CaxaExtrapToNodes(const Real* values, int position, Real* out, int components,
-                           int elements = 1) const;
+    bool CaxaExtrapToNodes(const Real* values, int position, Real* out, int components, int elements = 1) const;
     /// The same to the centres of the faces: NumFaces() locations per element. From ELEMENT_NODAL by the
     /// shape functions.
     template<class Real>
-    bool ExtrapolateToFaces(const Real* values, int position, Real* out, int components,
-                            int elements = 1) const;
+    bool ExtrapolateToFaces(const Real* values, int position, Real* out, int components, int elements = 1) const;
     /// The same to the centroid: one location per element. From INTEGRATION_POINT it is the value there of
     /// the polynomial through the points, which differs from going to the nodes first when an element has
     /// more points than its shape functions can follow.
     template<class Real>
-    bool ExtrapolateToCentroid(const Real* values, int position, Real* out, int components,
-                               int elements = 1) const;
+    bool ExtrapolateToCentroid(const Real* values, int position, Real* out, int components, int elements = 1) const;
 
     /// One component at a point of the element from the values of that component at the nodes, by the shape
     /// functions.
@@ -136,11 +132,9 @@ public:
     /// Positions of the integration points.
     /// @param nodes       node by node `components` coordinates
     /// @param out         point by point `components` coordinates
-    template<class Real>
-    void IntPtCoord(const Real* nodes, Real* out, int components) const;
+    template<class Real> void IntPtCoord(const Real* nodes, Real* out, int components) const;
     /// Position of the centroid: `components` coordinates.
-    template<class Real>
-    void Centroid(const Real* nodes, Real* out, int components) const;
+    template<class Real> void Centroid(const Real* nodes, Real* out, int components) const;
 
     const shc_Cell& Cell() const { return m_interpolant->Cell(); }
     const shc_Rule& Rule() const { return m_interpolant->Rule(); }
@@ -148,8 +142,8 @@ public:
 
 private:
     template<class Real>
-    bool move(const double* fromPoints, const double* fromNodes, int rows, const Real* values, int position,
-              Real* out, int components, int elements) const;
+    bool move(const double* fromPoints, const double* fromNodes, int rows, const Real* values, int position, Real* out,
+              int components, int elements) const;
 
     friend class shc_ShapeDictionary;
 

@@ -12,8 +12,7 @@ class ldcC_Load;
 class ldcC_PredefinedField;
 
 /// A handle on a stored object that tells how the analysis was set up. Copies stand for the same object.
-template<class Stored>
-class sto_Attribute
+template<class Stored> class sto_Attribute
 {
 public:
     /// None.
@@ -70,8 +69,7 @@ public:
 };
 
 /// A request for field or for history output.
-template<class Output>
-class sto_OutputRequest : public sto_Attribute<Output>
+template<class Output> class sto_OutputRequest : public sto_Attribute<Output>
 {
 public:
     using sto_Attribute<Output>::sto_Attribute;

@@ -16,8 +16,8 @@ void sto_ElemCtrlParams::SetElemCtrlParams(const char* text1, double value2, dou
                                            double value13, double value14, double value15)
 {
     m_texts = {text1, text5, text6, text9};
-    m_values = {value2,  value3,  value4,  value7,  flag8 ? 1.0 : 0.0, value10,
-                value11, value12, value13, value14, value15};
+    m_values = {value2,  value3,  value4,  value7, flag8 ? 1.0 : 0.0, value10, value11,
+                value12, value13, value14, value15};
 }
 
 sto_ElementClass::sto_ElementClass(const lnk_ShortCut<grd_ElementClass>& reference,

@@ -163,8 +163,8 @@ template fio_Buffer sto_Field::rowsAt<double>(const std::vector<int>&, bool) con
 
 namespace {
 
-template<class From, class To> void convert(pcl_Array<From>& from, pcl_Array<To>& to, const From* values,
-                                            const std::shared_ptr<fio_FileBody>& file)
+template<class From, class To>
+void convert(pcl_Array<From>& from, pcl_Array<To>& to, const From* values, const std::shared_ptr<fio_FileBody>& file)
 {
     fio_Buffer converted(static_cast<std::size_t>(from.size()) * sizeof(To));
     std::transform(values, values + from.size(), reinterpret_cast<To*>(converted.writable()),

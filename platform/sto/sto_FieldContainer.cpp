@@ -1,8 +1,8 @@
 #include "platform/sto/sto_FieldContainer.h"
 
+#include "platform/sto/sto_Field.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
-#include "platform/sto/sto_Field.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 #include "platform/sto/sto_FieldFrame.h"
 
 #include "platform/result/fld_Field.h"
-#include "platform/store/fio_Error.h"
-#include "platform/store/fio_File.h"
 #include "platform/sto/sto_Field.h"
 #include "platform/sto/sto_FieldDescription.h"
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -143,7 +143,8 @@ sto_Field sto_FieldFrame::Field(const sto_FieldDescription& description, int key
                                 const fio_Buffer& conjugate, const sto_Field& orientation, int storageType)
 {
     const std::shared_ptr<fld_Frame> frame = m_frame.fetchWritable();
-    if (frame->m_fields.isNull()) fio_raise(m_frame.file()->path(), "the frame has no list of fields; the file is damaged");
+    if (frame->m_fields.isNull())
+        fio_raise(m_frame.file()->path(), "the frame has no list of fields; the file is damaged");
     const lnk_ShortCut<fld_Field> field =
         create(description, key, values, conjugate, orientation.shortCut(), storageType);
     frame->m_fieldKeys.push_back(key);

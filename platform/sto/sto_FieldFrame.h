@@ -32,7 +32,8 @@ public:
     /// The name of each field as its key text has it, in the store's order, with repeats. Reads no field.
     std::vector<std::string> fieldNames() const;
     /// The keys of all fields of a name, ascending. Reads no field.
-    /// Cost: the first call of a handle looks at all names, a later one at those that are asked for and those that came in.
+    /// Cost: the first call of a handle looks at all names, a later one at those that are asked for and those that came
+    /// in.
     std::vector<int> fieldKeys(std::string_view name) const;
 
     /// The key of the first field, in the store's order, that one of these descriptions describes; -1 for none.
@@ -54,7 +55,8 @@ public:
     /// the field keep what they have read.
     void Replace(const sto_Field& field, const fio_Buffer& values, const fio_Buffer& conjugate) const;
     /// Keeps the local systems of a block. They have no name in the frame; the block refers to them.
-    sto_Field Orientation(const sto_FieldDescription& description, int key, const fio_Buffer& values, int storageType = 0);
+    sto_Field Orientation(const sto_FieldDescription& description, int key, const fio_Buffer& values,
+                          int storageType = 0);
 
     /// Gives back the memory of the fields' rows and of the frame's own, as far as the disk has them.
     void release() const;

@@ -1,9 +1,9 @@
 #include "platform/sto/sto_FieldStep.h"
 
-#include "platform/store/fio_Error.h"
-#include "platform/store/fio_File.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_ModelOf.h"
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
 
 #include <functional>
 
@@ -31,9 +31,9 @@ bool isSame(const fld_FieldDescription& a, const fld_FieldDescription& b, bool h
            a.m_engineeringTensor == b.m_engineeringTensor && a.m_completeness == b.m_completeness &&
            a.m_clampType == b.m_clampType && a.m_minClamp == b.m_minClamp && a.m_maxClamp == b.m_maxClamp &&
            a.m_loadCoordSystem == b.m_loadCoordSystem && a.m_labelComponents == b.m_labelComponents &&
-           a.m_orientation.isValid() == hasOrientation &&
-           a.m_label == b.m_label && a.m_keyText == b.m_keyText && a.m_description == b.m_description &&
-           a.m_componentLabels == b.m_componentLabels && a.m_invariants == b.m_invariants;
+           a.m_orientation.isValid() == hasOrientation && a.m_label == b.m_label && a.m_keyText == b.m_keyText &&
+           a.m_description == b.m_description && a.m_componentLabels == b.m_componentLabels &&
+           a.m_invariants == b.m_invariants;
 }
 
 void fillWidth(fld_FieldDescription& description)
@@ -85,7 +85,8 @@ sto_FieldDescription sto_FieldStep::find(const fld_FieldDescription& like, bool 
 sto_FieldDescription sto_FieldStep::field(const fld_FieldDescription& like, bool hasOrientation) const
 {
     const sto_FieldDescription found = find(like, hasOrientation);
-    if (!found.isValid()) fio_raise(m_step.file()->path(), "has no description of field \"" + like.m_label + "\" there");
+    if (!found.isValid())
+        fio_raise(m_step.file()->path(), "has no description of field \"" + like.m_label + "\" there");
     return found;
 }
 

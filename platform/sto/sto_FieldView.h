@@ -3,8 +3,7 @@
 
 /// The values of a stored field as a plain array, row by row; borrowed from the sto_Field that gave the view, and good
 /// as long as any handle copied from that one lives.
-template<class T>
-class sto_FieldView
+template<class T> class sto_FieldView
 {
 public:
     sto_FieldView() = default;
@@ -39,8 +38,7 @@ enum class sto_ValueKind
 };
 
 /// A view on values of one kind and precision, so that they are not taken for others.
-template<class T, sto_ValueKind kind>
-class sto_TypedView : public sto_FieldView<T>
+template<class T, sto_ValueKind kind> class sto_TypedView : public sto_FieldView<T>
 {
 public:
     sto_TypedView() = default;

@@ -4,8 +4,7 @@
 
 namespace {
 
-template<class Change>
-void edit(const lnk_ShortCut<fld_Frame>& shortCut, Change change)
+template<class Change> void edit(const lnk_ShortCut<fld_Frame>& shortCut, Change change)
 {
     const std::shared_ptr<fld_Frame> frame = shortCut.fetchWritable();
     change(*frame);

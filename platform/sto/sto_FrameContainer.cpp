@@ -1,8 +1,8 @@
 #include "platform/sto/sto_FrameContainer.h"
 
+#include "platform/sto/sto_Frame.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
-#include "platform/sto/sto_Frame.h"
 
 sto_Frame sto_FrameContainer::get(int index) const
 {

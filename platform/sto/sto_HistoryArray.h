@@ -4,8 +4,7 @@
 #include "platform/store/fio_Buffer.h"
 
 /// The times or the values of a curve, row by row. Copies share them.
-template<class T>
-class sto_HistoryArray
+template<class T> class sto_HistoryArray
 {
 public:
     sto_HistoryArray() = default;

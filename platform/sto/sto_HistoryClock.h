@@ -6,9 +6,9 @@
 
 /// A handle on the times of a curve. Copies, and curves that are made with one clock, see each other's times.
 ///
-/// What a clock keeps is shared further: the times stand in a series that all clocks of the step use as long as they are
-/// given the same times, in whatever turn. A clock that is given another time goes on in a series that has it, or in one
-/// of its own.
+/// What a clock keeps is shared further: the times stand in a series that all clocks of the step use as long as they
+/// are given the same times, in whatever turn. A clock that is given another time goes on in a series that has it, or
+/// in one of its own.
 class sto_HistoryClock
 {
 public:

@@ -1,10 +1,10 @@
 #include "platform/sto/sto_HistoryStep.h"
 
 #include "platform/result/fld_Series.h"
-#include "platform/store/fio_Error.h"
-#include "platform/store/fio_File.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_ModelOf.h"
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
 
 sto_HistoryClock sto_HistoryStep::Clock() const
 {
@@ -61,7 +61,8 @@ void sto_HistoryStep::setElement(fld_History& curve, const sto_ElementClass& ele
     curve.m_classIndex = elementClass.classIndex();
     curve.m_elementNumber = elementClass.GetElementIndexFromLabel(elementLabel);
     if (curve.m_elementNumber < 0) {
-        fio_raise(m_step.file()->path(), "there is no element " + std::to_string(elementLabel) + " to make a curve for");
+        fio_raise(m_step.file()->path(),
+                  "there is no element " + std::to_string(elementLabel) + " to make a curve for");
     }
 }
 

@@ -28,8 +28,8 @@ public:
     sto_HistoryClock Clock() const;
 
     /// Make a curve of single precision. A curve at no place, or of the whole model:
-    sto_HistoryFloat FloatHistory(const sto_HistoryClock& clock, fld_OutputPositionEnm position, const shr_String& label,
-                                  const shr_String& description) const;
+    sto_HistoryFloat FloatHistory(const sto_HistoryClock& clock, fld_OutputPositionEnm position,
+                                  const shr_String& label, const shr_String& description) const;
     /// At a node. An instance that is not valid means the assembly's own mesh, here and below.
     sto_HistoryFloat FloatHistory(const sto_HistoryClock& clock, fld_OutputPositionEnm position,
                                   const sto_PartInstance& instance, const shr_String& label,

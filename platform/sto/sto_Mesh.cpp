@@ -38,7 +38,8 @@ struct ClassMembers
 // Members by class, classes in the order in which they first appear.
 ClassMembers& membersOf(std::vector<ClassMembers>& groups, std::vector<int>& placeOf, int classIndex)
 {
-    if (placeOf.size() <= static_cast<std::size_t>(classIndex)) placeOf.resize(static_cast<std::size_t>(classIndex) + 1, -1);
+    if (placeOf.size() <= static_cast<std::size_t>(classIndex))
+        placeOf.resize(static_cast<std::size_t>(classIndex) + 1, -1);
     int& place = placeOf[static_cast<std::size_t>(classIndex)];
     if (place < 0) {
         place = static_cast<int>(groups.size());
@@ -64,10 +65,7 @@ int sto_ScopedNodeData::getInstanceNode(int index) const
     return m_nodes.data()->m_foreignNodes.data()[3 * (index - grd_NodeData::firstForeignNode) + 1];
 }
 
-int sto_ScopedNodeData::GetUserNodeLabel(int index) const
-{
-    return m_nodes.GetUserNodeLabel(index);
-}
+int sto_ScopedNodeData::GetUserNodeLabel(int index) const { return m_nodes.GetUserNodeLabel(index); }
 
 sto_Mesh sto_Mesh::create(const std::shared_ptr<fio_FileBody>& file, int meshIndex, int dimension)
 {

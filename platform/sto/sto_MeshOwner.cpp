@@ -10,7 +10,8 @@ void sto_requireRegion(const setC_Region& region, const std::shared_ptr<fio_File
 {
     if (region.isNull()) throw exc_TextException("The region of an assignment is empty.");
     if (region.file() != file) {
-        throw exc_TextException(msg_Format("Set \"%s\" belongs to another database.", region.ConstSet()->m_label.c_str()));
+        throw exc_TextException(
+            msg_Format("Set \"%s\" belongs to another database.", region.ConstSet()->m_label.c_str()));
     }
 }
 

@@ -9,8 +9,7 @@
 /// What the handles on a stored part and on a stored part instance have in common: a mesh, and what is assigned to its
 /// regions. What they tell is up to date with every call.
 /// @tparam Body  mshK_Part or mshK_PartInstance
-template<class Body>
-class sto_MeshOwner
+template<class Body> class sto_MeshOwner
 {
 public:
     /// No part or instance.

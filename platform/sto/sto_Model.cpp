@@ -1,7 +1,7 @@
 #include "platform/sto/sto_Model.h"
 
-#include "platform/store/fio_File.h"
 #include "platform/sto/sto_StoStep.h"
+#include "platform/store/fio_File.h"
 #include "platform/text/exc_Exception.h"
 #include "platform/text/msg_Format.h"
 
@@ -93,8 +93,7 @@ sto_PartInstance sto_Model::PartInstanceFromPart(const std::string& partName, co
         throw exc_TextException(msg_Format("A part instance named \"%s\" already exists.", instanceName.c_str()));
     }
 
-    const lnk_ShortCut<mshK_Mesh> mesh =
-        sto_Mesh::createFrom(source.mesh(), sto_newMeshIndex(m_reference)).shortCut();
+    const lnk_ShortCut<mshK_Mesh> mesh = sto_Mesh::createFrom(source.mesh(), sto_newMeshIndex(m_reference)).shortCut();
     mshK_PartInstance instance;
     instance.m_name = instanceName;
     instance.m_partName = partName;

@@ -4,8 +4,8 @@
 #include "platform/attribute/secC_Section.h"
 #include "platform/model/mshK_Model.h"
 #include "platform/sto/sto_Assembly.h"
-#include "platform/sto/sto_ModelSectorDefinition.h"
 #include "platform/sto/sto_Datum.h"
+#include "platform/sto/sto_ModelSectorDefinition.h"
 #include "platform/sto/sto_Part.h"
 #include "platform/text/shr_String.h"
 
@@ -123,7 +123,7 @@ public:
 
 private:
     // Changes one value of the stored model.
-    template<class Value> void change(Value mshK_Model::* member, Value value)
+    template<class Value> void change(Value mshK_Model::*member, Value value)
     {
         const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
         (*changed).*member = std::move(value);

@@ -35,7 +35,10 @@ public:
     /// The same; the label is kept with this mesh, so the mesh is not looked at.
     int GetUserNodeLabel(int index, const sto_Mesh&) const { return GetUserNodeLabel(index); }
     /// The index of a label, or -1. @param hint  where to look first
-    int GetNodeIndexFromLabel(int label, int hint = 0) const { return m_data ? m_data->m_labels.find(label, hint) : -1; }
+    int GetNodeIndexFromLabel(int label, int hint = 0) const
+    {
+        return m_data ? m_data->m_labels.find(label, hint) : -1;
+    }
     /// The position of the first label of a list that does not exist, or the list's length when all exist.
     int CheckUserNodeLabels(const int* labels, int count) const
     {
@@ -62,8 +65,8 @@ class sto_Node
 {
 public:
     sto_Node(int index, int label, int meshIndex, const float* coordinates)
-        : m_index(index), m_label(label), m_meshIndex(meshIndex),
-          m_coordinates{coordinates[0], coordinates[1], coordinates[2]}
+        : m_index(index), m_label(label),
+          m_meshIndex(meshIndex), m_coordinates{coordinates[0], coordinates[1], coordinates[2]}
     {
     }
 

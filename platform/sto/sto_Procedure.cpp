@@ -51,10 +51,7 @@ constexpr int keywordCount = static_cast<int>(sizeof keywords / sizeof keywords[
 
 } // namespace
 
-const char* sto_Procedure::keyword(int number)
-{
-    return number >= 0 && number < keywordCount ? keywords[number] : "";
-}
+const char* sto_Procedure::keyword(int number) { return number >= 0 && number < keywordCount ? keywords[number] : ""; }
 
 int sto_Procedure::domain(int number)
 {

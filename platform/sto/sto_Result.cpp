@@ -2,11 +2,11 @@
 
 #include "platform/attribute/mshK_Step.h"
 #include "platform/result/fld_Frame.h"
-#include "platform/store/fio_Error.h"
-#include "platform/store/fio_File.h"
 #include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StepContainer.h"
 #include "platform/sto/sto_StoStep.h"
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
 
 sto_Result sto_Result::create(const std::shared_ptr<fio_FileBody>& file)
 {

@@ -4,15 +4,17 @@
 #include "platform/model/mshK_Model.h"
 #include "platform/result/fld_FieldDescription.h"
 #include "platform/result/fld_Frame.h"
-#include "platform/store/fio_Error.h"
-#include "platform/store/fio_File.h"
 #include "platform/sto/sto_FieldStep.h"
 #include "platform/sto/sto_Frame.h"
 #include "platform/sto/sto_HistoryStep.h"
 #include "platform/sto/sto_ModelOf.h"
 #include "platform/sto/sto_StoStep.h"
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
 
-sto_Step::sto_Step(const lnk_ShortCut<fld_Step>& step) : m_step(step), m_index(std::make_shared<sto_FieldStepIndex>()) {}
+sto_Step::sto_Step(const lnk_ShortCut<fld_Step>& step) : m_step(step), m_index(std::make_shared<sto_FieldStepIndex>())
+{
+}
 
 template<class Change> void sto_Step::edit(Change change)
 {

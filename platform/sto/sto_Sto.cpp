@@ -86,10 +86,7 @@ void sto_Sto::setAnalysisVersion(const shr_String& version)
 
 bool sto_Sto::onlyHasUserDefinedData() const { return root().fetch()->m_onlyHasUserDefinedData; }
 
-void sto_Sto::setOnlyHasUserDefinedData(bool only)
-{
-    change(&sto_StoData::m_onlyHasUserDefinedData, only);
-}
+void sto_Sto::setOnlyHasUserDefinedData(bool only) { change(&sto_StoData::m_onlyHasUserDefinedData, only); }
 
 std::vector<int> sto_Sto::productAddOns() const { return root().fetch()->m_productAddOns; }
 

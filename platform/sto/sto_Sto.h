@@ -108,7 +108,7 @@ private:
     friend class sto_StoContainer;
     lnk_ShortCut<sto_StoData> root() const;
     // Changes one value of the root object.
-    template<class Value> void change(Value sto_StoData::* member, Value value)
+    template<class Value> void change(Value sto_StoData::*member, Value value)
     {
         const std::shared_ptr<sto_StoData> changed = root().fetchWritable();
         (*changed).*member = std::move(value);

@@ -14,7 +14,7 @@ namespace {
 // A database gives way to a new one of its name; what is not ours is not for us to delete.
 void clearPlace(const std::string& path)
 {
-    struct stat status{};
+    struct stat status = {};
     if (lstat(path.c_str(), &status) != 0) {
         if (errno == ENOENT) return;
         fio_raise(path, std::strerror(errno));

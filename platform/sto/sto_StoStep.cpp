@@ -2,11 +2,11 @@
 
 #include "platform/attribute/stpC_Steps.h"
 #include "platform/model/mshK_Model.h"
-#include "platform/store/fio_Error.h"
-#include "platform/store/fio_File.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Procedure.h"
 #include "platform/sto/sto_StepContainer.h"
+#include "platform/store/fio_Error.h"
+#include "platform/store/fio_File.h"
 
 #include <algorithm>
 
@@ -144,8 +144,7 @@ std::shared_ptr<const stpC_Step> sto_StoStep::analysisStep() const
 
 sto_Restart sto_StoStep::Restart(int first, bool second, bool third, int fourth)
 {
-    const auto created =
-        lnk_ShortCut<stpC_Restart>::create(m_step.file(), stpC_Restart(first, second, third, fourth));
+    const auto created = lnk_ShortCut<stpC_Restart>::create(m_step.file(), stpC_Restart(first, second, third, fourth));
     edit(m_step, [&created](mshK_Step& step) { step.m_restart = created; });
     return sto_Restart(created);
 }

@@ -9,8 +9,8 @@ namespace {
 
 [[noreturn]] void raiseDamaged(const lnk_ShortCut<sto_UserXYDataContent>& curve)
 {
-    fio_raise(curve.file()->path(), "the rows of curve " + std::to_string(curve.id()) +
-                                        " do not fit its values; the file is damaged");
+    fio_raise(curve.file()->path(),
+              "the rows of curve " + std::to_string(curve.id()) + " do not fit its values; the file is damaged");
 }
 
 long long rowCount(const lnk_ShortCut<sto_UserXYDataContent>& curve, const sto_UserXYDataContent& content)
@@ -47,7 +47,7 @@ void sto_UserXYData::setSourceType(kvp_SourceTypeEnm type)
     m_content.replace(changed);
 }
 
-void sto_UserXYData::setText(std::string sto_UserXYDataContent::* member, const shr_String& to)
+void sto_UserXYData::setText(std::string sto_UserXYDataContent::*member, const shr_String& to)
 {
     const auto changed = m_content.fetchWritable();
     (*changed).*member = to.cStr();

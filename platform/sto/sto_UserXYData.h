@@ -87,11 +87,11 @@ public:
     void setDataListList(const DataList& rows);
 
 private:
-    shr_String text(std::string sto_UserXYDataContent::* member) const
+    shr_String text(std::string sto_UserXYDataContent::*member) const
     {
         return shr_String(((*m_content.fetch()).*member).c_str());
     }
-    void setText(std::string sto_UserXYDataContent::* member, const shr_String& to);
+    void setText(std::string sto_UserXYDataContent::*member, const shr_String& to);
 
     lnk_ShortCut<sto_UserXYDataContent> m_content;
 };

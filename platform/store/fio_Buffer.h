@@ -14,7 +14,8 @@ public:
     /// Large ones are in large pages where the system has them: filling small pages for the first time takes as long
     /// as reading what goes into them.
     explicit fio_Buffer(std::size_t bytes);
-    /// The bytes of somebody else, who keeps them for as long as this and its copies are used. They need not be aligned.
+    /// The bytes of somebody else, who keeps them for as long as this and its copies are used. They need not be
+    /// aligned.
     static fio_Buffer borrow(const void* bytes, std::size_t count);
     bool isBorrowed() const { return m_isBorrowed; }
 

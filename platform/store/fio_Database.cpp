@@ -29,15 +29,15 @@ constexpr off_t leastBytes = 4096;
 // with content is told apart before.
 void refuseWhatIsNoFile(const std::string& path)
 {
-    struct stat status{};
+    struct stat status = {};
     if (stat(path.c_str(), &status) != 0) fio_raise(path, std::strerror(errno));
     if (S_ISDIR(status.st_mode)) fio_raise(path, "is a directory");
     if (!S_ISREG(status.st_mode)) fio_raise(path, "is not a regular file");
     if (status.st_size == 0) fio_raise(path, "the file is empty");
 }
 
-// SQLite has room for so many bytes of a path, with links followed, and the ending of its journal; a longer one it cannot
-// tell from a missing file.
+// SQLite has room for so many bytes of a path, with links followed, and the ending of its journal; a longer one it
+// cannot tell from a missing file.
 void refuseLongPath(const std::string& path)
 {
     const auto most = static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - std::strlen("-journal");
@@ -208,7 +208,7 @@ void fio_Database::checkApplication()
     }
     // SQLite counts a last page that is there in part as a whole one, and reads zeros where it ends.
     fio_Statement pages = prepare("SELECT page_count * page_size FROM pragma_page_count, pragma_page_size");
-    struct stat status{};
+    struct stat status = {};
     if (pages.step() && stat(m_path.c_str(), &status) == 0 && status.st_size < pages.integer(0)) {
         raise("the file was cut short");
     }
@@ -248,7 +248,7 @@ void fio_Database::refuseEmptiedFile() const
 {
     // Inside a transaction it has been asked already.
     if (!m_hasContent || !sqlite3_get_autocommit(m_handle)) return;
-    struct stat status{};
+    struct stat status = {};
     if (stat(m_path.c_str(), &status) == 0 && status.st_size < leastBytes) raise("the file was cut short");
 }
 
@@ -337,7 +337,7 @@ void fio_Database::readExtent(long long extent, std::size_t offset, void* into, 
 
 long long fio_Database::fileBytes() const
 {
-    struct stat status{};
+    struct stat status = {};
     return stat(m_path.c_str(), &status) == 0 ? static_cast<long long>(status.st_size) : -1;
 }
 

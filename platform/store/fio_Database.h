@@ -83,8 +83,8 @@ public:
     void execute(const char* sql);
     /// The size of the file on disk; -1 where there is none.
     long long fileBytes() const;
-    /// Raises when a table of the file works values out instead of keeping them: no table of ours does, and the work may
-    /// be without end.
+    /// Raises when a table of the file works values out instead of keeping them: no table of ours does, and the work
+    /// may be without end.
     void refuseComputedColumns(const std::string& table);
 
     void begin();
@@ -97,8 +97,8 @@ public:
     /// The size of an extent; -1 where there is none.
     long long extentSize(long long extent);
 
-    /// Between these calls the handle on the extents stays open, which makes reading many small ones fast, and holds the
-    /// file against a writer's save: for the length of one call of a client, no more. Calls nest.
+    /// Between these calls the handle on the extents stays open, which makes reading many small ones fast, and holds
+    /// the file against a writer's save: for the length of one call of a client, no more. Calls nest.
     void beginReads() { ++m_readers; }
     void endReads();
 

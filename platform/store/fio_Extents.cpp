@@ -96,7 +96,8 @@ void fio_Extents::read(long long first, std::size_t offset, void* into, std::siz
     while (count > 0) {
         const std::size_t inside = offset % fio_Database::extentBytes;
         const std::size_t piece = std::min(count, fio_Database::extentBytes - inside);
-        m_database.readExtent(first + static_cast<long long>(offset / fio_Database::extentBytes), inside, target, piece);
+        m_database.readExtent(first + static_cast<long long>(offset / fio_Database::extentBytes), inside, target,
+                              piece);
         target += piece;
         offset += piece;
         count -= piece;
@@ -114,7 +115,8 @@ void fio_Extents::verify(long long first, std::size_t bytes)
                          " cannot be; the file is damaged");
     }
     const long long last = first + count - 1;
-    const auto expected = static_cast<long long>(bytes - static_cast<std::size_t>(count - 1) * fio_Database::extentBytes);
+    const auto expected =
+        static_cast<long long>(bytes - static_cast<std::size_t>(count - 1) * fio_Database::extentBytes);
     const long long size = m_database.extentSize(last);
     if (size != expected) {
         m_database.raise("extent " + std::to_string(last) + " should have " + std::to_string(expected) +

@@ -13,12 +13,13 @@
 class fio_Extents
 {
 public:
-    /// What is gathered before it is written: large enough that a sync costs little a byte, small enough to be no burden.
+    /// What is gathered before it is written: large enough that a sync costs little a byte, small enough to be no
+    /// burden.
     static constexpr std::size_t gatherBytes = 16u << 20;
 
     /// Room for an array that is to be filled and appended soon, not initialised. What is gathered lies side by side in
-    /// memory that serves again when the disk has it: among the objects that stay, thousands of buffers that come and go
-    /// would leave holes that nothing fits into, and fresh memory is cleared before it is written to.
+    /// memory that serves again when the disk has it: among the objects that stay, thousands of buffers that come and
+    /// go would leave holes that nothing fits into, and fresh memory is cleared before it is written to.
     static fio_Buffer roomFor(std::size_t bytes);
 
     explicit fio_Extents(fio_Database& database) : m_database(database) {}

@@ -138,7 +138,9 @@ void fio_FileBody::readHeader()
     m_savedExtents = m_extents->limit();
     // Numbers stay far from where counting on would overflow.
     constexpr long long largest = 1LL << 60;
-    if (m_nextId > largest || m_extents->limit() > largest || m_saveCount < 0 || m_saveCount > largest || m_nextId < 1 || m_extents->limit() < 1 || m_uid.empty()) m_database->raise("the header makes no sense; the file is damaged");
+    if (m_nextId > largest || m_extents->limit() > largest || m_saveCount < 0 || m_saveCount > largest ||
+        m_nextId < 1 || m_extents->limit() < 1 || m_uid.empty())
+        m_database->raise("the header makes no sense; the file is damaged");
 }
 
 void fio_FileBody::writeHeader()
@@ -271,13 +273,15 @@ void fio_FileBody::makeTable(const pcl_ClassMetadata& metadata, Table& table)
             updates += ", " + name + " = " + place;
             declarations += ", " + name + " " + column.type;
             if (table.exists && table.columns[i] < 0) {
-                db.execute(("ALTER TABLE " + quoted(metadata.name()) + " ADD COLUMN " + name + " " + column.type).c_str());
+                db.execute(
+                    ("ALTER TABLE " + quoted(metadata.name()) + " ADD COLUMN " + name + " " + column.type).c_str());
             }
         }
     }
     if (!table.exists) {
         db.execute(("CREATE TABLE " + quoted(metadata.name()) + "(" + declarations +
-                    ", PRIMARY KEY(oid, since)) WITHOUT ROWID").c_str());
+                    ", PRIMARY KEY(oid, since)) WITHOUT ROWID")
+                       .c_str());
     }
     {
         fio_Statement enter = db.prepare("INSERT OR REPLACE INTO catalogue VALUES(?1, ?2, ?3, ?1)");
@@ -591,8 +595,8 @@ fio_File::fio_File(const std::shared_ptr<fio_FileBody>& body)
 fio_File fio_File::Open(const char* path, bool forWriting, bool)
 {
     refuseUrl(path);
-    return fio_File(std::make_shared<fio_FileBody>(
-        path, forWriting ? fio_Database::Access::WRITE : fio_Database::Access::READ));
+    return fio_File(
+        std::make_shared<fio_FileBody>(path, forWriting ? fio_Database::Access::WRITE : fio_Database::Access::READ));
 }
 
 fio_File fio_File::Create(const char* path)

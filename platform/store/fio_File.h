@@ -70,7 +70,8 @@ public:
     void save();
     /// Drops what is not saved and lets go of the file.
     void close();
-    /// For a reader: looks whether another process has saved since; if so forgets everything read and sees the new state.
+    /// For a reader: looks whether another process has saved since; if so forgets everything read and sees the new
+    /// state.
     bool refresh();
     /// Raises: what a reader of an older state asks for is gone, or the file is damaged.
     [[noreturn]] void raiseMissing(const std::string& what);
@@ -93,7 +94,7 @@ private:
     struct Table
     {
         bool exists = false;
-        std::vector<int> columns;      // of each attribute: its place in the select list, or -1
+        std::vector<int> columns; // of each attribute: its place in the select list, or -1
         bool hasUnknownColumns = false;
         std::string select;
         std::string insert;
@@ -130,7 +131,6 @@ private:
     int m_keepSeconds = defaultKeepSeconds;
     std::string m_uid;
     std::string m_writerToken; // what this writer has put in the header, once it has written
-
 };
 
 /// While it lives, reading many small arrays of the file is fast; see fio_Database::beginReads().

@@ -253,8 +253,7 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
         // A journal that may be new has its folder synced with it. The kept one is there already.
         constexpr int newJournal = SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_CREATE;
         SharedFile* database = (flags & newJournal) == newJournal ? &of(sqlite3_database_file_object(name)) : nullptr;
-        auto shared =
-            std::make_unique<SharedFile>(std::move(memory), (flags & SQLITE_OPEN_MAIN_DB) != 0, database);
+        auto shared = std::make_unique<SharedFile>(std::move(memory), (flags & SQLITE_OPEN_MAIN_DB) != 0, database);
         int code = SQLITE_CANTOPEN;
         if (database && database->hasJournal()) {
             code = openBelow(name, shared->real(), flags & ~SQLITE_OPEN_CREATE, outFlags);

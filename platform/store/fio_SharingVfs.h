@@ -12,8 +12,8 @@ const char* fio_sharingVfs();
 
 /// The longest wait for another process that holds the file; what comes after it is an error.
 constexpr int fio_longestWaitMilliseconds = 10000;
-/// Sleeps before another try to get at the file: SQLite's busy handler. Waits start short, since a save shuts readers out
-/// for less than a millisecond, and grow so that a stuck peer costs no processor time.
+/// Sleeps before another try to get at the file: SQLite's busy handler. Waits start short, since a save shuts readers
+/// out for less than a millisecond, and grow so that a stuck peer costs no processor time.
 /// @param attempt  how often this was tried before  @return 0 when it was tried long enough
 int fio_waitForPeer(void*, int attempt);
 

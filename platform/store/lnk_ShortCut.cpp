@@ -14,7 +14,8 @@ std::shared_ptr<const pcl_Persistent> lnk_fetch(const lnk_AnyShortCut& shortCut,
 
 void lnk_replace(const lnk_AnyShortCut& shortCut, const std::shared_ptr<pcl_Persistent>& object)
 {
-    if (shortCut.isNull() || !shortCut.file()) fio_raise(object->Metadata().name(), "a reference to no object was changed");
+    if (shortCut.isNull() || !shortCut.file())
+        fio_raise(object->Metadata().name(), "a reference to no object was changed");
     if (shortCut.isApart()) fio_raise(object->Metadata().name(), "an object that no file has cannot be changed in one");
     shortCut.file()->replace(shortCut.id(), object);
 }

@@ -41,8 +41,7 @@ long long lnk_create(const std::shared_ptr<fio_FileBody>& file, const std::share
 long long lnk_apartId();
 
 /// A reference to a stored object of class T.
-template<class T>
-class lnk_ShortCut : public lnk_AnyShortCut
+template<class T> class lnk_ShortCut : public lnk_AnyShortCut
 {
 public:
     lnk_ShortCut() = default;
@@ -70,9 +69,8 @@ public:
     std::shared_ptr<const T> fetch() const
     {
         if (m_apart) return std::static_pointer_cast<const T>(m_apart);
-        return std::static_pointer_cast<const T>(lnk_fetch(*this, T::ClassMetadata(), [] {
-            return std::static_pointer_cast<pcl_Persistent>(std::make_shared<T>());
-        }));
+        return std::static_pointer_cast<const T>(lnk_fetch(
+            *this, T::ClassMetadata(), [] { return std::static_pointer_cast<pcl_Persistent>(std::make_shared<T>()); }));
     }
 
     /// A private copy to change. Nothing is changed until replace() puts it back.

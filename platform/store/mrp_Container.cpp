@@ -104,9 +104,6 @@ mrp_Entries& mrp_writableEntries(const std::shared_ptr<fio_FileBody>& file, long
     return file->entries(container);
 }
 
-void mrp_release(const std::shared_ptr<fio_FileBody>& file, long long container)
-{
-    file->releaseContainer(container);
-}
+void mrp_release(const std::shared_ptr<fio_FileBody>& file, long long container) { file->releaseContainer(container); }
 
 long long mrp_createContainer(const std::shared_ptr<fio_FileBody>& file) { return file->newId(); }

@@ -38,7 +38,7 @@ private:
     std::vector<Entry> m_entries;
     mutable std::unordered_multimap<std::string, int> m_index;
     mutable bool m_indexed = false;
-    int m_unsaved = 0;     // how many entries the file has not
+    int m_unsaved = 0; // how many entries the file has not
 };
 
 long long mrp_createContainer(const std::shared_ptr<fio_FileBody>& file);
@@ -48,8 +48,7 @@ template<class T> class mrp_Container;
 /// Walks a container in the order of its entries:
 ///
 ///     for (entry.first(); !entry.isDone(); entry.next()) { use(entry.currentKey(), entry.currentValue()); }
-template<class T>
-class mrp_ContainerIterator
+template<class T> class mrp_ContainerIterator
 {
 public:
     explicit mrp_ContainerIterator(const mrp_Container<T>& container) : m_container(container) {}
@@ -67,8 +66,7 @@ private:
 };
 
 /// An ordered list of named references to objects of class T, itself named by an id that its owner keeps.
-template<class T>
-class mrp_Container : public lnk_AnyShortCut
+template<class T> class mrp_Container : public lnk_AnyShortCut
 {
 public:
     mrp_Container() = default;

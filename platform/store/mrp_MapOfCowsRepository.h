@@ -6,8 +6,7 @@
 #include "platform/text/shr_String.h"
 
 /// Named values of one class, shared with whoever holds a copy until one side writes.
-template<class T>
-class mrp_MapOfCowsRepository : private shr_Btree<shr_String, shr_COW<T>>
+template<class T> class mrp_MapOfCowsRepository : private shr_Btree<shr_String, shr_COW<T>>
 {
 public:
     using Map = shr_Btree<shr_String, shr_COW<T>>;

@@ -49,8 +49,7 @@ protected:
 /// A bulk array of a persistent object: 32-bit integers, floats or doubles. It is read from disk when its values are
 /// first asked for, and shared between copies of its object. Appending is amortised constant time, also when an older
 /// copy of the object is still being read. An array belongs to one object: it is never copied into another.
-template<class T>
-class pcl_Array : public pcl_ArrayBase
+template<class T> class pcl_Array : public pcl_ArrayBase
 {
 public:
     long long size() const { return m_count; }

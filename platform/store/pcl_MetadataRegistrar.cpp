@@ -154,8 +154,8 @@ void pcl_MetadataRegistrar::checkUnique(const pcl_KnownClass& known)
         if (other->type() == known.type()) continue;
         checkPair(known.name(), known.id(), other->name(), other->id());
         if (other->id() == known.id() && other->version() == known.version()) {
-            throw exc_TextException(msg_Format("Persistent class %1$s of version %2$s is declared twice.", known.name(),
-                                               known.version()));
+            throw exc_TextException(
+                msg_Format("Persistent class %1$s of version %2$s is declared twice.", known.name(), known.version()));
         }
     }
     for (const auto& [name, entry] : classes()) checkPair(known.name(), known.id(), name.c_str(), entry.metadata.id());

@@ -29,20 +29,58 @@ public:
 
 /// Maps a member's type to the kind of its attribute.
 template<class T> struct pcl_KindOf;
-template<> struct pcl_KindOf<int> { static constexpr pcl_Kind kind = pcl_Kind::INT32; };
-template<> struct pcl_KindOf<long long> { static constexpr pcl_Kind kind = pcl_Kind::INT64; };
-template<> struct pcl_KindOf<float> { static constexpr pcl_Kind kind = pcl_Kind::FLOAT; };
-template<> struct pcl_KindOf<double> { static constexpr pcl_Kind kind = pcl_Kind::DOUBLE; };
-template<> struct pcl_KindOf<bool> { static constexpr pcl_Kind kind = pcl_Kind::BOOL; };
-template<> struct pcl_KindOf<std::string> { static constexpr pcl_Kind kind = pcl_Kind::STRING; };
-template<> struct pcl_KindOf<std::vector<int>> { static constexpr pcl_Kind kind = pcl_Kind::INTS; };
-template<> struct pcl_KindOf<std::vector<double>> { static constexpr pcl_Kind kind = pcl_Kind::DOUBLES; };
-template<> struct pcl_KindOf<std::vector<std::string>> { static constexpr pcl_Kind kind = pcl_Kind::STRINGS; };
-template<> struct pcl_KindOf<pcl_Array<int>> { static constexpr pcl_Kind kind = pcl_Kind::INT_ARRAY; };
-template<> struct pcl_KindOf<pcl_Array<float>> { static constexpr pcl_Kind kind = pcl_Kind::FLOAT_ARRAY; };
-template<> struct pcl_KindOf<pcl_Array<double>> { static constexpr pcl_Kind kind = pcl_Kind::DOUBLE_ARRAY; };
+template<> struct pcl_KindOf<int>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::INT32;
+};
+template<> struct pcl_KindOf<long long>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::INT64;
+};
+template<> struct pcl_KindOf<float>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::FLOAT;
+};
+template<> struct pcl_KindOf<double>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::DOUBLE;
+};
+template<> struct pcl_KindOf<bool>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::BOOL;
+};
+template<> struct pcl_KindOf<std::string>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::STRING;
+};
+template<> struct pcl_KindOf<std::vector<int>>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::INTS;
+};
+template<> struct pcl_KindOf<std::vector<double>>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::DOUBLES;
+};
+template<> struct pcl_KindOf<std::vector<std::string>>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::STRINGS;
+};
+template<> struct pcl_KindOf<pcl_Array<int>>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::INT_ARRAY;
+};
+template<> struct pcl_KindOf<pcl_Array<float>>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::FLOAT_ARRAY;
+};
+template<> struct pcl_KindOf<pcl_Array<double>>
+{
+    static constexpr pcl_Kind kind = pcl_Kind::DOUBLE_ARRAY;
+};
 
-template<class T> requires std::derived_from<T, lnk_AnyShortCut> struct pcl_KindOf<T>
+template<class T>
+requires std::derived_from<T, lnk_AnyShortCut>
+struct pcl_KindOf<T>
 {
     static constexpr pcl_Kind kind = pcl_Kind::REFERENCE;
 };
@@ -68,8 +106,7 @@ template<class T> requires std::derived_from<T, lnk_AnyShortCut> struct pcl_Kind
 /// From attributes() alone come the table, the rows and the reading. The class makes itself known when the program
 /// starts; the first use of one that shares its id or its name with another raises what
 /// pcl_MetadataRegistrar::checkUnique raises.
-template<class T>
-class pcl_Class : public pcl_Persistent
+template<class T> class pcl_Class : public pcl_Persistent
 {
 public:
     static const pcl_ClassMetadata& ClassMetadata()
@@ -89,13 +126,11 @@ public:
 
     void DBRead(pcl_ReadVisitor& visitor) override
     {
-        T::attributes(static_cast<T&>(*this), [&visitor](const char* name, auto& member) { visitor.Read(name, member); });
+        T::attributes(static_cast<T&>(*this),
+                      [&visitor](const char* name, auto& member) { visitor.Read(name, member); });
     }
 
-    std::shared_ptr<pcl_Persistent> Clone() const override
-    {
-        return std::make_shared<T>(static_cast<const T&>(*this));
-    }
+    std::shared_ptr<pcl_Persistent> Clone() const override { return std::make_shared<T>(static_cast<const T&>(*this)); }
 
     void StoreArrays(const std::shared_ptr<fio_FileBody>& file) override
     {

@@ -142,7 +142,8 @@ int pcl_RowReader::column(const char* attribute) const
 
 void pcl_RowReader::refuse(const char* attribute) const
 {
-    m_file->database().raise("the value of " + m_metadata.name() + "." + attribute + " makes no sense; the file is damaged");
+    m_file->database().raise("the value of " + m_metadata.name() + "." + attribute +
+                             " makes no sense; the file is damaged");
 }
 
 bool pcl_RowReader::Read(const char* attribute, long long& value)

@@ -10,7 +10,8 @@ class fio_FileBody;
 class fio_Statement;
 
 /// Writes an object's attributes into the parameters of its class's statement. Parameters stand in the order of
-/// declaration behind object id, save number and base object id; a bulk array takes two, its first extent and its count.
+/// declaration behind object id, save number and base object id; a bulk array takes two, its first extent and its
+/// count.
 class pcl_RowWriter : public pcl_WriteVisitor
 {
 public:

@@ -21,10 +21,7 @@ arc_LayoutEntry arc_LayoutEntry::ofThisMachine(const char* name)
     return entry;
 }
 
-void arc_ArchCompTable::InsertEntry(int component, const arc_LayoutEntry& entry)
-{
-    table()[component] = entry;
-}
+void arc_ArchCompTable::InsertEntry(int component, const arc_LayoutEntry& entry) { table()[component] = entry; }
 
 const arc_LayoutEntry* arc_ArchCompTable::Find(int component)
 {

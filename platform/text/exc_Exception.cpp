@@ -28,42 +28,21 @@ shr_String exc_Exception::DeveloperReport() const
     return report.append(AsString());
 }
 
-shr_String exc_Exception::UserReport() const
-{
-    return AsString();
-}
+shr_String exc_Exception::UserReport() const { return AsString(); }
 
-shr_String exc_Exception::AsString() const
-{
-    return m_text;
-}
+shr_String exc_Exception::AsString() const { return m_text; }
 
-void exc_Exception::Propagate() const
-{
-    throw exc_Exception(*this);
-}
+void exc_Exception::Propagate() const { throw exc_Exception(*this); }
 
-exc_Exception* exc_Exception::Copy() const
-{
-    return new exc_Exception(*this);
-}
+exc_Exception* exc_Exception::Copy() const { return new exc_Exception(*this); }
 
-unsigned exc_Exception::DynTypeId() const
-{
-    return TypeId();
-}
+unsigned exc_Exception::DynTypeId() const { return TypeId(); }
 
 void exc_Exception::DBWrite(pcl_WriteVisitor&) const {}
 
-shr_String exc_Exception::JournalMessage() const
-{
-    return m_text;
-}
+shr_String exc_Exception::JournalMessage() const { return m_text; }
 
-const char* exc_Exception::PythonType() const
-{
-    return "RuntimeError";
-}
+const char* exc_Exception::PythonType() const { return "RuntimeError"; }
 
 const char* exc_Exception::what() const noexcept
 {
@@ -85,10 +64,7 @@ void exc_Exception::Throw(const char* file, int line)
     std::terminate(); // a subclass whose Propagate() returns
 }
 
-unsigned exc_Exception::TypeId()
-{
-    return component | 1;
-}
+unsigned exc_Exception::TypeId() { return component | 1; }
 
 exc_CommandException::exc_CommandException() = default;
 
@@ -100,30 +76,15 @@ exc_CommandException& exc_CommandException::operator=(const exc_CommandException
 
 exc_CommandException::~exc_CommandException() = default;
 
-shr_String exc_CommandException::AsString() const
-{
-    return JournalMessage();
-}
+shr_String exc_CommandException::AsString() const { return JournalMessage(); }
 
-void exc_CommandException::Propagate() const
-{
-    throw exc_CommandException(*this);
-}
+void exc_CommandException::Propagate() const { throw exc_CommandException(*this); }
 
-exc_CommandException* exc_CommandException::Copy() const
-{
-    return new exc_CommandException(*this);
-}
+exc_CommandException* exc_CommandException::Copy() const { return new exc_CommandException(*this); }
 
-unsigned exc_CommandException::DynTypeId() const
-{
-    return TypeId();
-}
+unsigned exc_CommandException::DynTypeId() const { return TypeId(); }
 
-unsigned exc_CommandException::TypeId()
-{
-    return component | 2;
-}
+unsigned exc_CommandException::TypeId() { return component | 2; }
 
 exc_TextException::exc_TextException(const msg_StringBase& text) : exc_Exception(text) {}
 
@@ -131,25 +92,13 @@ exc_TextException::exc_TextException(const exc_TextException&) = default;
 
 exc_TextException::~exc_TextException() = default;
 
-void exc_TextException::Propagate() const
-{
-    throw exc_TextException(*this);
-}
+void exc_TextException::Propagate() const { throw exc_TextException(*this); }
 
-exc_TextException* exc_TextException::Copy() const
-{
-    return new exc_TextException(*this);
-}
+exc_TextException* exc_TextException::Copy() const { return new exc_TextException(*this); }
 
-unsigned exc_TextException::DynTypeId() const
-{
-    return TypeId();
-}
+unsigned exc_TextException::DynTypeId() const { return TypeId(); }
 
-unsigned exc_TextException::TypeId()
-{
-    return component | 3;
-}
+unsigned exc_TextException::TypeId() { return component | 3; }
 
 exc_AssertException::exc_AssertException(const msg_StringBase& condition) : exc_Exception(condition) {}
 
@@ -157,30 +106,15 @@ exc_AssertException::exc_AssertException(const exc_AssertException&) = default;
 
 exc_AssertException::~exc_AssertException() = default;
 
-void exc_AssertException::Propagate() const
-{
-    throw exc_AssertException(*this);
-}
+void exc_AssertException::Propagate() const { throw exc_AssertException(*this); }
 
-exc_AssertException* exc_AssertException::Copy() const
-{
-    return new exc_AssertException(*this);
-}
+exc_AssertException* exc_AssertException::Copy() const { return new exc_AssertException(*this); }
 
-unsigned exc_AssertException::DynTypeId() const
-{
-    return TypeId();
-}
+unsigned exc_AssertException::DynTypeId() const { return TypeId(); }
 
-const char* exc_AssertException::PythonType() const
-{
-    return "AssertionError";
-}
+const char* exc_AssertException::PythonType() const { return "AssertionError"; }
 
-unsigned exc_AssertException::TypeId()
-{
-    return component | 4;
-}
+unsigned exc_AssertException::TypeId() { return component | 4; }
 
 void exc_AssertException::Raise(const char* condition, const char* file, int line)
 {

@@ -7,15 +7,9 @@ namespace {
 
 bool naturalOrder = false;
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-int sign(int order)
-{
-    return (order > 0) - (order < 0);
-}
+int sign(int order) { return (order > 0) - (order < 0); }
 
 // Compares two runs of digits by value and moves both pointers behind them.
 int compareNumbers(const char*& a, const char*& b)
@@ -44,15 +38,9 @@ int compareNumbers(const char*& a, const char*& b)
 
 } // namespace
 
-bool msg_getNaturalOrder()
-{
-    return naturalOrder;
-}
+bool msg_getNaturalOrder() { return naturalOrder; }
 
-void msg_setNaturalOrder(bool on)
-{
-    naturalOrder = on;
-}
+void msg_setNaturalOrder(bool on) { naturalOrder = on; }
 
 int strnatcmp(const char* a, const char* b)
 {

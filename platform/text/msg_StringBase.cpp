@@ -11,10 +11,7 @@ namespace {
 
 constexpr std::int64_t longestText = 0x7fffffff - 17;
 
-int clampTo(int value, int upper)
-{
-    return std::clamp(value, 0, upper);
-}
+int clampTo(int value, int upper) { return std::clamp(value, 0, upper); }
 
 // Length of a C text of which at most `limit` characters count.
 int lengthOf(const char* text, int limit)
@@ -30,34 +27,23 @@ int lengthOf(const char* text, int limit)
     return static_cast<int>(n);
 }
 
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-char upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
+char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
-bool isAmong(char c, const char* characters)
-{
-    return c != '\0' && std::strchr(characters, c) != nullptr;
-}
+bool isAmong(char c, const char* characters) { return c != '\0' && std::strchr(characters, c) != nullptr; }
 
 std::size_t patternLength(const char* text, int limit)
 {
     if (!text || limit <= 0) {
         return 0;
     }
-    return limit == msg_StringBase::toEnd ? std::strlen(text)
-                                          : strnlen(text, static_cast<std::size_t>(limit));
+    return limit == msg_StringBase::toEnd ? std::strlen(text) : strnlen(text, static_cast<std::size_t>(limit));
 }
 
 int positionOf(std::string_view text, std::string_view pattern, int start)
 {
-    const auto found =
-        text.find(pattern, static_cast<std::size_t>(clampTo(start, static_cast<int>(text.size()))));
+    const auto found = text.find(pattern, static_cast<std::size_t>(clampTo(start, static_cast<int>(text.size()))));
     return found == std::string_view::npos ? -1 : static_cast<int>(found);
 }
 
@@ -74,10 +60,7 @@ int lastPositionOf(std::string_view text, std::string_view pattern, int start)
 
 msg_StringBase::msg_StringBase(const char* text) : msg_StringBase(text, toEnd) {}
 
-msg_StringBase::msg_StringBase(const char* text, int length)
-{
-    set(text, lengthOf(text, length));
-}
+msg_StringBase::msg_StringBase(const char* text, int length) { set(text, lengthOf(text, length)); }
 
 msg_StringBase::msg_StringBase(int number)
 {
@@ -125,10 +108,7 @@ msg_StringBase& msg_StringBase::operator=(msg_StringBase&& other) noexcept
     return *this;
 }
 
-msg_StringBase& msg_StringBase::operator=(const char* text)
-{
-    return *this = msg_StringBase(text);
-}
+msg_StringBase& msg_StringBase::operator=(const char* text) { return *this = msg_StringBase(text); }
 
 msg_StringBase& msg_StringBase::append(const msg_StringBase& text)
 {
@@ -138,10 +118,7 @@ msg_StringBase& msg_StringBase::append(const msg_StringBase& text)
     return splice(length(), 0, text.cStr(), text.length());
 }
 
-msg_StringBase& msg_StringBase::append(const char* text)
-{
-    return splice(length(), 0, text, lengthOf(text, toEnd));
-}
+msg_StringBase& msg_StringBase::append(const char* text) { return splice(length(), 0, text, lengthOf(text, toEnd)); }
 
 msg_StringBase& msg_StringBase::append(const char* text, int count)
 {
@@ -164,43 +141,31 @@ int msg_StringBase::compare(const char* other) const noexcept
     return (order > 0) - (order < 0);
 }
 
-msg_StringBase& msg_StringBase::erase(int position, int count)
-{
-    return splice(position, count, nullptr, 0);
-}
+msg_StringBase& msg_StringBase::erase(int position, int count) { return splice(position, count, nullptr, 0); }
 
-int msg_StringBase::find(const char* pattern, int start) const noexcept
-{
-    return find(pattern, start, toEnd);
-}
+int msg_StringBase::find(const char* pattern, int start) const noexcept { return find(pattern, start, toEnd); }
 
 int msg_StringBase::find(const msg_StringBase& pattern, int start) const noexcept
 {
-    return positionOf({cStr(), std::size_t(length())}, {pattern.cStr(), std::size_t(pattern.length())},
-                      start);
+    return positionOf({cStr(), std::size_t(length())}, {pattern.cStr(), std::size_t(pattern.length())}, start);
 }
 
 int msg_StringBase::find(const char* pattern, int start, int count) const noexcept
 {
-    return positionOf({cStr(), std::size_t(length())},
-                      {pattern ? pattern : "", patternLength(pattern, count)}, start);
+    return positionOf({cStr(), std::size_t(length())}, {pattern ? pattern : "", patternLength(pattern, count)}, start);
 }
 
-int msg_StringBase::rFind(const char* pattern, int start) const noexcept
-{
-    return rFind(pattern, start, toEnd);
-}
+int msg_StringBase::rFind(const char* pattern, int start) const noexcept { return rFind(pattern, start, toEnd); }
 
 int msg_StringBase::rFind(const msg_StringBase& pattern, int start) const noexcept
 {
-    return lastPositionOf({cStr(), std::size_t(length())}, {pattern.cStr(), std::size_t(pattern.length())},
-                          start);
+    return lastPositionOf({cStr(), std::size_t(length())}, {pattern.cStr(), std::size_t(pattern.length())}, start);
 }
 
 int msg_StringBase::rFind(const char* pattern, int start, int count) const noexcept
 {
-    return lastPositionOf({cStr(), std::size_t(length())},
-                          {pattern ? pattern : "", patternLength(pattern, count)}, start);
+    return lastPositionOf({cStr(), std::size_t(length())}, {pattern ? pattern : "", patternLength(pattern, count)},
+                          start);
 }
 
 msg_StringBase& msg_StringBase::insert(int position, const char* text, int count)
@@ -228,8 +193,7 @@ msg_StringBase& msg_StringBase::replace(int position, int count, const msg_Strin
     return splice(position, count, text.cStr(), text.length());
 }
 
-msg_StringBase& msg_StringBase::replace(int position, int count, const msg_StringBase& text, int start,
-                                        int textLength)
+msg_StringBase& msg_StringBase::replace(int position, int count, const msg_StringBase& text, int start, int textLength)
 {
     start = clampTo(start, text.length());
     return splice(position, count, text.cStr() + start, clampTo(textLength, text.length() - start));
@@ -340,8 +304,7 @@ char& msg_StringBase::operator[](int index)
 msg_StringBase::Body* msg_StringBase::newBody(std::int64_t length, std::int64_t capacity)
 {
     void* memory = ::operator new(sizeof(Body) + static_cast<std::size_t>(capacity) + 1);
-    auto* body =
-        new (memory) Body{1, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(capacity)};
+    auto* body = new (memory) Body{1, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(capacity)};
     charactersOf(body)[length] = '\0';
     return body;
 }
@@ -360,10 +323,7 @@ void msg_StringBase::release() noexcept
     m_text = nullptr;
 }
 
-void msg_StringBase::deleteBody(Body* body) noexcept
-{
-    ::operator delete(body);
-}
+void msg_StringBase::deleteBody(Body* body) noexcept { ::operator delete(body); }
 
 void msg_StringBase::set(const char* text, std::int64_t length)
 {
@@ -413,8 +373,7 @@ msg_StringBase& msg_StringBase::splice(int position, int count, const char* text
         return *this;
     }
     // Growing by half keeps a row of appends linear; a first text gets what it needs and no more.
-    const std::int64_t room =
-        m_body ? std::min(std::max(result, std::int64_t(old) + old / 2), longestText) : result;
+    const std::int64_t room = m_body ? std::min(std::max(result, std::int64_t(old) + old / 2), longestText) : result;
     Body* body = newBody(result, room);
     char* to = charactersOf(body);
     if (position > 0) {

@@ -115,10 +115,7 @@ public:
     /// Whether both strings stand on the same body.
     bool sharesWith(const msg_StringBase& other) const noexcept { return m_body == other.m_body; }
 
-    friend bool operator==(const msg_StringBase& a, const msg_StringBase& b) noexcept
-    {
-        return a.compare(b) == 0;
-    }
+    friend bool operator==(const msg_StringBase& a, const msg_StringBase& b) noexcept { return a.compare(b) == 0; }
     friend bool operator==(const msg_StringBase& a, const char* b) noexcept { return a.compare(b) == 0; }
     friend std::strong_ordering operator<=>(const msg_StringBase& a, const msg_StringBase& b) noexcept
     {

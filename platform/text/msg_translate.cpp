@@ -36,10 +36,7 @@ void msg_translate::msg_SubstituteFormat(int position, const char* value)
     msg_SubstituteFormat(position, shr_String(value));
 }
 
-void msg_translate::msg_SubstituteFormat(int position, int value)
-{
-    msg_SubstituteFormat(position, shr_String(value));
-}
+void msg_translate::msg_SubstituteFormat(int position, int value) { msg_SubstituteFormat(position, shr_String(value)); }
 
 void msg_translate::msg_SubstituteFormat(int position, unsigned int value)
 {

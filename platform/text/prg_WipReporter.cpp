@@ -28,10 +28,7 @@ void prg_WipReporter::Print(const msg_StringBase&) {}
 
 void prg_WipReporter::Display(const msg_StringBase&) {}
 
-bool prg_WipReporter::Interrupted()
-{
-    return false;
-}
+bool prg_WipReporter::Interrupted() { return false; }
 
 void prg_WipReporter::CommandDone() {}
 

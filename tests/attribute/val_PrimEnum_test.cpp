@@ -85,8 +85,7 @@ private:
     }
 };
 
-template<class Call>
-std::string refusalOf(Call call)
+template<class Call> std::string refusalOf(Call call)
 {
     try {
         call();
@@ -98,8 +97,7 @@ std::string refusalOf(Call call)
 
 } // namespace
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<Colour>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<Colour>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {
         {"RED", RED}, {"GREEN", GREEN}, {"CYAN", CYAN}, {"BLUE", BLUE}, {nullptr, 0}};
@@ -107,15 +105,13 @@ const val_PrimEnumRow* val_PrimEnum<Colour>::Table()
 }
 
 /// The second table of the enumeration: a part of the first.
-template<>
-const val_PrimEnumRow* val_PrimEnum<Colour, true>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<Colour, true>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {{"RED", RED}, {nullptr, 0}};
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<Signal>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<Signal>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {{"RED", STOP_RED}, {nullptr, 0}};
     return rows;
@@ -209,9 +205,8 @@ TEST(val_PrimEnum, readATextOutsideTheTable)
 {
     Memory memory;
     memory.texts["type"] = "PINK";
-    EXPECT_EQ(
-        "val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: PINK  Permissible: RED, GREEN, CYAN, BLUE",
-        refusalOf([&] { ColourValue value(static_cast<pcl_ReadVisitor&>(memory)); }));
+    EXPECT_EQ("val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: PINK  Permissible: RED, GREEN, CYAN, BLUE",
+              refusalOf([&] { ColourValue value(static_cast<pcl_ReadVisitor&>(memory)); }));
 }
 
 TEST(val_PrimEnum, readAnObjectWithoutTheText)
@@ -227,10 +222,7 @@ TEST(val_PrimEnum, aPerCentSignInATextIsNoPlaceholder)
               refusalOf([] { ColourValue value(shr_String("%s%d")); }));
 }
 
-TEST(val_PrimEnum, theRefusalIsACommandsException)
-{
-    EXPECT_THROW(ColourValue{UNLISTED}, exc_CommandException);
-}
+TEST(val_PrimEnum, theRefusalIsACommandsException) { EXPECT_THROW(ColourValue{UNLISTED}, exc_CommandException); }
 
 TEST(val_PrimEnum, setByText)
 {
@@ -332,8 +324,7 @@ TEST(val_PrimEnum, permissibleValuesFromTextToNumber)
 {
     const shr_Map<shr_String, unsigned> values = ColourValue(RED).PermissibleValues();
     EXPECT_EQ(4, values.Size());
-    const std::map<std::string, unsigned> expected = {
-        {"RED", 4u}, {"GREEN", 1u}, {"CYAN", 1u}, {"BLUE", 4294967294u}};
+    const std::map<std::string, unsigned> expected = {{"RED", 4u}, {"GREEN", 1u}, {"CYAN", 1u}, {"BLUE", 4294967294u}};
     for (const auto& [text, number] : expected) {
         const unsigned* found = values.Lookup(shr_String(text.c_str()));
         ASSERT_NE(nullptr, found) << text;

@@ -9,25 +9,13 @@ namespace {
 
 std::string events;
 
-void onStart()
-{
-    events += "work ";
-}
+void onStart() { events += "work "; }
 
-void onStop()
-{
-    events += "undo ";
-}
+void onStop() { events += "undo "; }
 
-void onTrace(const char* prefix, bool started)
-{
-    events += std::string(prefix) + (started ? "+ " : "- ");
-}
+void onTrace(const char* prefix, bool started) { events += std::string(prefix) + (started ? "+ " : "- "); }
 
-void failAtStart()
-{
-    throw std::runtime_error("no start");
-}
+void failAtStart() { throw std::runtime_error("no start"); }
 
 class bas_LibraryTest : public testing::Test
 {

@@ -12,10 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-shr_String absolute(const msg_StringBase& path)
-{
-    return osu_FilePath(path, "").Portable().AbsolutePathName();
-}
+shr_String absolute(const msg_StringBase& path) { return osu_FilePath(path, "").Portable().AbsolutePathName(); }
 
 // A fresh directory that is the current one as long as the object lives.
 class Inside
@@ -59,10 +56,7 @@ TEST(osu_FilePath, absolute_paths_lose_dots_and_doubled_slashes)
     EXPECT_EQ(absolute("/a/..b/.c"), "/a/..b/.c");
 }
 
-TEST(osu_FilePath, case_and_odd_characters_stay)
-{
-    EXPECT_EQ(absolute("/A/b C/\xc3\xa4\\d"), "/A/b C/\xc3\xa4\\d");
-}
+TEST(osu_FilePath, case_and_odd_characters_stay) { EXPECT_EQ(absolute("/A/b C/\xc3\xa4\\d"), "/A/b C/\xc3\xa4\\d"); }
 
 TEST(osu_FilePath, relative_paths_begin_at_the_current_directory)
 {

@@ -7,10 +7,7 @@
 
 namespace {
 
-void rest()
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-}
+void rest() { std::this_thread::sleep_for(std::chrono::milliseconds(20)); }
 
 // Keeps the processor busy for at least so many seconds of its time.
 void work(double seconds)

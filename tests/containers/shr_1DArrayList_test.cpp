@@ -22,8 +22,7 @@ shr_1DArrayList<int> numbers(int n)
     return list;
 }
 
-template<class T>
-std::vector<int> valuesOf(const shr_1DArrayList<T>& list)
+template<class T> std::vector<int> valuesOf(const shr_1DArrayList<T>& list)
 {
     std::vector<int> values;
     for (const T& element : list) {

@@ -11,8 +11,7 @@
 
 namespace {
 
-template<class T>
-shr_1DArray<T> filled(int n)
+template<class T> shr_1DArray<T> filled(int n)
 {
     shr_1DArray<T> array;
     for (int i = 0; i < n; ++i) {
@@ -22,8 +21,7 @@ shr_1DArray<T> filled(int n)
 }
 
 // Whether every count inside some arrays is the number of arrays on the table, or of tables on the block.
-template<class T>
-::testing::AssertionResult countsAreRight(const std::vector<shr_1DArray<T>>& arrays)
+template<class T>::testing::AssertionResult countsAreRight(const std::vector<shr_1DArray<T>>& arrays)
 {
     std::vector<const shr_1DArray<T>*> tables;
     for (const auto& array : arrays) {
@@ -52,8 +50,7 @@ template<class T>
     }
     for (const auto* block : blocks) {
         if (block->count != static_cast<int>(blocks.count(block))) {
-            return ::testing::AssertionFailure()
-                   << "block count " << block->count << " of " << blocks.count(block);
+            return ::testing::AssertionFailure() << "block count " << block->count << " of " << blocks.count(block);
         }
     }
     return ::testing::AssertionSuccess();
@@ -608,8 +605,7 @@ TEST(shr_1DArray, randomEditsAgreeWithVectors)
             ASSERT_TRUE(countsAreRight(arrays)) << step;
             for (std::size_t k = 0; k < 5; ++k) {
                 for (int i = 0; i < models[k].size; ++i) {
-                    ASSERT_EQ(arrays[k].PartialArrayConstGet(i).value,
-                              models[k].values[static_cast<std::size_t>(i)])
+                    ASSERT_EQ(arrays[k].PartialArrayConstGet(i).value, models[k].values[static_cast<std::size_t>(i)])
                         << step << ' ' << k << ' ' << i;
                 }
             }

@@ -25,8 +25,7 @@ struct DeepKey
 } // namespace
 
 // Chains of nodes far deeper than balancing lets any tree become. A tree may link nodes; so may this one.
-template<>
-class shr_Btree<DeepKey, tst_Element>
+template<> class shr_Btree<DeepKey, tst_Element>
 {
 public:
     using Node = shr_BtreeNode<DeepKey, tst_Element>;
@@ -48,8 +47,7 @@ public:
 namespace {
 
 // The tree with its look-ups open.
-template<class K, class V>
-class Probe : public shr_Btree<K, V>
+template<class K, class V> class Probe : public shr_Btree<K, V>
 {
 public:
     using shr_Btree<K, V>::Find;
@@ -69,8 +67,7 @@ Tree treeOf(const Keys& keys)
     return tree;
 }
 
-template<class V>
-Keys forward(const shr_Btree<int, V>& tree)
+template<class V> Keys forward(const shr_Btree<int, V>& tree)
 {
     Keys keys;
     shr_BtreeIterator<int, V> entry(tree);
@@ -80,8 +77,7 @@ Keys forward(const shr_Btree<int, V>& tree)
     return keys;
 }
 
-template<class V>
-Keys backward(const shr_Btree<int, V>& tree)
+template<class V> Keys backward(const shr_Btree<int, V>& tree)
 {
     Keys keys;
     shr_BtreeIterator<int, V> entry(tree);
@@ -116,10 +112,7 @@ std::string shapeOf(const Tree& tree)
     return shape;
 }
 
-const Node& rootOf(const Tree& tree)
-{
-    return tree.Root()->ConstGet();
-}
+const Node& rootOf(const Tree& tree) { return tree.Root()->ConstGet(); }
 
 Keys upTo(int n)
 {
@@ -142,8 +135,7 @@ Keys zigZag(int n)
 }
 
 // Runs the work on a thread with a stack that a recursion through a deep tree would overflow.
-template<class Work>
-void onSmallStack(Work work)
+template<class Work> void onSmallStack(Work work)
 {
     pthread_attr_t attributes;
     ASSERT_EQ(pthread_attr_init(&attributes), 0);

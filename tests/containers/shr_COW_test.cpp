@@ -41,14 +41,8 @@ public:
 };
 Owner::Owner() : m_hidden(new Hidden) {}
 Owner::~Owner() = default;
-int Owner::value() const
-{
-    return m_hidden->value;
-}
-void Owner::set(int value)
-{
-    m_hidden.Get().value = value;
-}
+int Owner::value() const { return m_hidden->value; }
+void Owner::set(int value) { m_hidden.Get().value = value; }
 
 // A chain, in which a handle can be assigned from one that its own object holds.
 struct Link

@@ -26,8 +26,7 @@ yld_Repository<yld_String, int> parts()
 }
 
 // The error number and message of what a call raises.
-template<class Call>
-std::string raised(Call call)
+template<class Call> std::string raised(Call call)
 {
     try {
         call();
@@ -44,10 +43,7 @@ TEST(yld_Repository, hasNoFieldsOfItsOwn)
     EXPECT_EQ(sizeof(yld_Repository<yld_String, int>), sizeof(shr_Btree<yld_String, int>));
 }
 
-TEST(yld_Repository, checkKeyOfAPresentKeyIsTrue)
-{
-    EXPECT_TRUE(parts().CheckKey("AXLE"));
-}
+TEST(yld_Repository, checkKeyOfAPresentKeyIsTrue) { EXPECT_TRUE(parts().CheckKey("AXLE")); }
 
 TEST(yld_Repository, checkKeyOfAnAbsentKeyRaisesWithTheKey)
 {

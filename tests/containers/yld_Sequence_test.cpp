@@ -32,10 +32,7 @@ Field::Field()
     m_blocks.append(Block());
 }
 Field::~Field() = default;
-int Field::sum() const
-{
-    return m_blocks[0].value + m_blocks[1].value;
-}
+int Field::sum() const { return m_blocks[0].value + m_blocks[1].value; }
 
 yld_Sequence<int> upTo(int n)
 {
@@ -63,12 +60,11 @@ TEST(yld_Sequence, storesTextsAndSequencesAsTheirPlainClass)
 {
     static_assert(std::is_base_of_v<shr_1DArrayList<int>, yld_Sequence<int>>);
     static_assert(std::is_base_of_v<shr_1DArrayList<shr_String>, yld_Sequence<yld_String>>);
-    static_assert(
-        std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<float>>, yld_Sequence<yld_Sequence<float>>>);
+    static_assert(std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<float>>, yld_Sequence<yld_Sequence<float>>>);
     static_assert(std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<shr_1DArrayList<double>>>,
                                     yld_Sequence<yld_Sequence<yld_Sequence<double>>>>);
-    static_assert(std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<shr_String>>,
-                                    yld_Sequence<yld_Sequence<yld_String>>>);
+    static_assert(
+        std::is_base_of_v<shr_1DArrayList<shr_1DArrayList<shr_String>>, yld_Sequence<yld_Sequence<yld_String>>>);
     EXPECT_EQ(sizeof(yld_Sequence<yld_String>), sizeof(shr_1DArrayList<int>));
 }
 

@@ -31,11 +31,9 @@ struct Turn
     {
         std::normal_distribution<double> normal;
         std::uniform_real_distribution<double> turn(0.01, pi - 0.01);
-        for (double& x : axis)
-            x = normal(engine);
+        for (double& x : axis) x = normal(engine);
         const double length = std::sqrt(axis[0] * axis[0] + axis[1] * axis[1] + axis[2] * axis[2]);
-        for (double& x : axis)
-            x /= length;
+        for (double& x : axis) x /= length;
         angle = turn(engine);
     }
 
@@ -47,8 +45,7 @@ struct Turn
     }
 };
 
-template<class Real>
-std::vector<Real> componentsOf(const eng_Quaternion<Real>& q)
+template<class Real> std::vector<Real> componentsOf(const eng_Quaternion<Real>& q)
 {
     std::vector<Real> row(q.size());
     q.components(row.data());
@@ -59,8 +56,7 @@ template<class Real>
 void expectNear(const std::vector<Real>& found, const std::vector<Real>& expected, double tolerance)
 {
     ASSERT_EQ(found.size(), expected.size());
-    for (std::size_t i = 0; i < found.size(); ++i)
-        EXPECT_NEAR(found[i], expected[i], tolerance) << i;
+    for (std::size_t i = 0; i < found.size(); ++i) EXPECT_NEAR(found[i], expected[i], tolerance) << i;
 }
 
 } // namespace
@@ -102,8 +98,7 @@ TEST(eng_Quaternion, thePlanarFormIsTheLastTwoComponents)
     double b[9];
     flat.matrix(a);
     full.matrix(b);
-    for (int i = 0; i < 9; ++i)
-        EXPECT_EQ(a[i], b[i]);
+    for (int i = 0; i < 9; ++i) EXPECT_EQ(a[i], b[i]);
     EXPECT_NEAR(a[0], std::cos(angle), 1e-15);
     EXPECT_NEAR(a[3], std::sin(angle), 1e-15);
     EXPECT_EQ(componentsOf(flat), (std::vector<double>{two[0], two[1]}));
@@ -120,8 +115,7 @@ TEST(eng_Quaternion, rotationsFollowRodrigues)
         double found[3];
         rodrigues(turn.axis, turn.angle, v, expected);
         turn.quaternion().rotateVectors(v, found, 1, 3);
-        for (int k = 0; k < 3; ++k)
-            EXPECT_NEAR(found[k], expected[k], 1e-14);
+        for (int k = 0; k < 3; ++k) EXPECT_NEAR(found[k], expected[k], 1e-14);
     }
 }
 
@@ -150,8 +144,7 @@ TEST(eng_Quaternion, halfTurnsHaveNoPreferredAxis)
         double again[9];
         turn.quaternion().matrix(matrix);
         eng_QuaternionDouble::fromMatrix(matrix, spatial).matrix(again);
-        for (int i = 0; i < 9; ++i)
-            EXPECT_NEAR(again[i], matrix[i], 1e-14);
+        for (int i = 0; i < 9; ++i) EXPECT_NEAR(again[i], matrix[i], 1e-14);
     }
     const double aboutSecond[9] = {-1, 0, 0, 0, 1, 0, 0, 0, -1};
     expectNear(componentsOf(eng_QuaternionDouble::fromMatrix(aboutSecond, spatial)), {0, 1, 0, 0}, 1e-15);
@@ -198,8 +191,7 @@ TEST(eng_Quaternion, aStoredInverseTurnsGlobalComponentsIntoLocalOnes)
     EXPECT_NEAR(local[1], 0, 1e-6);
     float again[9];
     stored.inverse().cosines(again);
-    for (int i = 0; i < 9; ++i)
-        EXPECT_NEAR(again[i], axes[i], 1e-7);
+    for (int i = 0; i < 9; ++i) EXPECT_NEAR(again[i], axes[i], 1e-7);
 }
 
 TEST(eng_Quaternion, planarAdapterKeepsTheTurnInThePlane)
@@ -234,16 +226,13 @@ TEST(eng_Quaternion, rotationVectorAndQuaternionAreAnInversePair)
     for (int trial = 0; trial < 500; ++trial) {
         Turn turn(engine);
         turn.angle = angle(engine);
-        const double vector[3] = {turn.axis[0] * turn.angle, turn.axis[1] * turn.angle,
-                                  turn.axis[2] * turn.angle};
+        const double vector[3] = {turn.axis[0] * turn.angle, turn.axis[1] * turn.angle, turn.axis[2] * turn.angle};
         const eng_QuaternionDouble q = eng_QuaternionDouble::fromRotationVector(vector, spatial);
         expectNear(componentsOf(q), componentsOf(turn.quaternion()), 1e-15);
         double again[3];
         q.rotationVector(again);
-        for (int k = 0; k < 3; ++k)
-            EXPECT_NEAR(again[k], vector[k], 1e-13);
-        expectNear(componentsOf(eng_QuaternionDouble::fromRotationVector(again, spatial)), componentsOf(q),
-                   1e-14);
+        for (int k = 0; k < 3; ++k) EXPECT_NEAR(again[k], vector[k], 1e-13);
+        expectNear(componentsOf(eng_QuaternionDouble::fromRotationVector(again, spatial)), componentsOf(q), 1e-14);
     }
 }
 
@@ -253,8 +242,7 @@ TEST(eng_Quaternion, smallRotationsKeepTheirDigits)
         const double vector[3] = {tiny, -2 * tiny, 0.5 * tiny};
         double again[3];
         eng_QuaternionDouble::fromRotationVector(vector, spatial).rotationVector(again);
-        for (int k = 0; k < 3; ++k)
-            EXPECT_NEAR(again[k], vector[k], 1e-14 * tiny);
+        for (int k = 0; k < 3; ++k) EXPECT_NEAR(again[k], vector[k], 1e-14 * tiny);
     }
     const float zero[3] = {0, 0, 0};
     expectNear(componentsOf(eng_QuaternionFloat::fromRotationVector(zero, spatial)), {0, 0, 0, 1}, 0);
@@ -269,8 +257,8 @@ TEST(eng_Quaternion, smallRotationsKeepTheirDigits)
 TEST(eng_Quaternion, thePlanarVectorUsesItsThirdComponentAlone)
 {
     const double vector[3] = {5, 6, 0.4};
-    expectNear(componentsOf(eng_QuaternionDouble::fromRotationVector(vector, planar)),
-               {std::sin(0.2), std::cos(0.2)}, 1e-16);
+    expectNear(componentsOf(eng_QuaternionDouble::fromRotationVector(vector, planar)), {std::sin(0.2), std::cos(0.2)},
+               1e-16);
 }
 
 TEST(eng_Quaternion, lengthDoesNotMatter)
@@ -283,8 +271,7 @@ TEST(eng_Quaternion, lengthDoesNotMatter)
     for (const auto& row : rows) {
         double found[9];
         eng_QuaternionDouble(spatial, row).matrix(found);
-        for (int i = 0; i < 9; ++i)
-            EXPECT_NEAR(found[i], expected[i], 1e-12);
+        for (int i = 0; i < 9; ++i) EXPECT_NEAR(found[i], expected[i], 1e-12);
     }
 }
 
@@ -293,16 +280,13 @@ TEST(eng_Quaternion, zerosAndUnknownCodesAreNoRotation)
     const double zeros[4] = {0, 0, 0, 0};
     const double row[4] = {1, 0, 0, 0};
     for (const eng_QuaternionDouble& q :
-         {eng_QuaternionDouble(spatial, zeros), eng_QuaternionDouble(planar, zeros),
-          eng_QuaternionDouble(4, row)}) {
+         {eng_QuaternionDouble(spatial, zeros), eng_QuaternionDouble(planar, zeros), eng_QuaternionDouble(4, row)}) {
         double matrix[9];
         q.matrix(matrix);
-        for (int i = 0; i < 9; ++i)
-            EXPECT_EQ(matrix[i], i % 4 == 0 ? 1 : 0);
+        for (int i = 0; i < 9; ++i) EXPECT_EQ(matrix[i], i % 4 == 0 ? 1 : 0);
     }
     EXPECT_EQ(eng_QuaternionDouble(4, row).size(), 0);
-    EXPECT_EQ(componentsOf(eng_QuaternionDouble(spatial, zeros).inverse()),
-              (std::vector<double>{0, 0, 0, 0}));
+    EXPECT_EQ(componentsOf(eng_QuaternionDouble(spatial, zeros).inverse()), (std::vector<double>{0, 0, 0, 0}));
     const double nothing[9] = {};
     expectNear(componentsOf(eng_QuaternionDouble::fromMatrix(nothing, spatial)), {0, 0, 0, 1}, 0);
     expectNear(componentsOf(eng_QuaternionDouble::fromMatrix(nothing, planar)), {0, 1}, 0);
@@ -314,8 +298,7 @@ TEST(eng_Quaternion, finiteMatricesNeverGiveNaN)
     std::uniform_real_distribution<double> wide(-1, 1);
     for (int trial = 0; trial < 1000; ++trial) {
         double matrix[9];
-        for (double& x : matrix)
-            x = 1.79e308 * wide(engine);
+        for (double& x : matrix) x = 1.79e308 * wide(engine);
         for (int mode : {planar, spatial})
             for (double part : componentsOf(eng_QuaternionDouble::fromMatrix(matrix, mode)))
                 ASSERT_FALSE(std::isnan(part));
@@ -335,8 +318,7 @@ TEST(eng_Quaternion, inverseAndProductUndoTheTurn)
     b.rotateVectors(v, once, 1, 3);
     a.rotateVectors(once, twice, 1, 3);
     (a * b).rotateVectors(v, both, 1, 3);
-    for (int k = 0; k < 3; ++k)
-        EXPECT_NEAR(both[k], twice[k], 1e-14);
+    for (int k = 0; k < 3; ++k) EXPECT_NEAR(both[k], twice[k], 1e-14);
 }
 
 TEST(eng_Quaternion, vectorsOfTwoComponentsStayInThePlane)
@@ -366,8 +348,7 @@ TEST(eng_Quaternion, planeStressTurnsAsMohrSays)
     const double surface[3] = {s11, s22, s12};
     double out[4];
     toLocal.rotateTensors(eng_DataType::TENSOR_2D_SURFACE, surface, out, 1, false);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_NEAR(out[i], expected[i], 1e-14);
+    for (int i = 0; i < 3; ++i) EXPECT_NEAR(out[i], expected[i], 1e-14);
     const double plane[4] = {s11, s22, 11, s12};
     toLocal.rotateTensors(eng_DataType::TENSOR_3D_PLANAR, plane, out, 1, false);
     EXPECT_NEAR(out[0], expected[0], 1e-14);
@@ -387,8 +368,7 @@ TEST(eng_Quaternion, turnedTensorsActOnTurnedVectors)
         const double s[6] = {1, 2, 3, 4, 5, 6};
         const double v[3] = {0.3, -1, 2};
         // s v, then turned, against turned s on turned v.
-        const double sv[3] = {s[0] * v[0] + s[3] * v[1] + s[4] * v[2],
-                              s[3] * v[0] + s[1] * v[1] + s[5] * v[2],
+        const double sv[3] = {s[0] * v[0] + s[3] * v[1] + s[4] * v[2], s[3] * v[0] + s[1] * v[1] + s[5] * v[2],
                               s[4] * v[0] + s[5] * v[1] + s[2] * v[2]};
         double expected[3];
         double t[6];
@@ -396,17 +376,14 @@ TEST(eng_Quaternion, turnedTensorsActOnTurnedVectors)
         q.rotateVectors(sv, expected, 1, 3);
         q.rotateVectors(v, w, 1, 3);
         q.rotateTensors(eng_DataType::TENSOR_3D_FULL, s, t, 1, false);
-        const double found[3] = {t[0] * w[0] + t[3] * w[1] + t[4] * w[2],
-                                 t[3] * w[0] + t[1] * w[1] + t[5] * w[2],
+        const double found[3] = {t[0] * w[0] + t[3] * w[1] + t[4] * w[2], t[3] * w[0] + t[1] * w[1] + t[5] * w[2],
                                  t[4] * w[0] + t[5] * w[1] + t[2] * w[2]};
-        for (int k = 0; k < 3; ++k)
-            EXPECT_NEAR(found[k], expected[k], 1e-13);
+        for (int k = 0; k < 3; ++k) EXPECT_NEAR(found[k], expected[k], 1e-13);
         double maxBefore[3];
         double maxAfter[3];
         eng_TensorDouble(eng_DataType::TENSOR_3D_FULL, s, false).principals(maxBefore);
         eng_TensorDouble(eng_DataType::TENSOR_3D_FULL, t, false).principals(maxAfter);
-        for (int k = 0; k < 3; ++k)
-            EXPECT_NEAR(maxAfter[k], maxBefore[k], 1e-13);
+        for (int k = 0; k < 3; ++k) EXPECT_NEAR(maxAfter[k], maxBefore[k], 1e-13);
     }
 }
 

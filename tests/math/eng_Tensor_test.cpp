@@ -19,16 +19,14 @@ using Code = eng_DataType;
 
 std::ifstream openReference(const char* name)
 {
-    return std::ifstream(std::filesystem::path(YLD_REFERENCE) / name,
-                         std::ios::binary);
+    return std::ifstream(std::filesystem::path(YLD_REFERENCE) / name, std::ios::binary);
 }
 
 std::vector<double> readDoubles(const char* name)
 {
     std::ifstream file = openReference(name);
     std::vector<double> values;
-    for (double value; file.read(reinterpret_cast<char*>(&value), sizeof value);)
-        values.push_back(value);
+    for (double value; file.read(reinterpret_cast<char*>(&value), sizeof value);) values.push_back(value);
     return values;
 }
 
@@ -52,24 +50,20 @@ public:
     std::vector<double> tensor(int index)
     {
         std::vector<double> c;
-        for (int i = 0; i < 6; ++i)
-            c.push_back(unit());
+        for (int i = 0; i < 6; ++i) c.push_back(unit());
         switch (index % 5) {
         case 1: {
             const int scale = static_cast<int>(bits() % 201) - 100;
-            for (double& x : c)
-                x = std::ldexp(x, scale);
+            for (double& x : c) x = std::ldexp(x, scale);
             break;
         }
         case 2:
-            for (double& x : c)
-                x = std::ldexp(x, static_cast<int>(bits() % 31) - 15);
+            for (double& x : c) x = std::ldexp(x, static_cast<int>(bits() % 31) - 15);
             break;
         case 3: {
             const int small = -static_cast<int>(bits() % 24);
             const double p = unit();
-            for (int i = 0; i < 6; ++i)
-                c[i] = i < 3 ? p + std::ldexp(c[i], small) : std::ldexp(c[i], small);
+            for (int i = 0; i < 6; ++i) c[i] = i < 3 ? p + std::ldexp(c[i], small) : std::ldexp(c[i], small);
             break;
         }
         case 4: {
@@ -78,8 +72,7 @@ public:
             const double v1 = unit();
             const double v2 = unit();
             const double outer[6] = {v0 * v0, v1 * v1, v2 * v2, v0 * v1, v0 * v2, v1 * v2};
-            for (int i = 0; i < 6; ++i)
-                c[i] = outer[i] + std::ldexp(c[i], small);
+            for (int i = 0; i < 6; ++i) c[i] = outer[i] + std::ldexp(c[i], small);
             break;
         }
         default:
@@ -95,8 +88,7 @@ private:
 double sizeOf(const std::vector<double>& c)
 {
     double size = 0;
-    for (double x : c)
-        size = std::max(size, std::fabs(x));
+    for (double x : c) size = std::max(size, std::fabs(x));
     return size;
 }
 
@@ -108,8 +100,7 @@ double relativeError(double found, double expected, double size)
 }
 
 template<class Real>
-void expectAll(const std::vector<double>& c, const double* expected, double tolerance,
-               int code = Code::TENSOR_3D_FULL)
+void expectAll(const std::vector<double>& c, const double* expected, double tolerance, int code = Code::TENSOR_3D_FULL)
 {
     std::vector<Real> row(c.begin(), c.end());
     const eng_Tensor<Real> tensor(code, row.data(), false);
@@ -133,8 +124,7 @@ void expectAll(const std::vector<double>& c, const double* expected, double tole
                 continue;
             }
             if (std::fabs(reference) < std::numeric_limits<float>::min()) {
-                EXPECT_LE(std::fabs(found[i] - reference), std::numeric_limits<float>::denorm_min())
-                    << names[i];
+                EXPECT_LE(std::fabs(found[i] - reference), std::numeric_limits<float>::denorm_min()) << names[i];
                 continue;
             }
         }
@@ -153,16 +143,14 @@ TEST(eng_Tensor, tenThousandFloatTensorsHaveTheirPrincipalValues)
     double worst = 0;
     for (int index = 0; index < 10000; ++index) {
         std::vector<float> row;
-        for (double x : generator.tensor(index))
-            row.push_back(static_cast<float>(x));
+        for (double x : generator.tensor(index)) row.push_back(static_cast<float>(x));
         const eng_TensorFloat tensor(Code::TENSOR_3D_FULL, row.data(), false);
         float found[3];
         tensor.principals(found);
         EXPECT_EQ(found[0], tensor.maxPrincipal());
         EXPECT_EQ(found[1], tensor.midPrincipal());
         EXPECT_EQ(found[2], tensor.minPrincipal());
-        for (int i = 0; i < 3; ++i)
-            worst = std::max(worst, relativeError(found[i], reference[9 * index + i], 1));
+        for (int i = 0; i < 3; ++i) worst = std::max(worst, relativeError(found[i], reference[9 * index + i], 1));
     }
     // Half a unit in the last place of a float, and the calculation's own 1e-8 on top.
     EXPECT_LE(worst, 7.1e-8);
@@ -176,8 +164,7 @@ TEST(eng_Tensor, theSameTensorsInDoubleAreGoodToTwelveDigits)
     double worst = 0;
     for (int index = 0; index < 10000; ++index) {
         std::vector<double> row;
-        for (double x : generator.tensor(index))
-            row.push_back(static_cast<float>(x));
+        for (double x : generator.tensor(index)) row.push_back(static_cast<float>(x));
         double found[3];
         eng_TensorDouble(Code::TENSOR_3D_FULL, row.data(), false).principals(found);
         for (int i = 0; i < 3; ++i)
@@ -194,8 +181,7 @@ TEST(eng_Tensor, allInvariantsOfTenThousandTensorsInBothPrecisions)
     for (int index = 0; index < 10000; ++index) {
         SCOPED_TRACE(index);
         std::vector<double> row;
-        for (double x : generator.tensor(index))
-            row.push_back(static_cast<float>(x));
+        for (double x : generator.tensor(index)) row.push_back(static_cast<float>(x));
         expectAll<float>(row, &reference[9 * index], 1.2e-7);
         expectAll<double>(row, &reference[9 * index], 1e-12);
         if (::testing::Test::HasFailure()) return;
@@ -210,8 +196,7 @@ TEST(eng_Tensor, allInvariantsOfPlanarAndSurfaceTensors)
     for (int index = 0; index < 1000; ++index) {
         SCOPED_TRACE(index);
         std::vector<double> c;
-        for (double x : generator.tensor(index))
-            c.push_back(static_cast<float>(x));
+        for (double x : generator.tensor(index)) c.push_back(static_cast<float>(x));
         const std::vector<double> planar = {c[0], c[1], c[2], c[3]};
         const std::vector<double> surface = {c[0], c[1], c[3]};
         for (int code : {Code::TENSOR_3D_PLANAR, Code::TENSOR_2D_PLANAR}) {
@@ -245,8 +230,7 @@ TEST(eng_Tensor, specialTensors)
         SCOPED_TRACE(text);
         std::istringstream line(text);
         std::vector<double> numbers;
-        for (std::string word; line >> word;)
-            numbers.push_back(std::strtod(word.c_str(), nullptr));
+        for (std::string word; line >> word;) numbers.push_back(std::strtod(word.c_str(), nullptr));
         ASSERT_EQ(numbers.size(), 15u);
         const std::vector<double> c(numbers.begin(), numbers.begin() + 6);
         expectAll<double>(c, &numbers[6], 1e-12);
@@ -393,8 +377,7 @@ TEST(eng_Tensor, axesOfADiagonalTensorAreSortedAxes)
     EXPECT_EQ(value[1], 2);
     EXPECT_EQ(value[2], 1);
     const float expected[9] = {0, 1, 0, 0, 0, 1, 1, 0, 0};
-    for (int i = 0; i < 9; ++i)
-        EXPECT_EQ(n[i], expected[i]) << i;
+    for (int i = 0; i < 9; ++i) EXPECT_EQ(n[i], expected[i]) << i;
 }
 
 TEST(eng_Tensor, finiteExtremesNeverGiveNaN)
@@ -410,20 +393,18 @@ TEST(eng_Tensor, finiteExtremesNeverGiveNaN)
         }
         const eng_TensorDouble wide(Code::TENSOR_3D_FULL, row, trial % 2 == 1);
         const eng_TensorFloat small(Code::TENSOR_3D_FULL, narrow, trial % 2 == 1);
-        for (double value : {wide.mises(), wide.tresca(), wide.pressure(), wide.inv3(), wide.maxPrincipal(),
-                             wide.midPrincipal(), wide.minPrincipal(), wide.maxInplanePrincipal(),
-                             wide.minInplanePrincipal(), wide.outOfPlanePrincipal()})
+        for (double value :
+             {wide.mises(), wide.tresca(), wide.pressure(), wide.inv3(), wide.maxPrincipal(), wide.midPrincipal(),
+              wide.minPrincipal(), wide.maxInplanePrincipal(), wide.minInplanePrincipal(), wide.outOfPlanePrincipal()})
             ASSERT_FALSE(std::isnan(value));
-        for (float value :
-             {small.mises(), small.tresca(), small.pressure(), small.inv3(), small.maxPrincipal(),
-              small.midPrincipal(), small.minPrincipal(), small.maxInplanePrincipal(),
-              small.minInplanePrincipal(), small.outOfPlanePrincipal()})
+        for (float value : {small.mises(), small.tresca(), small.pressure(), small.inv3(), small.maxPrincipal(),
+                            small.midPrincipal(), small.minPrincipal(), small.maxInplanePrincipal(),
+                            small.minInplanePrincipal(), small.outOfPlanePrincipal()})
             ASSERT_FALSE(std::isnan(value));
         double value[3];
         double axes[9];
         wide.principalAxes(value, axes);
-        for (double x : axes)
-            ASSERT_FALSE(std::isnan(x));
+        for (double x : axes) ASSERT_FALSE(std::isnan(x));
     }
 }
 
@@ -451,9 +432,8 @@ TEST(eng_Tensor, misesOfRowsEqualsMisesOfEach)
             for (int i = 0; i < rows; ++i) {
                 EXPECT_FLOAT_EQ(out[i], eng_TensorFloat(one.code, &data[i * one.width], engineering).mises());
                 EXPECT_FLOAT_EQ(out[i], outWide[i]);
-                EXPECT_FLOAT_EQ(outWide[i],
-                                static_cast<float>(
-                                    eng_TensorDouble(one.code, &wide[i * one.width], engineering).mises()));
+                EXPECT_FLOAT_EQ(outWide[i], static_cast<float>(
+                                                eng_TensorDouble(one.code, &wide[i * one.width], engineering).mises()));
             }
         }
 }

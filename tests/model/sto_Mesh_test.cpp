@@ -14,8 +14,8 @@ protected:
     sto_MeshTest() : mesh(model.model.Part("P", 2000, 4001).mesh()) {}
 
     void addTriangleNodes() { mesh.addNodes(labels, origin3, 3, ""); }
-    void addElements(const std::vector<int>& elementLabels, const std::vector<int>& nodes, const char* type,
-                     int width, const char* category = "", const char* setName = "")
+    void addElements(const std::vector<int>& elementLabels, const std::vector<int>& nodes, const char* type, int width,
+                     const char* category = "", const char* setName = "")
     {
         sto_ElementArg arg;
         arg.type = type;
@@ -92,7 +92,9 @@ TEST_F(sto_MeshTest, labelsBelowOneAreRefused)
     EXPECT_EQ(raisedText([&] { mesh.addNodes(bad, origin3, 2, ""); }), "Invalid node label 0: labels begin at 1.");
     EXPECT_EQ(mesh.nodeData().NumNodes(), 0);
     addTriangleNodes();
-    EXPECT_EQ(raisedText([&] { addElements({-4}, {10, 20, 30}, "TRI3", 3); }),
+    EXPECT_EQ(raisedText([&] {
+                  addElements({-4}, {10, 20, 30}, "TRI3", 3);
+              }),
               "Invalid element label -4: labels begin at 1.");
     EXPECT_EQ(mesh.elementData().numClasses(), 0);
 }
@@ -105,7 +107,9 @@ TEST_F(sto_MeshTest, repeatedLabelsAreRefused)
     EXPECT_EQ(raisedText([&] { mesh.addNodes(labels + 1, origin3, 1, "S"); }), "Node label 10 exists already.");
     EXPECT_EQ(mesh.nodeData().NumNodes(), 3);
     EXPECT_FALSE(mesh.nset("S").isValid());
-    EXPECT_EQ(raisedText([&] { addElements({2, 2}, {10, 20, 30, 10, 20, 30}, "TRI3", 3); }),
+    EXPECT_EQ(raisedText([&] {
+                  addElements({2, 2}, {10, 20, 30, 10, 20, 30}, "TRI3", 3);
+              }),
               "Element label 2 is given twice.");
     addElements({2}, {10, 20, 30}, "TRI3", 3);
     EXPECT_EQ(raisedText([&] { addElements({2}, {10, 20, 30}, "SHELL3", 3); }), "Element label 2 exists already.");
@@ -126,10 +130,14 @@ TEST_F(sto_MeshTest, unknownNodesInAConnectivityAreRefusedAndNothingChanges)
 {
     addTriangleNodes();
     addElements({1}, {10, 20, 30}, "TRI3", 3);
-    EXPECT_EQ(raisedText([&] { addElements({2, 3}, {10, 20, 30, 10, 99, 30}, "TRI3", 3); }),
+    EXPECT_EQ(raisedText([&] {
+                  addElements({2, 3}, {10, 20, 30, 10, 99, 30}, "TRI3", 3);
+              }),
               "Node number \"99\" of element \"3\" does not exist.");
     EXPECT_EQ(mesh.elementData().numElements(), 1);
-    EXPECT_EQ(raisedText([&] { addElements({2}, {10, 99, 30}, "SHELL3", 3); }),
+    EXPECT_EQ(raisedText([&] {
+                  addElements({2}, {10, 99, 30}, "SHELL3", 3);
+              }),
               "Node number \"99\" of element \"2\" does not exist.");
     EXPECT_EQ(mesh.elementData().numClasses(), 1);
     // The failed call leaves no trace in what comes after it.
@@ -349,7 +357,8 @@ TEST_F(sto_MeshTest, damagedCountsAreRefusedWithThePathOfTheFile)
     ASSERT_EQ(sqlite3_exec(raw, "UPDATE grd_NodeData SET dimension = 7", nullptr, nullptr, nullptr), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(raw, "UPDATE grd_ElementClass SET elements = 5", nullptr, nullptr, nullptr), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(raw, "UPDATE setC_Set SET subsets = x'0000000000000000000000000A00000000000000FFFFFFFF'",
-                           nullptr, nullptr, nullptr), SQLITE_OK);
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
     sqlite3_close(raw);
     model.opened = fio_File::Open(model.path().c_str(), false, true);
     model.file = model.opened.body();
@@ -411,7 +420,8 @@ TEST_F(sto_MeshTest, temporarySetsLiveInMemoryAlone)
     EXPECT_EQ(mesh.temporarySet(setC_Set::elementSet, "tmp", elements, 3).numSubsets(), 2);
     EXPECT_EQ(mesh.temporarySet(setC_Set::elementSet, "tmp", nullptr, 0).numSubsets(), 0);
     const int unknown[] = {99};
-    EXPECT_EQ(raisedText([&] { mesh.temporarySet(setC_Set::elementSet, "tmp", unknown, 1); }), "Invalid element label 99");
+    EXPECT_EQ(raisedText([&] { mesh.temporarySet(setC_Set::elementSet, "tmp", unknown, 1); }),
+              "Invalid element label 99");
     EXPECT_EQ(raisedText([&] { mesh.temporarySet(setC_Set::nodeSet, "tmp", unknown, 1); }), "Invalid node label 99");
 
     // A set of users may have the name.

@@ -141,13 +141,16 @@ TEST_F(StoredFields, conjugateAndDoubleComeBack)
     EXPECT_TRUE(field.hasConjugate());
     EXPECT_EQ(field.view<double>().data()[0], 1.0 / 3.0);
     EXPECT_EQ(field.view<double>().conjugate()[1], -1.0);
-    EXPECT_EQ(failureOf([&] { field.view<float>(); }), m_path + ": a field is asked for in a precision that it has not");
+    EXPECT_EQ(failureOf([&] { field.view<float>(); }),
+              m_path + ": a field is asked for in a precision that it has not");
 }
 
 TEST_F(StoredFields, wrongNumberOfValuesIsRefused)
 {
     const sto_FieldDescription made = handle().fieldStep().Field(description("A", 2, 3));
-    EXPECT_EQ(failureOf([&] { frame().Field(made, 0, bufferOf({1, 2, 3}), fio_Buffer(), sto_Field()); }),
+    EXPECT_EQ(failureOf([&] {
+                  frame().Field(made, 0, bufferOf({1, 2, 3}), fio_Buffer(), sto_Field());
+              }),
               m_path + ": the values of field \"A\" have another size than its description");
     EXPECT_EQ(frame().numFields(), 0);
 }
@@ -215,10 +218,10 @@ TEST_F(StoredFields, rowsThatDisagreeWithValuesAreRefused)
 TEST_F(StoredFields, keysThatDisagreeWithFieldsAreRefused)
 {
     write("A", 0, {1});
-    reopen([](sqlite3* database) {
-        run(database, "UPDATE fld_Frame SET \"field keys\" = x'000000000100000002000000'");
-    });
-    EXPECT_EQ(failureOf([&] { frame().fieldKeys(); }), m_path + ": a frame has 1 fields, but 3 keys; the file is damaged");
+    reopen(
+        [](sqlite3* database) { run(database, "UPDATE fld_Frame SET \"field keys\" = x'000000000100000002000000'"); });
+    EXPECT_EQ(failureOf([&] { frame().fieldKeys(); }),
+              m_path + ": a frame has 1 fields, but 3 keys; the file is damaged");
     EXPECT_EQ(failureOf([&] { frame().field().get(2); }),
               m_path + ": a frame has more field keys than fields; the file is damaged");
 }
@@ -228,7 +231,8 @@ TEST_F(StoredFields, fieldWithoutItsDescriptionIsRefused)
     write("A", 0, {1});
     reopen([](sqlite3* database) { run(database, "DELETE FROM fld_FieldDescription"); });
     const std::string failure = failureOf([&] { frame().field().get(0).fieldDescription().width(); });
-    EXPECT_NE(failure.find("of class fld_FieldDescription is missing; the file is damaged"), std::string::npos) << failure;
+    EXPECT_NE(failure.find("of class fld_FieldDescription is missing; the file is damaged"), std::string::npos)
+        << failure;
 }
 
 TEST_F(StoredFields, framesOutsideTheStepAreRefused)

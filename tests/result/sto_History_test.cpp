@@ -79,7 +79,8 @@ protected:
     static std::function<void(sqlite3*)> sql(const std::string& text)
     {
         return [text](sqlite3* handle) {
-            ASSERT_EQ(sqlite3_exec(handle, text.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+            ASSERT_EQ(sqlite3_exec(handle, text.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+                << sqlite3_errmsg(handle);
         };
     }
     std::string damaged(const std::string& what) const { return m_path + ": " + what + "; the file is damaged"; }
@@ -417,8 +418,7 @@ TEST_F(sto_HistoryTest, aReaderKeepsTheStateThatItOpened)
     add(make("U"), 1, 10);
     body()->save();
     const fio_File reader = fio_File::Open(m_path.c_str(), false, true);
-    const sto_HistoryFloat seen(
-        sto_Step(lnk_ShortCut<fld_Step>(reader.body(), m_step.id())).historyStep().history(0));
+    const sto_HistoryFloat seen(sto_Step(lnk_ShortCut<fld_Step>(reader.body(), m_step.id())).historyStep().history(0));
     EXPECT_EQ(seen.numValues(), 1);
     add(floats(0), 2, 20);
     body()->save();
@@ -435,8 +435,7 @@ TEST_F(sto_HistoryTest, aReaderOfAStateThatIsGoneIsToldSo)
     add(make("U"), 1, 10);
     body()->save();
     const fio_File reader = fio_File::Open(m_path.c_str(), false, true);
-    const sto_HistoryFloat seen(
-        sto_Step(lnk_ShortCut<fld_Step>(reader.body(), m_step.id())).historyStep().history(0));
+    const sto_HistoryFloat seen(sto_Step(lnk_ShortCut<fld_Step>(reader.body(), m_step.id())).historyStep().history(0));
     EXPECT_EQ(seen.numValues(), 1);
     for (int i = 0; i < 3; ++i) {
         add(floats(0), 2, 20);
@@ -485,11 +484,11 @@ TEST_F(sto_HistoryTest, damagedRunsAreRefused)
         std::vector<double> runs;
         const char* other;
     };
-    for (const Case& damage : {Case{{}, ""}, Case{{1.0}, ""}, Case{{0.0, 8.0}, ""}, Case{{-1.0, 8.0}, ""},
-                               Case{{inf, 8.0}, ""}, Case{{std::nan(""), 8.0}, ""}, Case{{1.0, -8.0}, ""},
-                               Case{{1.0, 8.0}, ", columns = 0"}, Case{{1.0, 8.0}, ", columns = 3"},
-                               Case{{1.0, 8.0}, ", \"storage type\" = 2"}, Case{{1.0, 8.0}, ", rows = -1"},
-                               Case{{1.0, 8.0}, ", rows = 9"}, Case{{1.0, 4.0, 1.0, 4.0}, ""}}) {
+    for (const Case& damage :
+         {Case{{}, ""}, Case{{1.0}, ""}, Case{{0.0, 8.0}, ""}, Case{{-1.0, 8.0}, ""}, Case{{inf, 8.0}, ""},
+          Case{{std::nan(""), 8.0}, ""}, Case{{1.0, -8.0}, ""}, Case{{1.0, 8.0}, ", columns = 0"},
+          Case{{1.0, 8.0}, ", columns = 3"}, Case{{1.0, 8.0}, ", \"storage type\" = 2"},
+          Case{{1.0, 8.0}, ", rows = -1"}, Case{{1.0, 8.0}, ", rows = 9"}, Case{{1.0, 4.0, 1.0, 4.0}, ""}}) {
         std::filesystem::remove(m_path);
         SetUp();
         const sto_HistoryFloat u = make("U");

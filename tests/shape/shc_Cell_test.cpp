@@ -21,10 +21,7 @@ const char* const kindNames[] = {"POINT1",  "LINE2",   "LINE3", "TRIANGLE3", "TR
                                  "QUAD8",   "QUAD9",   "HEX8",  "HEX20",     "HEX27",     "WEDGE6",
                                  "WEDGE15", "WEDGE18", "TET4",  "TET10",     "PYRAMID5"};
 
-std::ifstream openReference(const char* name)
-{
-    return std::ifstream(std::filesystem::path(YLD_REFERENCE) / name);
-}
+std::ifstream openReference(const char* name) { return std::ifstream(std::filesystem::path(YLD_REFERENCE) / name); }
 
 std::vector<const shc_Cell*> allCells()
 {
@@ -59,16 +56,14 @@ void randomPoint(const shc_Cell& cell, std::mt19937& engine, double* point)
 {
     std::uniform_real_distribution<double> unit(0.05, 0.3);
     double place[3];
-    for (double& x : place)
-        x = unit(engine);
+    for (double& x : place) x = unit(engine);
     fromVtk(cell, place, point);
 }
 
 std::vector<double> numbers(std::istringstream& line)
 {
     std::vector<double> result;
-    for (double x; line >> x;)
-        result.push_back(x);
+    for (double x; line >> x;) result.push_back(x);
     return result;
 }
 
@@ -118,15 +113,9 @@ std::vector<VtkCell> readVtk()
     return cells;
 }
 
-std::set<int> members(const shc_Cell::Side& side)
-{
-    return {side.node, side.node + side.nodes};
-}
+std::set<int> members(const shc_Cell::Side& side) { return {side.node, side.node + side.nodes}; }
 
-std::set<int> members(const std::vector<double>& nodes)
-{
-    return {nodes.begin(), nodes.end()};
-}
+std::set<int> members(const std::vector<double>& nodes) { return {nodes.begin(), nodes.end()}; }
 
 } // namespace
 
@@ -166,20 +155,16 @@ TEST(shc_Cell, edgesAndFacesJoinTheNodesThatVtkJoins)
         if (cell.Dimension() > 1) {
             std::set<std::set<int>> ours;
             std::set<std::set<int>> theirs;
-            for (int edge = 0; edge < cell.NumEdges(); ++edge)
-                ours.insert(members(cell.Edge(edge)));
-            for (const std::vector<double>& edge : vtk.edges)
-                theirs.insert(members(edge));
+            for (int edge = 0; edge < cell.NumEdges(); ++edge) ours.insert(members(cell.Edge(edge)));
+            for (const std::vector<double>& edge : vtk.edges) theirs.insert(members(edge));
             EXPECT_EQ(ours, theirs);
             EXPECT_EQ(ours.size(), std::size_t(cell.NumEdges()));
         }
         if (cell.Dimension() == 3) {
             std::set<std::set<int>> ours;
             std::set<std::set<int>> theirs;
-            for (int face = 0; face < cell.NumFaces(); ++face)
-                ours.insert(members(cell.Face(face)));
-            for (const std::vector<double>& face : vtk.faces)
-                theirs.insert(members(face));
+            for (int face = 0; face < cell.NumFaces(); ++face) ours.insert(members(cell.Face(face)));
+            for (const std::vector<double>& face : vtk.faces) theirs.insert(members(face));
             EXPECT_EQ(ours, theirs);
             EXPECT_EQ(ours.size(), std::size_t(cell.NumFaces()));
         }
@@ -204,11 +189,9 @@ TEST(shc_Cell, shapeFunctionsAndDerivativesAgreeWithVtk)
                 EXPECT_NEAR(values[node], sample.values[node], 1e-14) << node;
                 for (int k = 0; k < cell.Dimension(); ++k) {
                     const double scale = isSymmetric(cell, k) ? 0.5 : 1;
-                    EXPECT_NEAR(slopes[3 * node + k], scale * sample.slopes[k][node], 1e-14)
-                        << node << " " << k;
+                    EXPECT_NEAR(slopes[3 * node + k], scale * sample.slopes[k][node], 1e-14) << node << " " << k;
                 }
-                for (int k = cell.Dimension(); k < 3; ++k)
-                    EXPECT_EQ(slopes[3 * node + k], 0);
+                for (int k = cell.Dimension(); k < 3; ++k) EXPECT_EQ(slopes[3 * node + k], 0);
             }
         }
     }
@@ -243,12 +226,10 @@ TEST(shc_Cell, shapeFunctionsSumToOneAndTheirDerivativesToZero)
             double slope[3] = {0, 0, 0};
             for (int node = 0; node < cell->NumNodes(); ++node) {
                 sum += values[node];
-                for (int k = 0; k < 3; ++k)
-                    slope[k] += slopes[3 * node + k];
+                for (int k = 0; k < 3; ++k) slope[k] += slopes[3 * node + k];
             }
             EXPECT_NEAR(sum, 1, 1e-14);
-            for (double s : slope)
-                EXPECT_NEAR(s, 0, 1e-14);
+            for (double s : slope) EXPECT_NEAR(s, 0, 1e-14);
         }
     }
 }
@@ -347,8 +328,7 @@ TEST(shc_Cell, sidesAreThoseOfExodus)
         ASSERT_EQ(written, count);
         std::vector<int> ours(found, found + count);
         std::vector<int> theirs;
-        for (int node = 0; line >> node;)
-            theirs.push_back(node);
+        for (int node = 0; line >> node;) theirs.push_back(node);
         if (shell && side == 2) { // seen from below: the same nodes the other way round
             EXPECT_NE(ours, theirs);
             std::sort(ours.begin(), ours.end());
@@ -383,8 +363,7 @@ TEST(shc_Cell, facesLookOutward)
         for (int face = 0; face < cell->NumFaces(); ++face) {
             const shc_Cell::Side& side = cell->Face(face);
             double corner[3][3];
-            for (int c = 0; c < 3; ++c)
-                straighten(*cell, cell->NodeCoordinates(side.node[c]), corner[c]);
+            for (int c = 0; c < 3; ++c) straighten(*cell, cell->NodeCoordinates(side.node[c]), corner[c]);
             double u[3];
             double v[3];
             double w[3];
@@ -413,15 +392,14 @@ TEST(shc_Cell, middleNodesOfFacesLieBetweenTheirCorners)
                 EXPECT_EQ(end.node[0], side.node[edge]);
                 EXPECT_EQ(end.node[1], side.node[(edge + 1) % side.corners]);
                 for (int k = 0; k < 3; ++k)
-                    EXPECT_DOUBLE_EQ(cell->NodeCoordinates(end.node[2])[k],
-                                     0.5 * (cell->NodeCoordinates(end.node[0])[k] +
-                                            cell->NodeCoordinates(end.node[1])[k]));
+                    EXPECT_DOUBLE_EQ(
+                        cell->NodeCoordinates(end.node[2])[k],
+                        0.5 * (cell->NodeCoordinates(end.node[0])[k] + cell->NodeCoordinates(end.node[1])[k]));
             }
             if (side.nodes == 9) {
                 double centre[3];
                 cell->FaceCentre(face, centre);
-                for (int k = 0; k < 3; ++k)
-                    EXPECT_NEAR(cell->NodeCoordinates(side.node[8])[k], centre[k], 1e-15);
+                for (int k = 0; k < 3; ++k) EXPECT_NEAR(cell->NodeCoordinates(side.node[8])[k], centre[k], 1e-15);
             }
         }
     }

@@ -9,22 +9,13 @@
 
 namespace {
 
-double factorial(int n)
-{
-    return n < 2 ? 1 : n * factorial(n - 1);
-}
+double factorial(int n) { return n < 2 ? 1 : n * factorial(n - 1); }
 
 // Integral of x^a over -1 to +1.
-double line(int a)
-{
-    return a % 2 ? 0 : 2.0 / (a + 1);
-}
+double line(int a) { return a % 2 ? 0 : 2.0 / (a + 1); }
 
 // Integral of r^a s^b over the triangle, of r^a s^b t^c over the tetrahedron.
-double triangle(int a, int b)
-{
-    return factorial(a) * factorial(b) / factorial(a + b + 2);
-}
+double triangle(int a, int b) { return factorial(a) * factorial(b) / factorial(a + b + 2); }
 
 double tetrahedron(int a, int b, int c)
 {
@@ -47,10 +38,7 @@ double sum(const shc_Rule& rule, int a, int b, int c)
     return result;
 }
 
-const shc_Rule& ruleOf(const char* label)
-{
-    return shc_ShapeDictionary::GetShape(label)->Rule();
-}
+const shc_Rule& ruleOf(const char* label) { return shc_ShapeDictionary::GetShape(label)->Rule(); }
 
 void expectPoint(const char* label, int p, double x, double y, double z)
 {
@@ -73,8 +61,7 @@ TEST(shc_Rule, gaussProductsAreExactUpToTwiceTheirPointsLessOne)
             for (int a = 0; a <= order; ++a)
                 for (int b = 0; b <= (dimension > 1 ? order : 0); ++b)
                     for (int c = 0; c <= (dimension > 2 ? order : 0); ++c) {
-                        const double exact =
-                            line(a) * (dimension > 1 ? line(b) : 1) * (dimension > 2 ? line(c) : 1);
+                        const double exact = line(a) * (dimension > 1 ? line(b) : 1) * (dimension > 2 ? line(c) : 1);
                         EXPECT_NEAR(sum(rule, a, b, c), exact, 1e-14) << dimension << n << a << b << c;
                     }
             EXPECT_GT(std::abs(sum(rule, 2 * n, 0, 0) - line(2 * n) * std::pow(2, dimension - 1)), 1e-3);
@@ -134,8 +121,7 @@ TEST(shc_Rule, pyramidIsExactForSecondOrderInTheStraightPyramid)
     };
     for (int a = 0; a <= 2; ++a)
         for (int b = 0; a + b <= 2; ++b)
-            for (int c = 0; a + b + c <= 2; ++c)
-                EXPECT_NEAR(integral(a, b, c), pyramid(a, b, c), 1e-15) << a << b << c;
+            for (int c = 0; a + b + c <= 2; ++c) EXPECT_NEAR(integral(a, b, c), pyramid(a, b, c), 1e-15) << a << b << c;
     EXPECT_NEAR(integral(2, 0, 1), pyramid(2, 0, 1), 1e-15);
     EXPECT_NEAR(integral(0, 2, 1), pyramid(0, 2, 1), 1e-15);
     EXPECT_GT(std::abs(integral(0, 0, 3) - pyramid(0, 0, 3)), 1e-3);
@@ -151,10 +137,9 @@ TEST(shc_Rule, weightsTimesTheJacobianGiveTheVolumeOfADistortedElement)
         double volume;
     };
     // Volumes of the reference cells under x -> A x with det A = 6.
-    for (const Case& one :
-         {Case{"HEX8", 8}, Case{"HEX8R", 8}, Case{"HEX20", 8}, Case{"HEX20R", 8}, Case{"HEX27", 8},
-          Case{"HEX27R", 8}, Case{"WEDGE6", 1}, Case{"WEDGE15", 1}, Case{"WEDGE18", 1}, Case{"TET4", 1.0 / 6},
-          Case{"TET10", 1.0 / 6}, Case{"PYRAMID5", 8.0 / 3}}) {
+    for (const Case& one : {Case{"HEX8", 8}, Case{"HEX8R", 8}, Case{"HEX20", 8}, Case{"HEX20R", 8}, Case{"HEX27", 8},
+                            Case{"HEX27R", 8}, Case{"WEDGE6", 1}, Case{"WEDGE15", 1}, Case{"WEDGE18", 1},
+                            Case{"TET4", 1.0 / 6}, Case{"TET10", 1.0 / 6}, Case{"PYRAMID5", 8.0 / 3}}) {
         SCOPED_TRACE(one.label);
         const shc_Topology& shape = *shc_ShapeDictionary::GetShape(one.label);
         const double a[3][3] = {{2, 1, 0}, {0, 1, 0.5}, {0, 0, 3}};
@@ -167,8 +152,7 @@ TEST(shc_Rule, weightsTimesTheJacobianGiveTheVolumeOfADistortedElement)
                 const double* n = shape.Cell().NodeCoordinates(node);
                 for (int i = 0; i < 3; ++i) {
                     const double x = a[i][0] * n[0] + a[i][1] * n[1] + a[i][2] * n[2];
-                    for (int k = 0; k < 3; ++k)
-                        j[i][k] += x * slopes[3 * node + k];
+                    for (int k = 0; k < 3; ++k) j[i][k] += x * slopes[3 * node + k];
                 }
             }
             volume += shape.Rule().weight[p] * (j[0][0] * (j[1][1] * j[2][2] - j[1][2] * j[2][1]) -

@@ -93,8 +93,7 @@ TEST(shc_ShapeDictionary, shapesAreListedInLabelOrder)
 
 TEST(shc_ShapeDictionary, unknownLabelsGiveNull)
 {
-    for (const char* label :
-         {"", "HEX", "HEX88", "hex8", "HEX8 ", " HEX8", "TRI3R", "PYRAMID13", "ARS3D", "ZZZ", "A"})
+    for (const char* label : {"", "HEX", "HEX88", "hex8", "HEX8 ", " HEX8", "TRI3R", "PYRAMID13", "ARS3D", "ZZZ", "A"})
         EXPECT_EQ(shc_ShapeDictionary::GetShape(label), nullptr) << label;
     EXPECT_EQ(shc_ShapeDictionary::GetShape(static_cast<const char*>(nullptr)), nullptr);
 }
@@ -122,8 +121,6 @@ TEST(shc_ShapeDictionary, allThreadsSeeTheSameTopologies)
     std::vector<std::thread> threads;
     for (const shc_Topology*& slot : found)
         threads.emplace_back([&slot] { slot = shc_ShapeDictionary::GetShape("WEDGE15"); });
-    for (std::thread& thread : threads)
-        thread.join();
-    for (const shc_Topology* shape : found)
-        EXPECT_EQ(shape, shc_ShapeDictionary::GetShape("WEDGE15"));
+    for (std::thread& thread : threads) thread.join();
+    for (const shc_Topology* shape : found) EXPECT_EQ(shape, shc_ShapeDictionary::GetShape("WEDGE15"));
 }

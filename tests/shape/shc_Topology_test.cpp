@@ -11,17 +11,13 @@
 
 namespace {
 
-const shc_Topology& shapeOf(const char* label)
-{
-    return *shc_ShapeDictionary::GetShape(label);
-}
+const shc_Topology& shapeOf(const char* label) { return *shc_ShapeDictionary::GetShape(label); }
 
 std::vector<const shc_Topology*> movable()
 {
     std::vector<const shc_Topology*> shapes;
     for (int i = 0; i < shc_ShapeDictionary::NumShapes(); ++i)
-        if (shc_ShapeDictionary::Shape(i).AllowsExtrapolation())
-            shapes.push_back(&shc_ShapeDictionary::Shape(i));
+        if (shc_ShapeDictionary::Shape(i).AllowsExtrapolation()) shapes.push_back(&shc_ShapeDictionary::Shape(i));
     return shapes;
 }
 
@@ -46,8 +42,7 @@ double linearField(const shc_Topology& shape, const double* point)
 std::vector<double> atPoints(const shc_Topology& shape, double (*field)(const shc_Topology&, const double*))
 {
     std::vector<double> values;
-    for (int p = 0; p < shape.NumIntegrationPoints(); ++p)
-        values.push_back(field(shape, shape.Rule().point[p]));
+    for (int p = 0; p < shape.NumIntegrationPoints(); ++p) values.push_back(field(shape, shape.Rule().point[p]));
     return values;
 }
 
@@ -57,16 +52,12 @@ double triquadratic(const shc_Topology&, const double* x)
     return (1 + x[0] - 2 * x[0] * x[0]) * (3 - x[1] + x[1] * x[1]) * (0.5 + 2 * x[2] + x[2] * x[2]);
 }
 
-double trilinear(const shc_Topology&, const double* x)
-{
-    return (1 + 2 * x[0]) * (3 - x[1]) * (0.5 + x[2]);
-}
+double trilinear(const shc_Topology&, const double* x) { return (1 + 2 * x[0]) * (3 - x[1]) * (0.5 + x[2]); }
 
 std::vector<int> face(const char* label, int index)
 {
     int nodes[27];
-    for (int i = 0; i < 27; ++i)
-        nodes[i] = 100 + i;
+    for (int i = 0; i < 27; ++i) nodes[i] = 100 + i;
     int out[9];
     const int count = shc_Topology::FaceConnectivity(shapeOf(label), nodes, index, out);
     return {out, out + count};
@@ -75,8 +66,7 @@ std::vector<int> face(const char* label, int index)
 std::vector<int> edge(const char* label, int faceIndex, int index)
 {
     int nodes[27];
-    for (int i = 0; i < 27; ++i)
-        nodes[i] = 100 + i;
+    for (int i = 0; i < 27; ++i) nodes[i] = 100 + i;
     int out[9];
     const int count = shc_Topology::EdgeConnectivity(shapeOf(label), nodes, faceIndex, index, out);
     return {out, out + count};
@@ -146,8 +136,7 @@ TEST(shc_Topology, predicatesByLabel)
     EXPECT_FALSE(shc_Topology::IsAnalytic("ASR"));
     for (const char* label : {"SHELL4", "s", "MEMBRANE3", "m3d4", "SHELLAX2"})
         EXPECT_TRUE(shc_Topology::IsShellLike(label)) << label;
-    for (const char* label : {"", "QUAD4", "HEX8", "AXQUAD4"})
-        EXPECT_FALSE(shc_Topology::IsShellLike(label)) << label;
+    for (const char* label : {"", "QUAD4", "HEX8", "AXQUAD4"}) EXPECT_FALSE(shc_Topology::IsShellLike(label)) << label;
 }
 
 TEST(shc_Topology, noSolidLooksLikeAShellAndNoTypeLooksAnalytic)
@@ -207,10 +196,9 @@ TEST(shc_Topology, productsOfLagrangePolynomialsFollowEveryPowerThatThePointsCan
         const char* label;
         double (*field)(const shc_Topology&, const double*);
     };
-    for (const Case& one :
-         {Case{"HEX8", trilinear}, Case{"HEX20", triquadratic}, Case{"HEX20R", trilinear},
-          Case{"HEX27", triquadratic}, Case{"HEX27R", trilinear}, Case{"QUAD4", trilinear},
-          Case{"QUAD8", triquadratic}, Case{"SHELL9R", trilinear}, Case{"BEAM3", trilinear}}) {
+    for (const Case& one : {Case{"HEX8", trilinear}, Case{"HEX20", triquadratic}, Case{"HEX20R", trilinear},
+                            Case{"HEX27", triquadratic}, Case{"HEX27R", trilinear}, Case{"QUAD4", trilinear},
+                            Case{"QUAD8", triquadratic}, Case{"SHELL9R", trilinear}, Case{"BEAM3", trilinear}}) {
         SCOPED_TRACE(one.label);
         const shc_Topology& shape = shapeOf(one.label);
         const std::vector<double> values = atPoints(shape, one.field);
@@ -255,8 +243,7 @@ TEST(shc_Topology, constantsArriveBitForBit)
         const std::vector<float> values(shape->NumIntegrationPoints(), 1234.567f);
         float nodes[27];
         ASSERT_TRUE(shape->StdExtrapToNodes(values.data(), 2, nodes, 1));
-        for (int i = 0; i < shape->NumNodes(); ++i)
-            EXPECT_EQ(nodes[i], 1234.567f);
+        for (int i = 0; i < shape->NumNodes(); ++i) EXPECT_EQ(nodes[i], 1234.567f);
     }
 }
 
@@ -272,19 +259,16 @@ TEST(shc_Topology, blocksOfElementsAndComponentsEqualOneByOne)
         const int points = shape.NumIntegrationPoints();
         const int nodes = shape.NumNodes();
         std::vector<float> values(elements * points * components);
-        for (float& value : values)
-            value = unit(engine);
+        for (float& value : values) value = unit(engine);
         std::vector<float> out(elements * nodes * components);
         ASSERT_TRUE(shape.StdExtrapToNodes(values.data(), 2, out.data(), components, elements));
         for (int e = 0; e < elements; ++e)
             for (int c = 0; c < components; ++c) {
                 std::vector<float> column;
-                for (int p = 0; p < points; ++p)
-                    column.push_back(values[(e * points + p) * components + c]);
+                for (int p = 0; p < points; ++p) column.push_back(values[(e * points + p) * components + c]);
                 std::vector<float> single(nodes);
                 ASSERT_TRUE(shape.StdExtrapToNodes(column.data(), 2, single.data(), 1));
-                for (int i = 0; i < nodes; ++i)
-                    EXPECT_EQ(out[(e * nodes + i) * components + c], single[i]);
+                for (int i = 0; i < nodes; ++i) EXPECT_EQ(out[(e * nodes + i) * components + c], single[i]);
             }
     }
 }
@@ -327,8 +311,7 @@ TEST(shc_Topology, positionsThatCannotBeMovedLeaveTheOutputAlone)
         EXPECT_FALSE(shapeOf(label).ExtrapolateToFaces(values, 2, out, 1)) << label;
         EXPECT_FALSE(shapeOf(label).ExtrapolateToCentroid(values, 2, out, 1)) << label;
     }
-    for (float value : out)
-        EXPECT_EQ(value, 7);
+    for (float value : out) EXPECT_EQ(value, 7);
 }
 
 TEST(shc_Topology, axisymmetricTypesMoveLikeTheOthers)
@@ -338,8 +321,7 @@ TEST(shc_Topology, axisymmetricTypesMoveLikeTheOthers)
     float axisymmetric[4];
     ASSERT_TRUE(shapeOf("QUAD4").StdExtrapToNodes(values, 2, plane, 1));
     ASSERT_TRUE(shapeOf("AXQUAD4").CaxaExtrapToNodes(values, 2, axisymmetric, 1));
-    for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(plane[i], axisymmetric[i]);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(plane[i], axisymmetric[i]);
 }
 
 TEST(shc_Topology, planeElementsHaveOneFaceWhoseCentreIsTheCentroid)
@@ -419,6 +401,5 @@ TEST(shc_Topology, limitsOfFloatPassThroughWithoutTrapping)
     const std::vector<float> values(8, 3.4028235e38f);
     float nodes[8];
     ASSERT_TRUE(shapeOf("HEX8").StdExtrapToNodes(values.data(), 2, nodes, 1));
-    for (float value : nodes)
-        EXPECT_FALSE(std::isnan(value));
+    for (float value : nodes) EXPECT_FALSE(std::isnan(value));
 }

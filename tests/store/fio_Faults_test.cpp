@@ -164,7 +164,10 @@ private:
     {
         return add(Step::Kind::WRITE, name, offset, std::string(bytes, count));
     }
-    int onTruncate(const std::string& name, long long size) override { return add(Step::Kind::TRUNCATE, name, size, {}); }
+    int onTruncate(const std::string& name, long long size) override
+    {
+        return add(Step::Kind::TRUNCATE, name, size, {});
+    }
     int onSync(const std::string& name) override { return add(Step::Kind::SYNC, name, 0, {}); }
 
     int add(Step::Kind kind, const std::string& name, long long offset, std::string bytes)

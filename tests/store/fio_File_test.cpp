@@ -379,8 +379,7 @@ TEST(fio_File, readerWhoseStateIsGoneIsToldSo)
         root.replace(changed);
         root.file()->save();
     }
-    const std::string told =
-        path + ": another program has changed the database since it was read here; read it anew";
+    const std::string told = path + ": another program has changed the database since it was read here; read it anew";
     EXPECT_EQ(failureOf([&] { seen->m_labels.data(); }), told);
     EXPECT_EQ(failureOf([&] { rootOf(late).fetch(); }), told);
     EXPECT_TRUE(late.body()->refresh());
@@ -511,10 +510,13 @@ TEST(fio_File, readsWithPlainSqlAsThePageSays)
     ASSERT_EQ(sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
     const auto single = [db](const char* sql) {
         std::string result = "nothing";
-        sqlite3_exec(db, sql, [](void* into, int, char** row, char**) {
-            *static_cast<std::string*>(into) = row[0] ? row[0] : "NULL";
-            return 0;
-        }, &result, nullptr);
+        sqlite3_exec(
+            db, sql,
+            [](void* into, int, char** row, char**) {
+                *static_cast<std::string*>(into) = row[0] ? row[0] : "NULL";
+                return 0;
+            },
+            &result, nullptr);
         return result;
     };
     EXPECT_EQ(single("PRAGMA application_id"), "2037146673");
@@ -594,16 +596,14 @@ TEST(fio_File, lyingCountsAreRefusedBeforeMemoryIsTaken)
         rootOf(file).fetch()->m_labels.data();
     };
     lie("UPDATE sample_Thing SET \"labels.count\" = 4000000000");
-    EXPECT_EQ(failureOf(readLabels), path + ": an array of 16000000000 bytes from extent 1 cannot be; the file is damaged");
+    EXPECT_EQ(failureOf(readLabels),
+              path + ": an array of 16000000000 bytes from extent 1 cannot be; the file is damaged");
     lie("UPDATE sample_Thing SET \"labels.count\" = -1");
-    EXPECT_EQ(failureOf(readLabels),
-              path + ": the value of sample_Thing.labels makes no sense; the file is damaged");
+    EXPECT_EQ(failureOf(readLabels), path + ": the value of sample_Thing.labels makes no sense; the file is damaged");
     lie("UPDATE sample_Thing SET \"labels.count\" = 9223372036854775807");
-    EXPECT_EQ(failureOf(readLabels),
-              path + ": the value of sample_Thing.labels makes no sense; the file is damaged");
+    EXPECT_EQ(failureOf(readLabels), path + ": the value of sample_Thing.labels makes no sense; the file is damaged");
     lie("UPDATE sample_Thing SET \"labels.count\" = 4");
-    EXPECT_EQ(failureOf(readLabels),
-              path + ": extent 1 should have 16 bytes but has 12; the file is damaged");
+    EXPECT_EQ(failureOf(readLabels), path + ": extent 1 should have 16 bytes but has 12; the file is damaged");
     lie("UPDATE sample_Thing SET \"labels.count\" = 3, labels = 77");
     EXPECT_EQ(failureOf(readLabels), path + ": an array of 12 bytes from extent 77 cannot be; the file is damaged");
     lie("UPDATE sample_Thing SET labels = 1, texts = '9:short,'");

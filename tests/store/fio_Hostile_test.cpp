@@ -37,8 +37,7 @@ protected:
     {
         const std::string original = sampleDatabase();
         const Outcome outcome = openAll(
-            count,
-            [&](unsigned number, const std::string& path) { (Mutation(original, number).*mutate)(path); }, walk);
+            count, [&](unsigned number, const std::string& path) { (Mutation(original, number).*mutate)(path); }, walk);
         std::printf("%d files: %d gave data, %d were refused, the slowest took %.3f s\n", count, outcome.data,
                     outcome.refused, outcome.slowest);
         for (const std::string& failure : outcome.failures) ADD_FAILURE() << failure;
@@ -129,23 +128,14 @@ TEST_F(fio_Attack, attributeWorkedOutByAnExpressionWithoutEnd)
                     "printf('%.*c', 50000, 'a') LIKE '%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%b'"));
 }
 
-TEST_F(fio_Attack, extentsWorkedOutByAnExpression)
-{
-    attack(computed("extent", "bytes", "zeroblob(300000000)"));
-}
+TEST_F(fio_Attack, extentsWorkedOutByAnExpression) { attack(computed("extent", "bytes", "zeroblob(300000000)")); }
 
-TEST_F(fio_Attack, headerWorkedOutByAnExpression)
-{
-    attack(computed("header", "value", "hex(zeroblob(150000000))"));
-}
+TEST_F(fio_Attack, headerWorkedOutByAnExpression) { attack(computed("header", "value", "hex(zeroblob(150000000))")); }
 
-TEST_F(fio_Attack, keysWorkedOutByAnExpression)
-{
-    attack(computed("entry", "key", "hex(zeroblob(150000000))"));
-}
+TEST_F(fio_Attack, keysWorkedOutByAnExpression) { attack(computed("entry", "key", "hex(zeroblob(150000000))")); }
 
 TEST_F(fio_Attack, keysWorkedOutByAnExpressionWithoutEnd)
 {
-    attack(computed("entry", "key",
-                    "printf('%.*c', 50000, 'a') LIKE '%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%b'"));
+    attack(
+        computed("entry", "key", "printf('%.*c', 50000, 'a') LIKE '%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%a%b'"));
 }

@@ -123,8 +123,7 @@ TEST_F(fio_PublicWalk, theWholeJobIsWalkedWhole)
     // S, SS, P, D, EN, F, N, K, Y, W: the first with imaginary halves and quaternions, P with quaternions, D with
     // imaginary halves.
     EXPECT_EQ(seen.values - small.values, 16 + 8 + 1 + 3 + 16 + 32 + 20 + 1 + 1 + 1);
-    EXPECT_EQ(seen.bulk - small.bulk,
-              16 * (2 * 6 + 4) + 8 * 3 + (4 + 4) + 2 * 3 * 3 + 16 + 32 + 20 * 3 + 6 + 6 + 1);
+    EXPECT_EQ(seen.bulk - small.bulk, 16 * (2 * 6 + 4) + 8 * 3 + (4 + 4) + 2 * 3 * 3 + 16 + 32 + 20 * 3 + 6 + 6 + 1);
     // Those in layers once more, by their section points.
     EXPECT_EQ(seen.located, 2 * seen.values + 8);
     EXPECT_EQ(seen.regions - small.regions, 2);

@@ -112,13 +112,13 @@ void writeState(const fio_File& file, int number)
 // What the processes tell each other.
 struct Board
 {
-    volatile int written = 0;    // the last state whose save has returned
-    volatile int finished = 0;   // no more are coming
+    volatile int written = 0;  // the last state whose save has returned
+    volatile int finished = 0; // no more are coming
     volatile double writerSeconds = 0.0;
     struct Reader
     {
         volatile int walks = 0;
-        volatile int states = 0;      // how many different ones it saw
+        volatile int states = 0; // how many different ones it saw
         volatile int lastState = 0;
         volatile int late = 0;        // how often it saw less than what was saved before it opened
         volatile double median = 0.0; // milliseconds that a walk's slowest call waited
@@ -368,17 +368,18 @@ bool watchWriter(const ScratchFolder& folder)
 
 TEST(fio_Readers, seeWholeSavedStatesAndNeverDisturbTheWriter)
 {
-    // What is seen has to be right every time. Of the waits a run counts that nothing else on the machine disturbed, and
-    // it may take some runs to get one.
+    // What is seen has to be right every time. Of the waits a run counts that nothing else on the machine disturbed,
+    // and it may take some runs to get one.
     constexpr int mostRuns = 6;
     bool isQuick = false;
     for (int run = 0; run < mostRuns && !isQuick && !HasFailure(); ++run) {
         const ScratchFolder folder;
         isQuick = watchWriter(folder);
     }
-    EXPECT_TRUE(isQuick) << "more than 20 states, a median wait below 1 ms, a worst below 250 ms and a writer that takes "
-                            "at most twice its time alone and a second, in no run of "
-                         << mostRuns;
+    EXPECT_TRUE(isQuick)
+        << "more than 20 states, a median wait below 1 ms, a worst below 250 ms and a writer that takes "
+           "at most twice its time alone and a second, in no run of "
+        << mostRuns;
 }
 
 TEST(fio_Readers, stateThatWasOpenedStaysWhileEntriesGoIntoOnePlaceAgainAndAgain)

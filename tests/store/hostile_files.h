@@ -110,8 +110,8 @@ inline Outcome openAll(int count, const std::function<void(unsigned, const std::
                 const itimerval calm{};
                 setitimer(ITIMER_REAL, &calm, nullptr);
                 setrlimit(RLIMIT_AS, &limit);
-                const double seconds =
-                    static_cast<double>(end.tv_sec - start.tv_sec) + static_cast<double>(end.tv_nsec - start.tv_nsec) * 1e-9;
+                const double seconds = static_cast<double>(end.tv_sec - start.tv_sec) +
+                                       static_cast<double>(end.tv_nsec - start.tv_nsec) * 1e-9;
                 if (seconds > board->slowest) board->slowest = seconds;
                 rusage after{};
                 getrusage(RUSAGE_SELF, &after);
@@ -130,7 +130,8 @@ inline Outcome openAll(int count, const std::function<void(unsigned, const std::
         if (WIFEXITED(status) && WEXITSTATUS(status) == 0) break;
         std::string what = board->text;
         if (WIFSIGNALED(status)) {
-            what = WTERMSIG(status) == SIGALRM ? "took more than 2 s" : std::string("ended by ") + strsignal(WTERMSIG(status));
+            what = WTERMSIG(status) == SIGALRM ? "took more than 2 s"
+                                               : std::string("ended by ") + strsignal(WTERMSIG(status));
         } else if (what.empty()) {
             what = "ended with status " + std::to_string(WEXITSTATUS(status));
         }

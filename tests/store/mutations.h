@@ -50,7 +50,10 @@ public:
     Liar& operator=(const Liar&) = delete;
     ~Liar() { sqlite3_close(m_handle); }
 
-    bool run(const std::string& sql) { return sqlite3_exec(m_handle, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK; }
+    bool run(const std::string& sql)
+    {
+        return sqlite3_exec(m_handle, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+    }
     std::vector<std::string> list(const std::string& sql)
     {
         std::vector<std::string> found;
@@ -176,12 +179,15 @@ public:
             break;
         case 3: // no keys, no kinds, and all values texts
             rebuild(liar, table, all, "");
-            for (const auto& c : columns) liar.run("UPDATE " + table + " SET " + quoted(c) + " = " + quoted(c) + " || ''");
+            for (const auto& c : columns)
+                liar.run("UPDATE " + table + " SET " + quoted(c) + " = " + quoted(c) + " || ''");
             break;
         case 4: // a view that would never end
             moveAway(liar, table);
-            liar.run("CREATE VIEW " + table + " AS WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n) "
-                     "SELECT x AS " + all.substr(0, all.find(',')) + " FROM n");
+            liar.run("CREATE VIEW " + table +
+                     " AS WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n) "
+                     "SELECT x AS " +
+                     all.substr(0, all.find(',')) + " FROM n");
             break;
         case 5: // a view of the true rows
             moveAway(liar, table);
@@ -199,8 +205,10 @@ public:
             liar.run("UPDATE sqlite_schema SET sql = " + value() + " WHERE name = '" + name + "'");
             break;
         case 9: // tables that share their pages
-            liar.run("UPDATE sqlite_schema SET rootpage = (SELECT rootpage FROM sqlite_schema ORDER BY random() LIMIT 1) "
-                     "WHERE name = '" + name + "'");
+            liar.run(
+                "UPDATE sqlite_schema SET rootpage = (SELECT rootpage FROM sqlite_schema ORDER BY random() LIMIT 1) "
+                "WHERE name = '" +
+                name + "'");
             break;
         case 10:
             moveAway(liar, table);
@@ -228,10 +236,12 @@ public:
         const std::string count = std::to_string(1LL << below(63));
         switch (below(9)) {
         case 0:
-            liar.run("UPDATE extent SET bytes = zeroblob(" + std::to_string(below(100000)) + ") WHERE abs(random()) % 3 = 0");
+            liar.run("UPDATE extent SET bytes = zeroblob(" + std::to_string(below(100000)) +
+                     ") WHERE abs(random()) % 3 = 0");
             break;
         case 1:
-            liar.run("UPDATE OR REPLACE extent SET id = id + " + std::to_string(below(5)) + " WHERE abs(random()) % 3 = 0");
+            liar.run("UPDATE OR REPLACE extent SET id = id + " + std::to_string(below(5)) +
+                     " WHERE abs(random()) % 3 = 0");
             break;
         case 2:
             liar.run("UPDATE extent SET bytes = " + value() + " WHERE abs(random()) % 4 = 0");
@@ -254,16 +264,18 @@ public:
             liar.run("UPDATE OR REPLACE entry SET container = (SELECT min(container) FROM entry), position = random()");
             break;
         case 6: // a long list
-            liar.run("INSERT OR REPLACE INTO entry SELECT e.container, n.value, e.key, e.object, e.since FROM "
-                     "(SELECT * FROM entry LIMIT 1) e, (WITH RECURSIVE c(value) AS (SELECT 1 UNION ALL SELECT value + 1 "
-                     "FROM c LIMIT " + std::to_string(below(20000)) + ") SELECT value FROM c) n");
+            liar.run(
+                "INSERT OR REPLACE INTO entry SELECT e.container, n.value, e.key, e.object, e.since FROM "
+                "(SELECT * FROM entry LIMIT 1) e, (WITH RECURSIVE c(value) AS (SELECT 1 UNION ALL SELECT value + 1 "
+                "FROM c LIMIT " +
+                std::to_string(below(20000)) + ") SELECT value FROM c) n");
             break;
         case 7:
             liar.run("UPDATE header SET value = " + value() + " WHERE abs(random()) % 2 = 0");
             break;
         default:
-            liar.run("UPDATE entry SET object = (SELECT oid FROM " + quoted(table) + " ORDER BY random() LIMIT 1), key = " +
-                     value());
+            liar.run("UPDATE entry SET object = (SELECT oid FROM " + quoted(table) +
+                     " ORDER BY random() LIMIT 1), key = " + value());
         }
     }
 
@@ -295,8 +307,9 @@ public:
         case 3:
         case 4:
             liar.run("CREATE TABLE header(name, value)");
-            liar.run("INSERT INTO header VALUES('uid', 'x'), ('root object', 1), ('next object', 5), ('next extent', 5), "
-                     "('save count', 9)");
+            liar.run(
+                "INSERT INTO header VALUES('uid', 'x'), ('root object', 1), ('next object', 5), ('next extent', 5), "
+                "('save count', 9)");
             liar.run("CREATE TABLE extent(id INTEGER PRIMARY KEY, bytes)");
             liar.run("CREATE TABLE entry(container, position, key, object, since)");
             break;
@@ -310,7 +323,8 @@ public:
             break;
         default:
             liar.run("CREATE TABLE header(name, value)");
-            for (const char* name : {"uid", "root object", "next object", "next extent", "save count", "creation date"}) {
+            for (const char* name :
+                 {"uid", "root object", "next object", "next extent", "save count", "creation date"}) {
                 liar.run(std::string("INSERT INTO header VALUES('") + name + "', " + value() + ")");
             }
         }
@@ -330,26 +344,46 @@ private:
     std::string value()
     {
         switch (below(20)) {
-        case 0: return "NULL";
-        case 1: return "-1";
-        case 2: return "0";
-        case 3: return "9223372036854775807";
-        case 4: return "-9223372036854775807";
-        case 5: return "2147483648";
-        case 6: return "1e308";
-        case 7: return "-9e999";
-        case 8: return "'text'";
-        case 9: return "''";
-        case 10: return "x'010203'";
-        case 11: return "x''";
-        case 12: return "zeroblob(" + std::to_string(below(200000)) + ")";
-        case 13: return "printf('%.*c', " + std::to_string(below(200000)) + ", 'x')";
-        case 14: return "'99999999999999999999:a,'";
-        case 15: return "'3:abc,4:'";
-        case 16: return "cast(x'ff00fe41' AS TEXT)";
-        case 17: return "0.5";
-        case 18: return "randomblob(8)";
-        default: return std::to_string(below(100));
+        case 0:
+            return "NULL";
+        case 1:
+            return "-1";
+        case 2:
+            return "0";
+        case 3:
+            return "9223372036854775807";
+        case 4:
+            return "-9223372036854775807";
+        case 5:
+            return "2147483648";
+        case 6:
+            return "1e308";
+        case 7:
+            return "-9e999";
+        case 8:
+            return "'text'";
+        case 9:
+            return "''";
+        case 10:
+            return "x'010203'";
+        case 11:
+            return "x''";
+        case 12:
+            return "zeroblob(" + std::to_string(below(200000)) + ")";
+        case 13:
+            return "printf('%.*c', " + std::to_string(below(200000)) + ", 'x')";
+        case 14:
+            return "'99999999999999999999:a,'";
+        case 15:
+            return "'3:abc,4:'";
+        case 16:
+            return "cast(x'ff00fe41' AS TEXT)";
+        case 17:
+            return "0.5";
+        case 18:
+            return "randomblob(8)";
+        default:
+            return std::to_string(below(100));
         }
     }
 
@@ -359,7 +393,10 @@ private:
         liar.run("CREATE TABLE " + table + "(" + columns + ")" + options);
         liar.run("INSERT INTO " + table + " SELECT * FROM moved");
     }
-    static void moveAway(Liar& liar, const std::string& table) { liar.run("ALTER TABLE " + table + " RENAME TO moved"); }
+    static void moveAway(Liar& liar, const std::string& table)
+    {
+        liar.run("ALTER TABLE " + table + " RENAME TO moved");
+    }
 
     std::string m_original;
     std::mt19937 m_random;

@@ -85,23 +85,19 @@ TEST(pcl_MetadataRegistrar, metadataAloneAreLookedAtToo)
     pcl_MetadataRegistrar::initClassMetadata(
         [](pcl_MetadataRegistrar& r) { r.add(pcl_ClassMetadata("sample_Declared", 0x7f000075, 1)); }, schema);
     EXPECT_EQ(refusal(), "nothing was raised");
-    EXPECT_EQ(refusalOfAnother([](pcl_MetadataRegistrar& r) {
-                  r.add(pcl_ClassMetadata("sample_Declared", 0x7f000075, 2));
-              }),
-              "nothing was raised");
+    EXPECT_EQ(
+        refusalOfAnother([](pcl_MetadataRegistrar& r) { r.add(pcl_ClassMetadata("sample_Declared", 0x7f000075, 2)); }),
+        "nothing was raised");
     EXPECT_EQ(pcl_MetadataRegistrar::find("sample_Declared")->version(), 1) << "a name that is present stays";
-    EXPECT_EQ(refusalOfAnother([](pcl_MetadataRegistrar& r) {
-                  r.add(pcl_ClassMetadata("sample_Declared", 0x7f000076, 1));
-              }),
-              "Persistent class sample_Declared has two ids, 0x7f000075 and 0x7f000076.");
-    EXPECT_EQ(refusalOfAnother([](pcl_MetadataRegistrar& r) {
-                  r.add(pcl_ClassMetadata("sample_Other", 0x7f000075, 1));
-              }),
-              "Persistent classes sample_Declared and sample_Other have the same id 0x7f000075.");
-    EXPECT_EQ(refusalOfAnother([](pcl_MetadataRegistrar& r) {
-                  r.add(pcl_ClassMetadata("sample_Another", 0x7f000074, 1));
-              }),
-              "Persistent classes sample_E and sample_Another have the same id 0x7f000074.");
+    EXPECT_EQ(
+        refusalOfAnother([](pcl_MetadataRegistrar& r) { r.add(pcl_ClassMetadata("sample_Declared", 0x7f000076, 1)); }),
+        "Persistent class sample_Declared has two ids, 0x7f000075 and 0x7f000076.");
+    EXPECT_EQ(
+        refusalOfAnother([](pcl_MetadataRegistrar& r) { r.add(pcl_ClassMetadata("sample_Other", 0x7f000075, 1)); }),
+        "Persistent classes sample_Declared and sample_Other have the same id 0x7f000075.");
+    EXPECT_EQ(
+        refusalOfAnother([](pcl_MetadataRegistrar& r) { r.add(pcl_ClassMetadata("sample_Another", 0x7f000074, 1)); }),
+        "Persistent classes sample_E and sample_Another have the same id 0x7f000074.");
     pcl_MetadataRegistrar::dropSchema(schema);
     EXPECT_EQ(pcl_MetadataRegistrar::find("sample_Declared"), nullptr);
 }

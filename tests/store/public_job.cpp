@@ -147,8 +147,7 @@ void addModel(yld_Yld& db)
     part.setSolverInput("text of the plate");
     yld_Assembly& assembly = db.rootAssembly();
     yld_Instance& instance = assembly.Instance(
-        "plate-1", part,
-        listOf({floats({0, 1, 0}), floats({-1, 0, 0}), floats({0, 0, 1}), floats({5, 0, 0})}));
+        "plate-1", part, listOf({floats({0, 1, 0}), floats({-1, 0, 0}), floats({0, 0, 1}), floats({5, 0, 0})}));
     instance.setSolverInput("text of the placed plate");
     instance.ElementSet("of the instance", ints({7}));
     assembly.addNodes(ints({1, 2}), listOf({floats({0, 0, 0}), floats({0, 0, 5})}), "reference");
@@ -246,10 +245,12 @@ void addFields(yld_Yld& db)
     yld_Instance& plate = db.rootAssembly().instances().get("plate-1");
     const yld_SectionPoint nowhere;
 
-    frame.FieldOutput("S", "a stress, with systems and an imaginary half", yld_Enum::TENSOR_3D_FULL,
-                      listOf<yld_String>({"S11", "S22", "S33", "S12", "S13", "S23"}),
-                      listOf({yld_Enum::MISES, yld_Enum::PRESS}))
-        .addData(yld_Enum::INTEGRATION_POINT, bar, ints({1, 2}), rows(16, 6, 1.0F), nowhere, turned(), rows(16, 6, -99.0F));
+    frame
+        .FieldOutput("S", "a stress, with systems and an imaginary half", yld_Enum::TENSOR_3D_FULL,
+                     listOf<yld_String>({"S11", "S22", "S33", "S12", "S13", "S23"}),
+                     listOf({yld_Enum::MISES, yld_Enum::PRESS}))
+        .addData(yld_Enum::INTEGRATION_POINT, bar, ints({1, 2}), rows(16, 6, 1.0F), nowhere, turned(),
+                 rows(16, 6, -99.0F));
     yld_FieldOutput& layers = frame.FieldOutput("SS", "a stress in layers", yld_Enum::TENSOR_3D_SURFACE);
     layers.addData(yld_Enum::INTEGRATION_POINT, plate, ints({7}), rows(4, 3, 1.0F), yld_SectionPoint(1, "bottom"));
     layers.addData(yld_Enum::INTEGRATION_POINT, plate, ints({7}), rows(4, 3, 13.0F), yld_SectionPoint(2, "top"));

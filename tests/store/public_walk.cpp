@@ -120,11 +120,10 @@ void PublicWalk::walkJob(const yld_Yld& database)
 
 void PublicWalk::walkAttributes(yld_Yld& database)
 {
-    for (const int count :
-         {database.boundaryConditions().size(), database.interactionProperties().size(),
-          database.contactControls().size(), database.interactions().size(), database.predefinedFields().size(),
-          database.loads().size(), database.constraints().size(), database.fieldOutputRequests().size(),
-          database.historyOutputRequests().size()}) {
+    for (const int count : {database.boundaryConditions().size(), database.interactionProperties().size(),
+                            database.contactControls().size(), database.interactions().size(),
+                            database.predefinedFields().size(), database.loads().size(), database.constraints().size(),
+                            database.fieldOutputRequests().size(), database.historyOutputRequests().size()}) {
         add(count);
     }
 }
@@ -134,10 +133,9 @@ void PublicWalk::walkUserData(const yld_UserData& userData)
     yld_RepositoryIT<yld_String, yld_UserXYData> entry(userData.xyDataObjects());
     for (entry.first(); !entry.isDone(); entry.next()) {
         const yld_UserXYData& curve = entry.currentValue();
-        for (const yld_String& text :
-             {curve.name(), curve.sourceFileName(), curve.sourceDescription(), curve.contentDescription(),
-              curve.positionDescription(), curve.xAxisLabel(), curve.yAxisLabel(), curve.legendLabel(),
-              curve.description()}) {
+        for (const yld_String& text : {curve.name(), curve.sourceFileName(), curve.sourceDescription(),
+                                       curve.contentDescription(), curve.positionDescription(), curve.xAxisLabel(),
+                                       curve.yAxisLabel(), curve.legendLabel(), curve.description()}) {
             add(text);
         }
         add(curve.sourceType());
@@ -275,7 +273,8 @@ void PublicWalk::walkDofs(const yld_SequenceNodalDofs& list)
 void PublicWalk::walkStep(yld_Step& step, const yld_Assembly& assembly)
 {
     ++steps;
-    for (const yld_String& text : {step.name(), step.description(), step.procedure(), step.previousStepName(), step.solverInput()}) {
+    for (const yld_String& text :
+         {step.name(), step.description(), step.procedure(), step.previousStepName(), step.solverInput()}) {
         add(text);
     }
     for (const double number : {step.timePeriod(), step.totalTime(), step.mass(), step.acousticMass()}) add(number);
@@ -399,9 +398,9 @@ void PublicWalk::walkBlock(const yld_FieldBulkData& block)
     for (const double* data : {block.dataDouble(), block.conjugateDataDouble()}) add(data, length * block.width());
     add(block.localCoordSystem(), length * block.orientationWidth());
     add(block.localCoordSystemDouble(), length * block.orientationWidth());
-    for (const void* data : {static_cast<const void*>(block.data()), static_cast<const void*>(block.conjugateData()),
-                             static_cast<const void*>(block.dataDouble()),
-                             static_cast<const void*>(block.conjugateDataDouble())}) {
+    for (const void* data :
+         {static_cast<const void*>(block.data()), static_cast<const void*>(block.conjugateData()),
+          static_cast<const void*>(block.dataDouble()), static_cast<const void*>(block.conjugateDataDouble())}) {
         if (data) bulk += length * block.width();
     }
     if (block.localCoordSystem() || block.localCoordSystemDouble()) bulk += length * block.orientationWidth();

@@ -29,9 +29,9 @@ public:
     long long fields = 0;
     long long locations = 0;
     long long values = 0;
-    long long bulk = 0;     ///< components of bulk data, conjugates and local systems
-    long long chosen = 0;   ///< values of subsets by what the model holds
-    long long located = 0;  ///< values of subsets by position and section point
+    long long bulk = 0;    ///< components of bulk data, conjugates and local systems
+    long long chosen = 0;  ///< values of subsets by what the model holds
+    long long located = 0; ///< values of subsets by position and section point
     long long regions = 0;
     long long curves = 0;
     long long points = 0; ///< pairs of curves

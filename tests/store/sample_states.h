@@ -197,7 +197,10 @@ private:
     {
         return std::string(static_cast<std::size_t>(sampleValue(1, number, 0) % 300), 'x') + std::to_string(number);
     }
-    static std::vector<std::string> textsOf(int number) { return {"", std::to_string(number), "a,b:" + titleOf(number)}; }
+    static std::vector<std::string> textsOf(int number)
+    {
+        return {"", std::to_string(number), "a,b:" + titleOf(number)};
+    }
     static std::vector<double> realsOf(int number)
     {
         return std::vector<double>(static_cast<std::size_t>(number % 7), number * 0.5);
@@ -251,7 +254,8 @@ private:
     }
 
     template<class T>
-    void changeArray(std::mt19937& random, SampleArray& model, int salt, pcl_Array<T>* array, const fio_File* file) const
+    void changeArray(std::mt19937& random, SampleArray& model, int salt, pcl_Array<T>* array,
+                     const fio_File* file) const
     {
         const unsigned what = random() % 4;
         if (what == 0) return;

@@ -79,7 +79,8 @@ private:
     }
     static int write(sqlite3_file* f, const void* from, int count, sqlite3_int64 at)
     {
-        const int code = s_disk->onWrite(*own(f).name, static_cast<const char*>(from), static_cast<std::size_t>(count), at);
+        const int code =
+            s_disk->onWrite(*own(f).name, static_cast<const char*>(from), static_cast<std::size_t>(count), at);
         return code != SQLITE_OK ? code : own(f).disk().xWrite(own(f).real(), from, count, at);
     }
     static int truncate(sqlite3_file* f, sqlite3_int64 size)
@@ -107,10 +108,9 @@ private:
     static int sector(sqlite3_file* f) { return own(f).disk().xSectorSize(own(f).real()); }
     static int device(sqlite3_file* f) { return own(f).disk().xDeviceCharacteristics(own(f).real()); }
 
-    static inline const sqlite3_io_methods s_methods = {1,        close,    read,   write,   truncate, sync,
-                                                        fileSize, lock,     unlock, reserved, control,  sector,
-                                                        device,   nullptr,  nullptr, nullptr, nullptr,  nullptr,
-                                                        nullptr};
+    static inline const sqlite3_io_methods s_methods = {1,       close,   read,     write,   truncate, sync,   fileSize,
+                                                        lock,    unlock,  reserved, control, sector,   device, nullptr,
+                                                        nullptr, nullptr, nullptr,  nullptr, nullptr};
     static inline TestDisk* s_disk = nullptr;
 
     sqlite3_vfs* m_base;

@@ -9,8 +9,8 @@
 #include <utility>
 
 /// Reads everything in a file that can be reached from an object: each attribute, each entry of each container, each
-/// value. Of classes that do not stand, and of those that only their own fetch can tell, the references. Every object is visited once, so circles come to an end; what is still to visit waits in a list, so no chain
-/// is too long.
+/// value. Of classes that do not stand, and of those that only their own fetch can tell, the references. Every object
+/// is visited once, so circles come to an end; what is still to visit waits in a list, so no chain is too long.
 class WalkEverything
 {
 public:
@@ -70,7 +70,9 @@ private:
     {
         for (const auto& item : list) look(item);
     }
-    template<class T> requires std::is_arithmetic_v<T> void look(T value) { m_sum += static_cast<double>(value); }
+    template<class T>
+    requires std::is_arithmetic_v<T>
+    void look(T value) { m_sum += static_cast<double>(value); }
 
     std::deque<std::function<void()>> m_waiting;
     std::set<std::pair<unsigned, long long>> m_seen;

@@ -80,9 +80,8 @@ TEST(exc_Exception, throw_and_propagate_keep_the_dynamic_type)
 
 TEST(exc_Exception, type_ids_differ)
 {
-    const unsigned ids[] = {exc_Exception::TypeId(), exc_CommandException::TypeId(),
-                            exc_TextException::TypeId(), exc_AssertException::TypeId(),
-                            val_ValueErrorException::TypeId()};
+    const unsigned ids[] = {exc_Exception::TypeId(), exc_CommandException::TypeId(), exc_TextException::TypeId(),
+                            exc_AssertException::TypeId(), val_ValueErrorException::TypeId()};
     for (const unsigned& a : ids) {
         for (const unsigned& b : ids) {
             EXPECT_EQ(a == b, &a == &b);

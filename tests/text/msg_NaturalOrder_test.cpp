@@ -20,8 +20,7 @@ TEST(strnatcmp, runs_of_digits_count_by_value)
     EXPECT_EQ(strnatcmp("Step-10", "Step-2"), 1);
     EXPECT_EQ(strnatcmp("Step-10", "Step-10"), 0);
     EXPECT_EQ(strnatcmp("a2b10", "a2b9"), 1);
-    EXPECT_EQ(strnatcmp("99999999999999999999999", "100000000000000000000000"), -1)
-        << "longer than any integer";
+    EXPECT_EQ(strnatcmp("99999999999999999999999", "100000000000000000000000"), -1) << "longer than any integer";
 }
 
 TEST(strnatcmp, everything_else_counts_by_its_byte)

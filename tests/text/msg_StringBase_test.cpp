@@ -17,10 +17,7 @@ namespace {
 constexpr int lowest = std::numeric_limits<int>::min();
 constexpr int toEnd = msg_StringBase::toEnd;
 
-msg_StringBase text(const char* characters)
-{
-    return msg_StringBase(characters);
-}
+msg_StringBase text(const char* characters) { return msg_StringBase(characters); }
 
 } // namespace
 

@@ -19,15 +19,15 @@ class EndlessText
 public:
     explicit EndlessText(std::size_t length)
         : m_bytes((length / pageSize + 1) * pageSize),
-          m_text(static_cast<char*>(
-              mmap(nullptr, m_bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)))
+          m_text(
+              static_cast<char*>(mmap(nullptr, m_bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)))
     {
         const std::string page(pageSize, 'x');
         const int file = memfd_create("text", 0);
         m_good = m_text != MAP_FAILED && file >= 0 && write(file, page.data(), pageSize) == ssize_t(pageSize);
         for (std::size_t at = 0; m_good && at < m_bytes; at += pageSize) {
-            m_good = mmap(m_text + at, pageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_FIXED, file, 0) !=
-                     MAP_FAILED;
+            m_good =
+                mmap(m_text + at, pageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_FIXED, file, 0) != MAP_FAILED;
         }
         close(file);
         if (m_good) {
@@ -54,8 +54,7 @@ private:
     bool m_good = false;
 };
 
-template<class Action>
-std::string lengthErrorOf(const Action& action)
+template<class Action> std::string lengthErrorOf(const Action& action)
 {
     try {
         action();
@@ -103,8 +102,7 @@ TEST(msg_StringBase, extreme_positions_and_lengths_stay_inside)
     for (const int position : {INT_MIN, INT_MIN + 1, -1, 4, 5, INT_MAX - 1, INT_MAX}) {
         for (const int count : {INT_MIN, -1, 0, 1, INT_MAX - 1, INT_MAX}) {
             const std::string plain("abcd");
-            const std::size_t at =
-                position < 0 ? 0 : std::min<std::size_t>(4, static_cast<std::size_t>(position));
+            const std::size_t at = position < 0 ? 0 : std::min<std::size_t>(4, static_cast<std::size_t>(position));
             const std::size_t n = count < 0 ? 0 : static_cast<std::size_t>(count);
             const msg_StringBase text("abcd");
             EXPECT_EQ(whole(text.substr(position, count)), plain.substr(at, n)) << position << ' ' << count;

@@ -19,7 +19,9 @@ struct Plan
         variables.element = element;
         // Either one block with everything, or one for each variable.
         variables.numBlocks = sameBlocks ? 1 : element.size();
-        variables.hasVariable = [=](std::size_t block, std::size_t variable) { return sameBlocks || block == variable; };
+        variables.hasVariable = [=](std::size_t block, std::size_t variable) {
+            return sameBlocks || block == variable;
+        };
         variables.numPoints = [](std::size_t) { return 1; };
         make(variables);
     }
@@ -32,8 +34,7 @@ struct Plan
     Names names() const
     {
         Names result;
-        for (const tool_PlannedField& field : fields)
-            result.push_back(field.name);
+        for (const tool_PlannedField& field : fields) result.push_back(field.name);
         return result;
     }
 };
@@ -106,16 +107,14 @@ TEST(field_plan, tensorWithHolesIsScalars)
     const Names names{"s_xx", "s_yy", "s_zz", "s_xy", "s_yz", "s_zx"};
     const Plan plan(3, {}, names, false);
     EXPECT_EQ(names, plan.names());
-    EXPECT_EQ(Names{"the components of tensor \"s\" stay scalars, not all blocks have all of them"},
-              plan.notes);
+    EXPECT_EQ(Names{"the components of tensor \"s\" stay scalars, not all blocks have all of them"}, plan.notes);
 }
 
 TEST(field_plan, stemThatIsTakenStaysFree)
 {
     const Plan plan(3, {"u_x", "u_y", "u_z"}, {"u"});
     EXPECT_EQ((Names{"u_x", "u_y", "u_z", "u"}), plan.names());
-    EXPECT_EQ(Names{"the components of vector \"u\" stay scalars, the name is that of another field"},
-              plan.notes);
+    EXPECT_EQ(Names{"the components of vector \"u\" stay scalars, the name is that of another field"}, plan.notes);
 }
 
 TEST(field_plan, vectorAndTensorOfOneStemStayApart)
@@ -153,8 +152,7 @@ Names numbered(const Names& bases, int count)
 {
     Names names;
     for (int q = 1; q <= count; ++q)
-        for (const std::string& base : bases)
-            names.push_back(base + "_" + std::to_string(q));
+        for (const std::string& base : bases) names.push_back(base + "_" + std::to_string(q));
     return names;
 }
 

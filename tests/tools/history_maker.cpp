@@ -1,6 +1,7 @@
 // A client that writes histories for the tests of the tool: history_maker FILE.yld
 //
-// Steps, in this order: "many" with twelve curves, "odd" with a text that is none, "modes" over the frequency, "time" with one curve of each kind.
+// Steps, in this order: "many" with twelve curves, "odd" with a text that is none, "modes" over the frequency, "time"
+// with one curve of each kind.
 
 #include <yld.h>
 
@@ -40,8 +41,7 @@ void make(const char* path)
         char name[16];
         std::snprintf(name, sizeof name, "c%d", i);
         yld_HistoryOutput& output = curve(whole, name, "");
-        for (int k = 0; k < 3; ++k)
-            output.addData(0.5 * k, i * k);
+        for (int k = 0; k < 3; ++k) output.addData(0.5 * k, i * k);
     }
 
     yld_Step& odd = db.Step("odd", "", yld_Enum::TIME, 1.0);
@@ -71,19 +71,15 @@ void make(const char* path)
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinite = std::numeric_limits<double>::infinity();
     int at = 0;
-    for (const double value : {1.0, 2.0, nan, infinite, 4.0, 5.0})
-        gap.addData(at++, value);
+    for (const double value : {1.0, 2.0, nan, infinite, 4.0, 5.0}) gap.addData(at++, value);
     yld_HistoryOutput& bare = curve(model, "bare", "");
-    for (int i = 0; i < 3; ++i)
-        bare.addData(i, nan);
+    for (int i = 0; i < 3; ++i) bare.addData(i, nan);
     curve(model, "empty", "");
     yld_HistoryOutput& flat = curve(model, "flat", "");
-    for (int i = 0; i < 2; ++i)
-        flat.addData(i, 7.0);
+    for (int i = 0; i < 2; ++i) flat.addData(i, 7.0);
     yld_HistoryOutput& wave = curve(model, "wave", "");
     constexpr int samples = 200000;
-    for (int i = 0; i <= samples; ++i)
-        wave.addData(static_cast<double>(i) / samples, std::sin(2000.0 * i / samples));
+    for (int i = 0; i <= samples; ++i) wave.addData(static_cast<double>(i) / samples, std::sin(2000.0 * i / samples));
     saveYld(db);
     db.close();
 }

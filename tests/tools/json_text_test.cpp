@@ -46,8 +46,7 @@ TEST(json_text, documentIsWellFormed)
     json.member("e", std::numeric_limits<float>::infinity()).endObject();
     output.finish();
     std::fflush(stdout);
-    EXPECT_EQ("{\"a\":1,\"b\":[0.5,\"x\"],\"c\":{},\"d\":[],\"e\":null}",
-              testing::internal::GetCapturedStdout());
+    EXPECT_EQ("{\"a\":1,\"b\":[0.5,\"x\"],\"c\":{},\"d\":[],\"e\":null}", testing::internal::GetCapturedStdout());
 }
 
 TEST(json_text, textIsEscapedAndAlwaysUtf8)

@@ -8,10 +8,7 @@
 
 namespace {
 
-const char* comma(int i)
-{
-    return i == 0 ? "" : ",";
-}
+const char* comma(int i) { return i == 0 ? "" : ","; }
 
 void printSets(const char* key, const yld_SetRepository& sets)
 {
@@ -58,8 +55,7 @@ void printInstance(const yld_Instance& instance)
         const yld_Element element = instance.elements(i);
         std::printf("%s[%d,\"%s\",[", comma(i), element.label(), element.type().cStr());
         const yld_Sequence<int> nodes = element.connectivity();
-        for (int n = 0; n < nodes.size(); ++n)
-            std::printf("%s%d", comma(n), nodes[n]);
+        for (int n = 0; n < nodes.size(); ++n) std::printf("%s%d", comma(n), nodes[n]);
         std::printf("]]");
     }
     std::printf("]");

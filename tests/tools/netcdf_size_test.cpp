@@ -20,8 +20,8 @@ std::string smallFile()
     std::string data = std::string("CDF\x01", 4) + word(0);
     data += word(0x0a) + word(1) + word(1) + std::string("n\0\0\0", 4) + word(4);
     data += word(0) + word(0);
-    data += word(0x0b) + word(1) + word(1) + std::string("v\0\0\0", 4) + word(1) + word(0) + word(0) +
-            word(0) + word(6) + word(32) + word(80);
+    data += word(0x0b) + word(1) + word(1) + std::string("v\0\0\0", 4) + word(1) + word(0) + word(0) + word(0) +
+            word(6) + word(32) + word(80);
     EXPECT_EQ(80u, data.size());
     return data + std::string(32, '\1');
 }
@@ -79,16 +79,12 @@ TEST_F(netcdf_size, foreignFile)
     EXPECT_EQ("not an Exodus II file", verdict("Dear friend, how are you?"));
 }
 
-TEST_F(netcdf_size, hdf5IsLeftToItsLibrary)
-{
-    EXPECT_EQ("whole", verdict("\211HDF\r\n\032\n"));
-}
+TEST_F(netcdf_size, hdf5IsLeftToItsLibrary) { EXPECT_EQ("whole", verdict("\211HDF\r\n\032\n")); }
 
 TEST_F(netcdf_size, hugeCountsTakeNoMemory)
 {
     const std::string whole = smallFile();
-    for (const std::size_t at :
-         {std::size_t(12), std::size_t(16), std::size_t(24), std::size_t(40), std::size_t(52)}) {
+    for (const std::size_t at : {std::size_t(12), std::size_t(16), std::size_t(24), std::size_t(40), std::size_t(52)}) {
         std::string lie = whole;
         lie.replace(at, 4, "\x7f\xff\xff\xff");
         EXPECT_NE("whole", verdict(lie)) << at;

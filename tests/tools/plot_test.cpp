@@ -11,16 +11,14 @@ namespace {
 std::string ticksOf(const tool_Axis& axis)
 {
     std::string text;
-    for (const double tick : axis.ticks())
-        text += axis.text(tick) + " ";
+    for (const double tick : axis.ticks()) text += axis.text(tick) + " ";
     return text;
 }
 
 tool_PlotCurve curveOf(std::vector<std::pair<double, double>> points)
 {
     return {"c", "c", "", [points](const tool_PlotCurve::Visit& visit) {
-                for (const auto& [x, y] : points)
-                    visit(x, y);
+                for (const auto& [x, y] : points) visit(x, y);
             }};
 }
 
@@ -102,13 +100,12 @@ TEST(plot, unitsStandInBracketsAtTheEnd)
 TEST(plot, aPanelOnTheTerminal)
 {
     // Sixteen dots across, eight up: two neighbours at each height.
-    EXPECT_EQ(tool_terminalPlot({curveOf({{0, 0}, {10, 10}})}, "x", 12, 2),
-              "c\n"
-              "10┤    ⣀⠤⠒⠉\n"
-              " 0┤⣀⠤⠒⠉\n"
-              "  └┬──────┬\n"
-              "   0     10\n"
-              "      x\n");
+    EXPECT_EQ(tool_terminalPlot({curveOf({{0, 0}, {10, 10}})}, "x", 12, 2), "c\n"
+                                                                            "10┤    ⣀⠤⠒⠉\n"
+                                                                            " 0┤⣀⠤⠒⠉\n"
+                                                                            "  └┬──────┬\n"
+                                                                            "   0     10\n"
+                                                                            "      x\n");
 }
 
 TEST(plot, aCurveWithoutAPointIsRefused)

@@ -46,9 +46,6 @@ inline std::string warningsOf(const std::function<void()>& action)
 }
 
 /// A database at rest, without parts and steps.
-inline void makeDatabase(const std::string& path)
-{
-    Yld(path.c_str(), "title", "description", path.c_str()).close();
-}
+inline void makeDatabase(const std::string& path) { Yld(path.c_str(), "title", "description", path.c_str()).close(); }
 
 #endif

@@ -17,8 +17,7 @@ class OtherProcess
 {
 public:
     /// @param function  runs there; gets this object, to wait for the test and tell it things
-    template<class Function>
-    explicit OtherProcess(Function&& function)
+    template<class Function> explicit OtherProcess(Function&& function)
     {
         if (pipe(m_toChild) != 0 || pipe(m_toParent) != 0) ADD_FAILURE() << "no pipe";
         m_child = fork();

@@ -86,8 +86,8 @@ protected:
             coordinates.append(floats({x[i % 4], y[i % 4], static_cast<float>(i / 4)}));
         }
         part.addNodes(labels, coordinates);
-        part.addElements(ints({101, 102}), connectivity({{10, 20, 30, 40, 50, 60, 70, 80}, {50, 60, 70, 80, 90, 100, 110, 120}}),
-                         "HEX8");
+        part.addElements(ints({101, 102}),
+                         connectivity({{10, 20, 30, 40, 50, 60, 70, 80}, {50, 60, 70, 80, 90, 100, 110, 120}}), "HEX8");
         part.addElements(ints({7, 5}), connectivity({{10, 20, 30, 50}, {20, 30, 40, 60}}), "TET4");
         yld_SectionCategory& shell = m_yld->SectionCategory("shell", "a shell");
         shell.SectionPoint(1, "bottom");

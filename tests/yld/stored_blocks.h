@@ -20,7 +20,8 @@ inline std::string listed(const int* numbers, int count)
     return text;
 }
 
-inline fld_FieldDescription describe(const char* label, fld_DataTypeEnm type, fld_OutputPositionEnm position, int length)
+inline fld_FieldDescription describe(const char* label, fld_DataTypeEnm type, fld_OutputPositionEnm position,
+                                     int length)
 {
     fld_FieldDescription description;
     description.m_label = label;
@@ -48,7 +49,8 @@ struct BlockNumbers
     bool isDouble = false;
 };
 
-inline sto_Field writeNumbers(const yld_Frame& frame, fld_FieldDescription description, int key, const BlockNumbers& numbers)
+inline sto_Field writeNumbers(const yld_Frame& frame, fld_FieldDescription description, int key,
+                              const BlockNumbers& numbers)
 {
     sto_FieldFrame fields = frame.fieldOutputs().fieldFrame().ConstGet();
     sto_FieldStep step = frame.fieldOutputs().fieldStep().ConstGet();

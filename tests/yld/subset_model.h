@@ -31,7 +31,8 @@ inline std::string componentsOf(const yld_FieldValue& value)
 }
 
 // A field of blocks that are put together by hand.
-inline yld_FieldOutput fieldOf(std::initializer_list<yld_SubField> blocks, yld_Enum::yld_DataTypeEnum type = yld_Enum::SCALAR)
+inline yld_FieldOutput fieldOf(std::initializer_list<yld_SubField> blocks,
+                               yld_Enum::yld_DataTypeEnum type = yld_Enum::SCALAR)
 {
     yld_FieldOutput field("T", "", type, {}, {}, blocks.begin()->assembly(), 0);
     for (const yld_SubField& block : blocks) field.values().append(block);

@@ -24,22 +24,16 @@
 
 namespace {
 
-const std::vector<std::string> startOrder = {
-    "mmo", "arc", "lok", "prn", "bas", "msg", "shr", "exc", "prg",  "gfx",  "osu", "aux",  "val",  "shc",
-    "geo", "mrp", "eng", "fio", "hdr", "clv", "dgn", "lnk", "setC", "ldcC", "sto", "kcnC", "calC", "clvS"};
+const std::vector<std::string> startOrder = {"mmo", "arc", "lok",  "prn",  "bas", "msg",  "shr",  "exc", "prg", "gfx",
+                                             "osu", "aux", "val",  "shc",  "geo", "mrp",  "eng",  "fio", "hdr", "clv",
+                                             "dgn", "lnk", "setC", "ldcC", "sto", "kcnC", "calC", "clvS"};
 
 std::vector<std::string> started;
 std::vector<std::string> stopped;
 
-void note(const char* prefix, bool start)
-{
-    (start ? started : stopped).push_back(prefix);
-}
+void note(const char* prefix, bool start) { (start ? started : stopped).push_back(prefix); }
 
-void print(const char* prefix, bool start)
-{
-    std::fprintf(stderr, "%s%c ", prefix, start ? '+' : '-');
-}
+void print(const char* prefix, bool start) { std::fprintf(stderr, "%s%c ", prefix, start ? '+' : '-'); }
 
 bool registryAtFirstStop;
 bool clientAtFirstStop;
@@ -354,8 +348,7 @@ TEST_F(yld_APIDeathTest, the_exit_handler_stops_nothing_twice)
             std::fprintf(stderr, "| ");
             std::exit(0);
         },
-        testing::ExitedWithCode(0),
-        testing::Eq(joined(startOrder, "+ ") + joined(reversed(startOrder), "- ") + "| "));
+        testing::ExitedWithCode(0), testing::Eq(joined(startOrder, "+ ") + joined(reversed(startOrder), "- ") + "| "));
 }
 
 TEST_F(yld_APIDeathTest, the_exit_handler_lowers_a_nested_count_once)

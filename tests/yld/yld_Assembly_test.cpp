@@ -71,11 +71,11 @@ TEST_F(yld_AssemblyTest, instancesAreReadOnFirstUse)
 TEST_F(yld_AssemblyTest, nodeSetOverTwoInstances)
 {
     yld_Set& set = assembly().NodeSet("A", names({"P-2", "P-1"}), {[] {
-        yld_Sequence<yld_Sequence<int>> groups;
-        groups.append(ints({12, 1}));
-        groups.append(ints({5}));
-        return groups;
-    }()});
+                                          yld_Sequence<yld_Sequence<int>> groups;
+                                          groups.append(ints({12, 1}));
+                                          groups.append(ints({5}));
+                                          return groups;
+                                      }()});
     const auto check = [](const yld_Set& read) {
         EXPECT_EQ(read.size(), 3);
         EXPECT_EQ(vec(read.instanceNames()), (std::vector<std::string>{"P-2", "P-1"}));
@@ -84,8 +84,7 @@ TEST_F(yld_AssemblyTest, nodeSetOverTwoInstances)
         EXPECT_EQ(read.nodes("P-2")[0].coordinate(2), 10.0f); // (2,0,1) moved by 9
         EXPECT_EQ(raised([&] { read.nodes("P-3"); }), "Instance 'P-3 is not a member of the set 'A'");
         EXPECT_EQ(raised([&] { read.nodes(""); }), "Instance ' is not a member of the set 'A'");
-        EXPECT_EQ(raised([&] { read.faces(); }),
-                  "Faces must be retrieved using the instance name for assembly sets.");
+        EXPECT_EQ(raised([&] { read.faces(); }), "Faces must be retrieved using the instance name for assembly sets.");
     };
     check(set);
     EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({}), {}); }), "Duplicate set or surface name A");
@@ -118,11 +117,17 @@ TEST_F(yld_AssemblyTest, surfaceOverTwoInstances)
     sides.append(faces({yld_Enum::FACE1, yld_Enum::FACE2}));
     sides.append(faces({yld_Enum::FACE6}));
     assembly().Surface("S", names({"P-1", "P-2"}), groups, sides);
-    EXPECT_EQ(raised([&] { assembly().Surface("S", names({"P-1", "P-2"}), groups, sides); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().Surface("S", names({"P-1", "P-2"}), groups, sides);
+              }),
               "Duplicate set or surface name S");
-    EXPECT_EQ(raised([&] { assembly().Surface("T", names({"P-1", "P-9"}), groups, sides); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().Surface("T", names({"P-1", "P-9"}), groups, sides);
+              }),
               "Key \"P-9\" not found in repository");
-    EXPECT_EQ(raised([&] { assembly().Surface("T", names({"P-1", ""}), groups, sides); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().Surface("T", names({"P-1", ""}), groups, sides);
+              }),
               "Key \"\" not found in repository");
     model.reopen();
     const yld_Set& read = assembly().surfaces().get("S");
@@ -143,19 +148,29 @@ TEST_F(yld_AssemblyTest, groupsAreTestedOneByOneAndNothingIsWritten)
               "No part instance name was specified for a group of nodes, but the assembly does not have a mesh.");
     EXPECT_EQ(raised([&] { assembly().ElementSet("A", names({""}), one); }),
               "No part instance name was specified for a group of elements, but the assembly does not have a mesh.");
-    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {2, 99}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().NodeSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {2, 99}}));
+              }),
               "Invalid node label 99 for instance P-2");
-    EXPECT_EQ(raised([&] { assembly().ElementSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {3}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().ElementSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {3}}));
+              }),
               "Invalid element label 3 for instance P-2");
     // The first group that is wrong tells.
-    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({"P-1", "Q"}), rows<int>({{77}, {1}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().NodeSet("A", names({"P-1", "Q"}), rows<int>({{77}, {1}}));
+              }),
               "Invalid node label 77 for instance P-1");
     assembly().addNodes(ints({5}), rows<float>({{0, 0, 0}}));
-    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({""}), rows<int>({{5, 6}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().NodeSet("A", names({""}), rows<int>({{5, 6}}));
+              }),
               "Invalid node label 6 for the assembly.");
     EXPECT_EQ(raised([&] { assembly().ElementSet("A", names({""}), rows<int>({{7}})); }),
               "Invalid element label 7 for the assembly.");
-    EXPECT_EQ(raised([&] { assembly().NodeSet("A", names({"P-1"}), rows<int>({{1}, {2}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().NodeSet("A", names({"P-1"}), rows<int>({{1}, {2}}));
+              }),
               "Number of instance names and groups of labels does not match.");
     EXPECT_EQ(assembly().nodeSets().size(), 0);
     EXPECT_EQ(model.model.rootAssembly().set().length(), 0);
@@ -164,7 +179,9 @@ TEST_F(yld_AssemblyTest, groupsAreTestedOneByOneAndNothingIsWritten)
 TEST_F(yld_AssemblyTest, nodesOfItsOwn)
 {
     EXPECT_EQ(raised([&] { assembly().addNodes(yld_Sequence<int>(), {}); }), "No node labels provided.");
-    EXPECT_EQ(raised([&] { assembly().addNodes(ints({1}), rows<float>({{1, 2}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addNodes(ints({1}), rows<float>({{1, 2}}));
+              }),
               "Node location specification does not correspond to part dimension. 3 floats expected; 2 floats "
               "received.");
     EXPECT_EQ(raised([&] { assembly().addNodes(ints({1}), {}); }),
@@ -208,18 +225,28 @@ TEST_F(yld_AssemblyTest, setThatIsOlderThanTheMeshCanBeJoined)
 
 TEST_F(yld_AssemblyTest, elementsBetweenItsOwnNodes)
 {
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), "TRUSS2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{1, 2}}), "TRUSS2");
+              }),
               "Addition of elements of type \"TRUSS2\" is not permitted at the assembly level.");
     EXPECT_EQ(raised([&] { assembly().addElements(yld_Sequence<int>(), {}, "CONN3D2"); }),
               "No element labels provided.");
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1, 2}), rows<int>({{1, 2}}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1, 2}), rows<int>({{1, 2}}), "CONN3D2");
+              }),
               "Connectivity array must be provided for all elements. ");
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2, 3}}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{1, 2, 3}}), "CONN3D2");
+              }),
               "elements of type \"CONN3D2\" require \"2\" nodes in their connectivity data.\n");
-    EXPECT_EQ(raisedText([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), "CONN3D2"); }),
+    EXPECT_EQ(raisedText([&] {
+                  assembly().addElements(ints({1}), rows<int>({{1, 2}}), "CONN3D2");
+              }),
               "Element nodes do not exist at the assembly level.");
     assembly().addNodes(ints({100, 50}), rows<float>({{1, 2, 3}, {4, 5, 6}}));
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{100, 51}}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{100, 51}}), "CONN3D2");
+              }),
               "Node number \"51\" does not exist in the rootAssembly.\n");
     assembly().addElements(ints({1, 2}), rows<int>({{100, 50}, {50}}), "CONN3D2", "links",
                            yld_SectionCategory("c", "left out"));
@@ -302,19 +329,31 @@ TEST_F(yld_AssemblyTest, nodesOfTheAssemblyAndOfInstancesInOneElement)
 
 TEST_F(yld_AssemblyTest, elementsBetweenInstancesAreCheckedBeforeAnythingIsWritten)
 {
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", "P-2"}), "HEX8"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", "P-2"}), "HEX8");
+              }),
               "Addition of elements of type \"HEX8\" is not permitted at the assembly level.");
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1"}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1"}), "CONN3D2");
+              }),
               "Instance names must be specified for all nodes in the connectivity array.");
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", "Q"}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", "Q"}), "CONN3D2");
+              }),
               "Invalid part name provided to addNodes().\n Part Instance \"Q\" does not exist.");
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 99}}), names({"P-1", "P-2"}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{1, 99}}), names({"P-1", "P-2"}), "CONN3D2");
+              }),
               "Node number \"99\" does not exist in the part instance \"P-2\".\n");
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", ""}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", ""}), "CONN3D2");
+              }),
               "Node number \"2\" does not exist in the rootAssembly.\n");
     EXPECT_FALSE(assembly().assembly().hasMesh());
     assembly().addElements(ints({1}), rows<int>({{1, 2}}), names({"P-1", "P-2"}), "CONN3D2");
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({1}), rows<int>({{7, 8}}), names({"P-1", "P-2"}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({1}), rows<int>({{7, 8}}), names({"P-1", "P-2"}), "CONN3D2");
+              }),
               "Element label 1 exists already.");
     EXPECT_EQ(assembly().assembly().mesh().nodeData().data()->numForeignNodes(), 2);
 }
@@ -347,7 +386,9 @@ TEST_F(yld_AssemblyTest, nodeSetToModifyIsTestedAsANewOne)
     EXPECT_EQ(raised([&] { assembly().ModifyNodeSet("A", names({"P-2"}), rows<int>({{99}})); }),
               "Invalid node label 99 for instance P-2");
     assembly().addNodes(ints({5}), rows<float>({{0, 0, 0}}));
-    EXPECT_EQ(raised([&] { assembly().ModifyNodeSet("A", names({"P-1", ""}), rows<int>({{1}, {6}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().ModifyNodeSet("A", names({"P-1", ""}), rows<int>({{1}, {6}}));
+              }),
               "Invalid node label 6 for the assembly.");
     EXPECT_EQ(labelsOf(assembly().nodeSets().get("A").nodes("P-1")), (std::vector<int>{1, 2}));
     // A mesh that is younger than the set can be used.
@@ -377,7 +418,9 @@ TEST_F(yld_AssemblyTest, elementSetCanGetOtherMembers)
     EXPECT_EQ(raised([&] { assembly().ModifyElementSet("A", names({""}), rows<int>({{1}})); }),
               "The elements associated with entity named '' cannot be used to construct a set.");
     // Labels are first looked at where they are needed, and then without the instance's name.
-    EXPECT_EQ(raised([&] { assembly().ModifyElementSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {9}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().ModifyElementSet("A", names({"P-1", "P-2"}), rows<int>({{1}, {9}}));
+              }),
               "Invalid element label 9");
     model.reopen();
     EXPECT_EQ(labelsOf(assembly().elementSets().get("A").elements("P-2")), (std::vector<int>{2}));
@@ -397,16 +440,16 @@ TEST_F(yld_AssemblyTest, surfaceCanGetOtherMembers)
                                             sides({yld_Enum::FACE5, yld_Enum::FACE2, yld_Enum::FACE1}));
     EXPECT_EQ(labelsOf(set.elements("P-2")), (std::vector<int>{2, 1}));
     EXPECT_EQ(vec(set.faces("P-2")), (std::vector<int>{15, 12}));
-    EXPECT_EQ(raised([&] { assembly().ModifySurface("T", names({"P-1"}), rows<int>({{1}}), sides({yld_Enum::FACE1})); }),
-              "Duplicate set or surface name T");
+    EXPECT_EQ(
+        raised([&] { assembly().ModifySurface("T", names({"P-1"}), rows<int>({{1}}), sides({yld_Enum::FACE1})); }),
+        "Duplicate set or surface name T");
     EXPECT_EQ(raised([&] { assembly().ModifySurface("S", names({"Q"}), rows<int>({{1}}), sides({yld_Enum::FACE1})); }),
               "Key \"Q\" not found in repository");
     EXPECT_EQ(raised([&] { assembly().ModifySurface("S", names({""}), rows<int>({{1}}), sides({yld_Enum::FACE1})); }),
               "Key \"\" not found in repository");
-    EXPECT_EQ(raisedText([&] {
-                  assembly().ModifySurface("S", names({"P-1"}), rows<int>({{1}}), sides({yld_Enum::SIDE1}));
-              }),
-              "Invalid face identifier for continuum elements");
+    EXPECT_EQ(
+        raisedText([&] { assembly().ModifySurface("S", names({"P-1"}), rows<int>({{1}}), sides({yld_Enum::SIDE1})); }),
+        "Invalid face identifier for continuum elements");
     model.reopen();
     EXPECT_EQ(vec(assembly().surfaces().get("S").faces("P-2")), (std::vector<int>{15, 12}));
     EXPECT_EQ(assembly().surfaces().get("S").size(), 2);
@@ -427,15 +470,25 @@ TEST_F(yld_AssemblyTest, refusedNodesAndElementsLeaveNoMeshBehind)
 {
     const int before = model.model.model()->m_nextMeshIndex;
     const float nan = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_EQ(raised([&] { assembly().addNodes(ints({0}), rows<float>({{1, 2, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addNodes(ints({0}), rows<float>({{1, 2, 3}}));
+              }),
               "Invalid node label 0: labels begin at 1.");
-    EXPECT_EQ(raised([&] { assembly().addNodes(ints({-7}), rows<float>({{1, 2, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addNodes(ints({-7}), rows<float>({{1, 2, 3}}));
+              }),
               "Invalid node label -7: labels begin at 1.");
-    EXPECT_EQ(raised([&] { assembly().addNodes(ints({4, 4}), rows<float>({{1, 2, 3}, {1, 2, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addNodes(ints({4, 4}), rows<float>({{1, 2, 3}, {1, 2, 3}}));
+              }),
               "Node label 4 is given twice.");
-    EXPECT_EQ(raised([&] { assembly().addNodes(ints({4}), rows<float>({{1, nan, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addNodes(ints({4}), rows<float>({{1, nan, 3}}));
+              }),
               "The coordinates of node 4 are not numbers.");
-    EXPECT_EQ(raised([&] { assembly().addElements(ints({0}), rows<int>({{1, 2}}), names({"P-1", "P-2"}), "CONN3D2"); }),
+    EXPECT_EQ(raised([&] {
+                  assembly().addElements(ints({0}), rows<int>({{1, 2}}), names({"P-1", "P-2"}), "CONN3D2");
+              }),
               "Invalid element label 0: labels begin at 1.");
     EXPECT_EQ(raised([&] {
                   assembly().addElements(ints({3, 3}), rows<int>({{1, 2}, {3, 4}}), names({"P-1", "P-2", "P-1", "P-2"}),

@@ -185,14 +185,12 @@ TEST_F(yld_AssignmentsTest, setsAndSystemsOfAnotherDatabaseAreRefused)
     addTwoHexes(other);
     yld_Set& same = other.ElementSet("E", ints({2}));
     const yld_DatumCsys theirs = other.DatumCsysByThreePoints("T", yld_Enum::CARTESIAN, none, none, none);
-    EXPECT_EQ(raised([&] { part.assignSection(same, section("steel", 5)); }),
-              "Set \"E\" belongs to another database.");
+    EXPECT_EQ(raised([&] { part.assignSection(same, section("steel", 5)); }), "Set \"E\" belongs to another database.");
     EXPECT_EQ(raised([&] { part.assignRebarOrientation(set(part), theirs, yld_Enum::AXIS_1, 0); }),
               "Coordinate system \"T\" belongs to another database.");
-    EXPECT_EQ(raised([&] {
-                  model.assembly->ConnectorOrientation(set(*model.assembly), theirs, yld_Enum::AXIS_1, 0, true);
-              }),
-              "Coordinate system \"T\" belongs to another database.");
+    EXPECT_EQ(
+        raised([&] { model.assembly->ConnectorOrientation(set(*model.assembly), theirs, yld_Enum::AXIS_1, 0, true); }),
+        "Coordinate system \"T\" belongs to another database.");
     EXPECT_EQ(part.part().assigned().m_sections.size(), 0);
 }
 

@@ -11,8 +11,7 @@ namespace {
 template<class T> T typeOf(mrp_Container<T> mshK_Model::*); // for its type alone
 
 // One kind of attribute: its repository, the place in the model, and the way through the database object.
-template<class Repository, auto Place, auto Access>
-struct Kind
+template<class Repository, auto Place, auto Access> struct Kind
 {
     using Attributes = Repository;
     using Value = typename Repository::Value;
@@ -36,8 +35,7 @@ struct Kind
     }
 };
 
-template<class K>
-class yld_AttributeRepositoryTest : public testing::Test
+template<class K> class yld_AttributeRepositoryTest : public testing::Test
 {
 protected:
     yld_Yld& create() { return Yld("job", "title", "description", m_path.c_str()); }

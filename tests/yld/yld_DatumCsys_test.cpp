@@ -72,8 +72,8 @@ TEST_F(yld_DatumCsysTest, emptySequencesGiveTheGlobalSystem)
 
 TEST_F(yld_DatumCsysTest, sequenceThatHasNotThreeEntriesIsIgnored)
 {
-    const yld_DatumCsys& csys = assembly().DatumCsysByThreePoints(
-        "G", yld_Enum::SPHERICAL, seq<float>({5, 5}), seq<float>({0, 0, 4}), seq<float>({1, 2, 3, 4}));
+    const yld_DatumCsys& csys = assembly().DatumCsysByThreePoints("G", yld_Enum::SPHERICAL, seq<float>({5, 5}),
+                                                                  seq<float>({0, 0, 4}), seq<float>({1, 2, 3, 4}));
     // x along z, the second point at (0, 1, 0): z = x cross v = -global x, y = z cross x = global y.
     EXPECT_EQ(of(csys.origin()), (V{0, 0, 0}));
     EXPECT_EQ(of(csys.xAxis()), (V{0, 0, 1}));
@@ -183,9 +183,11 @@ TEST_F(yld_DatumCsysTest, systemsThatFollowNodes)
               "Invalid node label -1");
     EXPECT_FALSE(assembly().datumCsyses().isMember("lost"));
     EXPECT_FALSE(model.part("P").hasDatumCsys("lost")) << "nothing is left in the store";
-    EXPECT_EQ(raisedText([&] { assembly().DatumCsysByThreePoints("f", yld_Enum::CARTESIAN, none, none, none)
-                                   .datumCsys().ConstNodeLabel(); }),
-              "The coordinate system follows no node.");
+    EXPECT_EQ(
+        raisedText([&] {
+            assembly().DatumCsysByThreePoints("f", yld_Enum::CARTESIAN, none, none, none).datumCsys().ConstNodeLabel();
+        }),
+        "The coordinate system follows no node.");
 }
 
 TEST_F(yld_DatumCsysTest, pointsOnALineHaveNoCircle)

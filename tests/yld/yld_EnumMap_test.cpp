@@ -17,20 +17,15 @@ using Rows = std::vector<std::pair<int, int>>;
 std::vector<int> numbersToTry()
 {
     std::vector<int> numbers = {INT_MIN, INT_MAX, 99, 999, 4001, 65536};
-    for (int number = -3; number <= 40; ++number)
-        numbers.push_back(number);
+    for (int number = -3; number <= 40; ++number) numbers.push_back(number);
     return numbers;
 }
 
-std::string messageOf(const yld_Exception& error)
-{
-    return error.JournalMessage().cStr();
-}
+std::string messageOf(const yld_Exception& error) { return error.JournalMessage().cStr(); }
 
 /// Calls the map with every number to try; those of the rows (first to second) must give their partner, all
 /// others must raise error 6 with the message.
-template<class From, class To>
-void expectMap(To (*map)(From), const Rows& rows, const char* message)
+template<class From, class To> void expectMap(To (*map)(From), const Rows& rows, const char* message)
 {
     for (const int number : numbersToTry()) {
         SCOPED_TRACE(number);
@@ -54,16 +49,14 @@ void expectMap(To (*map)(From), const Rows& rows, const char* message)
 Rows swapped(const Rows& rows)
 {
     Rows result;
-    for (const auto& row : rows)
-        result.emplace_back(row.second, row.first);
+    for (const auto& row : rows) result.emplace_back(row.second, row.first);
     return result;
 }
 
 Rows identity(int first, int last)
 {
     Rows rows;
-    for (int number = first; number <= last; ++number)
-        rows.emplace_back(number, number);
+    for (int number = first; number <= last; ++number) rows.emplace_back(number, number);
     return rows;
 }
 
@@ -124,8 +117,7 @@ TEST(yld_EnumMap, outputPosition12IsNodalLike1)
 
 TEST(yld_EnumMap, publicPosition14ComesBackAsNodal)
 {
-    const fld_OutputPositionEnm stored =
-        unMapOutputPosition(static_cast<yld_Enum::yld_ResultPositionEnum>(14));
+    const fld_OutputPositionEnm stored = unMapOutputPosition(static_cast<yld_Enum::yld_ResultPositionEnum>(14));
     EXPECT_EQ(12, static_cast<int>(stored));
     EXPECT_EQ(yld_Enum::NODAL, mapOutputPosition(stored));
 }
@@ -142,15 +134,13 @@ TEST(yld_EnumMap, outputPositionByName)
     EXPECT_EQ(yld_Enum::WHOLE_PART_INSTANCE, mapOutputPosition(static_cast<fld_OutputPositionEnm>(8)));
     EXPECT_EQ(yld_Enum::WHOLE_MODEL, mapOutputPosition(static_cast<fld_OutputPositionEnm>(9)));
     EXPECT_EQ(yld_Enum::GENERAL_PARTICLE, mapOutputPosition(static_cast<fld_OutputPositionEnm>(10)));
-    EXPECT_EQ(yld_Enum::ELEMENT_FACE_INTEGRATION_POINT,
-              mapOutputPosition(static_cast<fld_OutputPositionEnm>(16)));
+    EXPECT_EQ(yld_Enum::ELEMENT_FACE_INTEGRATION_POINT, mapOutputPosition(static_cast<fld_OutputPositionEnm>(16)));
     EXPECT_EQ(yld_Enum::SURFACE_INTEGRATION_POINT, mapOutputPosition(static_cast<fld_OutputPositionEnm>(17)));
 }
 
 TEST(yld_EnumMap, invariant)
 {
-    const Rows rows = {{0, 1}, {1, 2}, {2, 3}, {3, 9}, {4, 10}, {5, 11},
-                       {6, 4}, {7, 5}, {8, 6}, {9, 7}, {10, 8}};
+    const Rows rows = {{0, 1}, {1, 2}, {2, 3}, {3, 9}, {4, 10}, {5, 11}, {6, 4}, {7, 5}, {8, 6}, {9, 7}, {10, 8}};
     const char* message = "Could not map Invariant Enumeration";
     expectMap(mapInvarEnum, rows, message);
     expectMap(unMapInvarEnum, swapped(rows), message);
@@ -278,29 +268,25 @@ TEST(yld_EnumMap, partTypeNeverRaises)
 TEST(yld_EnumMap, faceOfASolid)
 {
     const int faces[] = {11, 12, 13, 14, 15, 16, 0};
-    for (int number = 0; number <= 6; ++number)
-        EXPECT_EQ(faces[number], mapFaceIndex(number, false, false)) << number;
+    for (int number = 0; number <= 6; ++number) EXPECT_EQ(faces[number], mapFaceIndex(number, false, false)) << number;
 }
 
 TEST(yld_EnumMap, faceOfASolidsEdge)
 {
     const int faces[] = {11, 12, 13, 14, 0, 0, 0};
-    for (int number = 0; number <= 6; ++number)
-        EXPECT_EQ(faces[number], mapFaceIndex(number, false, true)) << number;
+    for (int number = 0; number <= 6; ++number) EXPECT_EQ(faces[number], mapFaceIndex(number, false, true)) << number;
 }
 
 TEST(yld_EnumMap, faceOfAShell)
 {
     const int faces[] = {1001, 1002, 0, 0, 0, 0, 1003};
-    for (int number = 0; number <= 6; ++number)
-        EXPECT_EQ(faces[number], mapFaceIndex(number, true, false)) << number;
+    for (int number = 0; number <= 6; ++number) EXPECT_EQ(faces[number], mapFaceIndex(number, true, false)) << number;
 }
 
 TEST(yld_EnumMap, faceOfAShellsEdge)
 {
     const int faces[] = {11, 12, 13, 14, 0, 0, 1003};
-    for (int number = 0; number <= 6; ++number)
-        EXPECT_EQ(faces[number], mapFaceIndex(number, true, true)) << number;
+    for (int number = 0; number <= 6; ++number) EXPECT_EQ(faces[number], mapFaceIndex(number, true, true)) << number;
 }
 
 TEST(yld_EnumMap, faceOutsideTheTableIsUnknown)
@@ -316,8 +302,7 @@ TEST(yld_EnumMap, faceBackToItsNumber)
     const Rows rows = {{2, 1},   {12, 1}, {102, 1}, {1002, 1}, {3, 2},  {13, 2},
                        {103, 2}, {14, 3}, {104, 3}, {15, 4},   {16, 5}, {1003, 6}};
     std::vector<int> tried = {INT_MIN, INT_MAX};
-    for (int face = -2; face <= 1100; ++face)
-        tried.push_back(face);
+    for (int face = -2; face <= 1100; ++face) tried.push_back(face);
     for (const int face : tried) {
         int expected = 0;
         for (const auto& row : rows)

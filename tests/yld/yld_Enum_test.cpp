@@ -240,8 +240,7 @@ TEST(yld_Enum, enumerationsKnownByTheirRange)
 
 namespace {
 
-template<class... Enums>
-constexpr bool carryAnyInt = (std::is_same_v<std::underlying_type_t<Enums>, int> && ...);
+template<class... Enums> constexpr bool carryAnyInt = (std::is_same_v<std::underlying_type_t<Enums>, int> && ...);
 
 } // namespace
 
@@ -249,16 +248,14 @@ TEST(yld_Enum, everyEnumerationCarriesAnyInt)
 {
     constexpr bool all = carryAnyInt<
         yld_Enum::yld_AnalysisCodeEnum, yld_Enum::yld_PrecisionEnum, yld_Enum::yld_ProductAddOnEnum,
-        yld_Enum::yld_DimensionEnum, yld_Enum::yld_PartTypeEnum, yld_Enum::yld_DomainEnum,
-        yld_Enum::yld_DataTypeEnum, yld_Enum::yld_DataSubtypeEnum, yld_Enum::yld_ResultPositionEnum,
-        yld_Enum::yld_InvariantEnum, yld_Enum::yld_ElementFaceEnum, yld_Enum::yld_ApiType,
-        yld_Enum::yld_ArrowHeadStyleEnm, yld_Enum::yld_AxisEnum, yld_Enum::yld_BackgroundStyleEnm,
-        yld_Enum::yld_ConstraintVariableEnum, yld_Enum::yld_ContactCriterionEnum,
-        yld_Enum::yld_CorrectionCheckEnum, yld_Enum::yld_DatumCsysTypeEnum,
-        yld_Enum::yld_ElementGeometryClass, yld_Enum::yld_FieldVariableEnum, yld_Enum::yld_IncrementStatsEnum,
-        yld_Enum::yld_IncrementationSchemeEnum, yld_Enum::yld_LineJustificationEnm,
-        yld_Enum::yld_LineStyleEnm, yld_Enum::yld_LineThicknessEnm, yld_Enum::yld_MatchEnum,
-        yld_Enum::yld_MathOperationEnum, yld_Enum::yld_OrientationMethodEnum,
+        yld_Enum::yld_DimensionEnum, yld_Enum::yld_PartTypeEnum, yld_Enum::yld_DomainEnum, yld_Enum::yld_DataTypeEnum,
+        yld_Enum::yld_DataSubtypeEnum, yld_Enum::yld_ResultPositionEnum, yld_Enum::yld_InvariantEnum,
+        yld_Enum::yld_ElementFaceEnum, yld_Enum::yld_ApiType, yld_Enum::yld_ArrowHeadStyleEnm, yld_Enum::yld_AxisEnum,
+        yld_Enum::yld_BackgroundStyleEnm, yld_Enum::yld_ConstraintVariableEnum, yld_Enum::yld_ContactCriterionEnum,
+        yld_Enum::yld_CorrectionCheckEnum, yld_Enum::yld_DatumCsysTypeEnum, yld_Enum::yld_ElementGeometryClass,
+        yld_Enum::yld_FieldVariableEnum, yld_Enum::yld_IncrementStatsEnum, yld_Enum::yld_IncrementationSchemeEnum,
+        yld_Enum::yld_LineJustificationEnm, yld_Enum::yld_LineStyleEnm, yld_Enum::yld_LineThicknessEnm,
+        yld_Enum::yld_MatchEnum, yld_Enum::yld_MathOperationEnum, yld_Enum::yld_OrientationMethodEnum,
         yld_Enum::yld_RelativePositionEnm, yld_Enum::yld_ResidualCheckEnum, yld_Enum::yld_SetTypeEnum,
         yld_Enum::yld_StackDirectionEnum, yld_Enum::yld_XYSourceTypeEnm, yld_AnalysisWarningError::Category>;
     static_assert(all);

@@ -55,8 +55,8 @@ private:
     bool m_accept;
 };
 
-void expectFields(const yld_Exception& e, const char* file, int number, const char* message, int version,
-                  int expected, bool readOnly)
+void expectFields(const yld_Exception& e, const char* file, int number, const char* message, int version, int expected,
+                  bool readOnly)
 {
     EXPECT_EQ(e.fileName(), file);
     EXPECT_EQ(e.errorNo(), number);
@@ -66,8 +66,7 @@ void expectFields(const yld_Exception& e, const char* file, int number, const ch
     EXPECT_EQ(e.readOnly(), readOnly);
 }
 
-template<class Caught>
-void expectCaughtAs()
+template<class Caught> void expectCaughtAs()
 {
     try {
         yld_Exception(6, "the text").Throw("file.cpp", 12);
@@ -91,10 +90,7 @@ TEST(yld_Exception, constructor_of_file_number_and_message)
     expectFields(yld_Exception("f", 2, "m"), "f", 2, "m", 0, 0, true);
 }
 
-TEST(yld_Exception, constructor_of_file_and_number)
-{
-    expectFields(yld_Exception("f", 5), "f", 5, "", 0, 0, true);
-}
+TEST(yld_Exception, constructor_of_file_and_number) { expectFields(yld_Exception("f", 5), "f", 5, "", 0, 0, true); }
 
 TEST(yld_Exception, constructor_of_file_number_and_version)
 {
@@ -115,10 +111,9 @@ TEST(yld_Exception, constructor_of_everything)
 TEST(yld_Exception, text_0_is_fixed_and_the_flag_remembered)
 {
     const yld_Exception e("path.yld", 0, 500, 891, false);
-    EXPECT_EQ(
-        e.JournalMessage(),
-        "The database is from a previous version of ZANTRA. \nRun zantra -upgrade -job <newFileName> -yld "
-        "<oldYldFileName> to upgrade it.");
+    EXPECT_EQ(e.JournalMessage(),
+              "The database is from a previous version of ZANTRA. \nRun zantra -upgrade -job <newFileName> -yld "
+              "<oldYldFileName> to upgrade it.");
     EXPECT_FALSE(e.readOnly());
 }
 
@@ -143,21 +138,19 @@ TEST(yld_Exception, text_3_has_the_message)
 
 TEST(yld_Exception, text_4_has_the_file)
 {
-    EXPECT_EQ(
-        yld_Exception("path.yld", 4).JournalMessage(),
-        "Not enough disk space to create the converted file path.yld. \nPlease free some disk space and "
-        "rerun the upgrade or run \nzantra -upgrade  -job <newFileName> -yld <oldYldFileName> \nto upgrade "
-        "the file to a different disk drive. \nTrying to upgrade the file without enough disk space may "
-        "\ncause the application to abort.\n");
+    EXPECT_EQ(yld_Exception("path.yld", 4).JournalMessage(),
+              "Not enough disk space to create the converted file path.yld. \nPlease free some disk space and "
+              "rerun the upgrade or run \nzantra -upgrade  -job <newFileName> -yld <oldYldFileName> \nto upgrade "
+              "the file to a different disk drive. \nTrying to upgrade the file without enough disk space may "
+              "\ncause the application to abort.\n");
 }
 
 TEST(yld_Exception, text_5_has_the_file)
 {
-    EXPECT_EQ(
-        yld_Exception("path.yld", 5).JournalMessage(),
-        "path.yld is an old format YLD file.\nYLD files generated with an ZANTRA analysis \nversion prior to "
-        "6.1-1 cannot be opened with \nthe current version of ZANTRA/Viewer. \nPlease rerun the analysis "
-        "using the current \nZANTRA analysis version.");
+    EXPECT_EQ(yld_Exception("path.yld", 5).JournalMessage(),
+              "path.yld is an old format YLD file.\nYLD files generated with an ZANTRA analysis \nversion prior to "
+              "6.1-1 cannot be opened with \nthe current version of ZANTRA/Viewer. \nPlease rerun the analysis "
+              "using the current \nZANTRA analysis version.");
 }
 
 TEST(yld_Exception, text_6_is_the_message_unchanged)
@@ -168,10 +161,9 @@ TEST(yld_Exception, text_6_is_the_message_unchanged)
 
 TEST(yld_Exception, text_7_has_the_file_and_its_version)
 {
-    EXPECT_EQ(
-        yld_Exception("path.yld", 7, 123).JournalMessage(),
-        "The database file path.yld has version 123. \nThis version number is marked as an invalid database "
-        "version. \nYld upgrade is not supported for this database");
+    EXPECT_EQ(yld_Exception("path.yld", 7, 123).JournalMessage(),
+              "The database file path.yld has version 123. \nThis version number is marked as an invalid database "
+              "version. \nYld upgrade is not supported for this database");
 }
 
 TEST(yld_Exception, other_numbers_give_an_empty_text)
@@ -253,9 +245,8 @@ TEST(yld_Exception, writes_its_fields_in_order)
 {
     Record record(true);
     yld_Exception("f", 1, 77, 891, false).DBWrite(record);
-    EXPECT_EQ(record.text,
-              "class 2686977;m_FileName text f;m_ErrorNo int 1;m_ErrMsg text ;m_VersionNumber int "
-              "77;m_ZantraVersion int 891;m_ReadOnly false;");
+    EXPECT_EQ(record.text, "class 2686977;m_FileName text f;m_ErrorNo int 1;m_ErrMsg text ;m_VersionNumber int "
+                           "77;m_ZantraVersion int 891;m_ReadOnly false;");
 }
 
 TEST(yld_Exception, writes_nothing_to_a_visitor_that_declines)
@@ -306,6 +297,5 @@ TEST(yld_Exception, later_version_labels_are_those_of_the_current_release)
     EXPECT_EQ(Access::label(891, 0, 0), "0.0.891");
     EXPECT_EQ(Access::label(891, 1, 3), "1") << "major 1 or 2 stands alone, whatever the minor";
     EXPECT_EQ(Access::label(891, 2, 0), "2");
-    EXPECT_EQ(yld_Exception::versionLabel(891),
-              Access::label(891, osu_Version::Major(), osu_Version::Minor()));
+    EXPECT_EQ(yld_Exception::versionLabel(891), Access::label(891, osu_Version::Major(), osu_Version::Minor()));
 }

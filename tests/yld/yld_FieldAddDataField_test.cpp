@@ -39,8 +39,8 @@ protected:
             part.addElements(ints({5, 7}), connectivity({{20, 30, 40, 60}, {10, 20, 30, 50}}), "TET4");
         };
         if (how.hasTetrahedra && how.tetrahedraFirst) addTetrahedra();
-        part.addElements(ints({102, 101}), connectivity({{50, 60, 70, 80, 90, 100, 110, 120}, {10, 20, 30, 40, 50, 60, 70, 80}}),
-                         "HEX8");
+        part.addElements(ints({102, 101}),
+                         connectivity({{50, 60, 70, 80, 90, 100, 110, 120}, {10, 20, 30, 40, 50, 60, 70, 80}}), "HEX8");
         if (how.hasTetrahedra && !how.tetrahedraFirst) addTetrahedra();
         yld_SectionCategory& shell = m_target->SectionCategory("shell", how.shellCategory);
         shell.SectionPoint(1, "bottom");
@@ -67,7 +67,10 @@ protected:
     {
         return instance().NodeSet(name, labels, false, isUnsorted);
     }
-    const yld_Set& elementSet(const char* name, const yld_Sequence<int>& labels) { return instance().ElementSet(name, labels); }
+    const yld_Set& elementSet(const char* name, const yld_Sequence<int>& labels)
+    {
+        return instance().ElementSet(name, labels);
+    }
 
     /// A field of this database with data for a set, read again so that it shows them.
     yld_FieldOutput& filled(yld_Frame& frame, const char* name, yld_Enum::yld_DataTypeEnum type,
@@ -103,8 +106,9 @@ std::string byLabel(const yld_FieldOutput& field)
     return all;
 }
 
-const char* const incompatible = "Fields are not compatible. They are either associated with different structural models "
-                                 "or have incompatible attributes.";
+const char* const incompatible =
+    "Fields are not compatible. They are either associated with different structural models "
+    "or have incompatible attributes.";
 
 yld_Sequence<yld_Sequence<float>> turnedSystem() { return rows({{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}); }
 
@@ -114,13 +118,14 @@ TEST_F(yld_FieldAddDataFieldTest, withinOneDatabaseEveryBlockIsCopied)
 {
     yld_Frame first = step().Frame(1, 1.0);
     yld_FieldOutput& source = first.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL);
-    source.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({7, 101}),
-                   [] {
-                       yld_Sequence<yld_Sequence<float>> all;
-                       for (int i = 0; i < 9; ++i) all.append(floats({static_cast<float>(i), 1, 2, 3, 4, 5}));
-                       return all;
-                   }(),
-                   yld_SectionPoint(), turnedSystem());
+    source.addData(
+        yld_Enum::INTEGRATION_POINT, instance(), ints({7, 101}),
+        [] {
+            yld_Sequence<yld_Sequence<float>> all;
+            for (int i = 0; i < 9; ++i) all.append(floats({static_cast<float>(i), 1, 2, 3, 4, 5}));
+            return all;
+        }(),
+        yld_SectionPoint(), turnedSystem());
     source.addData(yld_Enum::CENTROID, instance(), ints({301, 302}), rows({{1, 2, 3, 4, 5, 6}, {7, 8, 9, 1, 2, 3}}),
                    yld_SectionPoint(2, "top"));
     yld_Frame second = step().Frame(2, 2.0);
@@ -133,8 +138,9 @@ TEST_F(yld_FieldAddDataFieldTest, withinOneDatabaseEveryBlockIsCopied)
     reopen();
     const yld_FieldOutput& read = field("copy of S", 1);
     EXPECT_STREQ(read.description().cStr(), "copied");
-    EXPECT_EQ(byLabel(read), "7:0 1 2 3 4 5; 101:1 1 2 3 4 5,2 1 2 3 4 5,3 1 2 3 4 5,4 1 2 3 4 5,5 1 2 3 4 5,6 1 2 3 4 5,"
-                             "7 1 2 3 4 5,8 1 2 3 4 5; 301:1 2 3 4 5 6; 302:7 8 9 1 2 3; ");
+    EXPECT_EQ(byLabel(read),
+              "7:0 1 2 3 4 5; 101:1 1 2 3 4 5,2 1 2 3 4 5,3 1 2 3 4 5,4 1 2 3 4 5,5 1 2 3 4 5,6 1 2 3 4 5,"
+              "7 1 2 3 4 5,8 1 2 3 4 5; 301:1 2 3 4 5 6; 302:7 8 9 1 2 3; ");
     EXPECT_TRUE(read.hasLocalCoordSystem());
     EXPECT_NEAR(read.values(3).localCoordSystem()[0][1], 1.0F, 1e-6F);
     EXPECT_EQ(read.values(9).sectionPoint().number(), 2);
@@ -147,8 +153,8 @@ TEST_F(yld_FieldAddDataFieldTest, valuesGoToTheSameLabelsInAnotherDatabase)
     yld_Frame frame = step().Frame(1, 1.0);
     yld_FieldOutput& u = filled(frame, "U", yld_Enum::VECTOR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})),
                                 rows({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
-    yld_FieldOutput& p = filled(frame, "P", yld_Enum::SCALAR, yld_Enum::INTEGRATION_POINT, elementSet("E", ints({7, 101, 102})),
-                                counted(17));
+    yld_FieldOutput& p = filled(frame, "P", yld_Enum::SCALAR, yld_Enum::INTEGRATION_POINT,
+                                elementSet("E", ints({7, 101, 102})), counted(17));
     makeTarget();
     targetInstance().NodeSet("N", ints({30, 10, 20}), false, true);
     targetInstance().ElementSet("E", ints({7, 101, 102}));
@@ -175,8 +181,8 @@ TEST_F(yld_FieldAddDataFieldTest, valuesGoToTheSameLabelsInAnotherDatabase)
 TEST_F(yld_FieldAddDataFieldTest, classesInAnotherOrderAreFoundByTypeAndCategory)
 {
     yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& p = filled(frame, "P", yld_Enum::SCALAR, yld_Enum::ELEMENT_NODAL, elementSet("E", ints({5, 7, 101})),
-                                counted(16));
+    yld_FieldOutput& p =
+        filled(frame, "P", yld_Enum::SCALAR, yld_Enum::ELEMENT_NODAL, elementSet("E", ints({5, 7, 101})), counted(16));
     Target how;
     how.tetrahedraFirst = true;
     makeTarget(how);
@@ -192,7 +198,8 @@ TEST_F(yld_FieldAddDataFieldTest, classesInAnotherOrderAreFoundByTypeAndCategory
 TEST_F(yld_FieldAddDataFieldTest, setsWithOtherMembersAreNotTheSetsOfTheData)
 {
     yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})), counted(3));
+    yld_FieldOutput& t =
+        filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})), counted(3));
     makeTarget();
     targetInstance().NodeSet("N", ints({20, 30, 40}));
     yld_Frame into = targetFrame();
@@ -204,7 +211,8 @@ TEST_F(yld_FieldAddDataFieldTest, setsWithOtherMembersAreNotTheSetsOfTheData)
 TEST_F(yld_FieldAddDataFieldTest, setOfTheInstanceServesWhereThatOfTheAssemblyHasOtherMembers)
 {
     yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})), counted(3));
+    yld_FieldOutput& t =
+        filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})), counted(3));
     makeTarget();
     targetInstance().NodeSet("N", ints({10, 20, 30}));
     yld_Sequence<yld_Sequence<int>> labels;
@@ -219,9 +227,10 @@ TEST_F(yld_FieldAddDataFieldTest, setOfTheInstanceServesWhereThatOfTheAssemblyHa
 TEST_F(yld_FieldAddDataFieldTest, partsOfBlocksMakeSetsOfTheirOwn)
 {
     yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})), counted(3));
-    yld_FieldOutput& p = filled(frame, "P", yld_Enum::SCALAR, yld_Enum::INTEGRATION_POINT, elementSet("E", ints({101, 102})),
-                                counted(16));
+    yld_FieldOutput& t =
+        filled(frame, "T", yld_Enum::SCALAR, yld_Enum::NODAL, nodeSet("N", ints({10, 20, 30})), counted(3));
+    yld_FieldOutput& p = filled(frame, "P", yld_Enum::SCALAR, yld_Enum::INTEGRATION_POINT,
+                                elementSet("E", ints({101, 102})), counted(16));
     const auto shown = [](const yld_FieldOutput& field, const yld_Sequence<int>& indices) {
         yld_SubField block = field.SubField()[0];
         block.setIndices(indices);
@@ -250,8 +259,7 @@ TEST_F(yld_FieldAddDataFieldTest, partsOfBlocksMakeSetsOfTheirOwn)
     // Points of an element that are not all of them are no values that a set could have.
     yld_FieldOutput points = shown(p, ints({3, 4, 9}));
     yld_Frame into = m_target->steps().get("Step-1").Frame(3, 3.0);
-    EXPECT_EQ(failureOf([&] { into.FieldOutput("P", "", yld_Enum::SCALAR).addData(points); }),
-              incompatible);
+    EXPECT_EQ(failureOf([&] { into.FieldOutput("P", "", yld_Enum::SCALAR).addData(points); }), incompatible);
     reopenTarget();
     EXPECT_EQ(targetInstance().nodeSets(true).size(), 2);
 }
@@ -260,8 +268,8 @@ TEST_F(yld_FieldAddDataFieldTest, complexDoubleAndTurnedDataKeepWhatTheyAre)
 {
     yld_Frame frame = step().Frame(1, 1.0);
     const yld_Set& set = elementSet("E", ints({101, 102}));
-    yld_FieldOutput& c = filled(frame, "C", yld_Enum::SCALAR, yld_Enum::ELEMENT_NODAL, set, counted(16), yld_SectionPoint(),
-                                counted(16, 101));
+    yld_FieldOutput& c = filled(frame, "C", yld_Enum::SCALAR, yld_Enum::ELEMENT_NODAL, set, counted(16),
+                                yld_SectionPoint(), counted(16, 101));
     yld_FieldOutput& s = frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL);
     const int labels[] = {101, 102};
     const double data[] = {0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 1.1, 1.2, 1.3, 1.4, 1.5, 1.6};
@@ -313,7 +321,8 @@ TEST_F(yld_FieldAddDataFieldTest, matricesAndWholeModelValues)
 TEST_F(yld_FieldAddDataFieldTest, missingClass)
 {
     yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& t = filled(frame, "T", yld_Enum::SCALAR, yld_Enum::INTEGRATION_POINT, elementSet("E", ints({7})), counted(1));
+    yld_FieldOutput& t =
+        filled(frame, "T", yld_Enum::SCALAR, yld_Enum::INTEGRATION_POINT, elementSet("E", ints({7})), counted(1));
     yld_FieldOutput& s =
         filled(frame, "S", yld_Enum::SCALAR, yld_Enum::INTEGRATION_POINT, elementSet("F", ints({301})), counted(4));
     Target how;
@@ -329,9 +338,10 @@ TEST_F(yld_FieldAddDataFieldTest, missingClass)
               "Warning: No elements with type \"TET4\" and sectionCategory \"" +
                   std::string(t.SubField()[0].description().elementClass().categoryLabel()) +
                   "\" in set \"E\" found in the target database.\n");
-    EXPECT_EQ(warningsOf([&] {
-                  EXPECT_EQ(failureOf([&] { into.FieldOutput("S", "", yld_Enum::SCALAR).addData(s); }), incompatible);
-              }),
-              "Warning: No elements with type \"SHELL4\" and sectionCategory \"a shell\" in set \"F\" found in the target "
-              "database.\n");
+    EXPECT_EQ(
+        warningsOf([&] {
+            EXPECT_EQ(failureOf([&] { into.FieldOutput("S", "", yld_Enum::SCALAR).addData(s); }), incompatible);
+        }),
+        "Warning: No elements with type \"SHELL4\" and sectionCategory \"a shell\" in set \"F\" found in the target "
+        "database.\n");
 }

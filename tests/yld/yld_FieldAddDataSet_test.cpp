@@ -26,7 +26,10 @@ protected:
 
     const yld_Set& nodeSet() { return instance().nodeSets(false).constGet("N"); }
     const yld_Set& elementSet() { return instance().elementSets(false).constGet("E"); }
-    yld_FieldOutput& make(const char* name, yld_Enum::yld_DataTypeEnum type) { return m_frame->FieldOutput(name, "", type); }
+    yld_FieldOutput& make(const char* name, yld_Enum::yld_DataTypeEnum type)
+    {
+        return m_frame->FieldOutput(name, "", type);
+    }
     /// The field as its frame gives it afresh.
     const yld_FieldOutput& readAgain(const char* name)
     {
@@ -37,8 +40,9 @@ protected:
     yld_FieldOutput with(const char* name, yld_Enum::yld_DataTypeEnum type, const yld_Sequence<yld_String>& labels,
                          const yld_Sequence<yld_Enum::yld_InvariantEnum>& invariants)
     {
-        return yld_FieldOutput(name, "", type, labels, invariants, step().assembly(), m_frame->fieldOutputs().fieldFrame(),
-                               m_frame->fieldOutputs().fieldStep(), 0, 0, 0, yld_Enum::UNDEFINED_DATASUBTYPE);
+        return yld_FieldOutput(name, "", type, labels, invariants, step().assembly(),
+                               m_frame->fieldOutputs().fieldFrame(), m_frame->fieldOutputs().fieldStep(), 0, 0, 0,
+                               yld_Enum::UNDEFINED_DATASUBTYPE);
     }
     int numDescriptions() { return m_frame->fieldOutputs().fieldStep().ConstGet().numDescriptions(); }
 
@@ -56,7 +60,8 @@ std::string nodesMismatch(const char* set)
 std::string elementsMismatch(const char* set)
 {
     return std::string("Mismatch in setType & position for addData.\nElementSet ") + set +
-           " is provided while position is not set to be one of ELEMENT_NODAL, INTEGRATION_POINT, CENTROID or WHOLE_ELEMENT";
+           " is provided while position is not set to be one of ELEMENT_NODAL, INTEGRATION_POINT, CENTROID or "
+           "WHOLE_ELEMENT";
 }
 
 } // namespace
@@ -174,7 +179,8 @@ TEST_F(yld_FieldAddDataSetTest, positionsOfNodeSets)
     yld_FieldOutput& t = make("T", yld_Enum::SCALAR);
     for (int position = 0; position <= 15; ++position) {
         if (position == yld_Enum::NODAL) continue;
-        EXPECT_EQ(failureOf([&] { t.addData(positionOf(position), nodeSet(), counted(3)); }), nodesMismatch("N")) << position;
+        EXPECT_EQ(failureOf([&] { t.addData(positionOf(position), nodeSet(), counted(3)); }), nodesMismatch("N"))
+            << position;
     }
 }
 
@@ -205,8 +211,9 @@ TEST_F(yld_FieldAddDataSetTest, otherKindsOfSets)
     faces.append(yld_Enum::FACE1);
     instance().Surface("skin", ints({101}), faces);
     const yld_Set& surface = instance().surfaces(false).constGet("skin");
-    EXPECT_EQ(failureOf([&] { t.addData(yld_Enum::NODAL, surface, counted(1)); }),
-              "Error. Invalid setType provided. addData can be called only for nodesets or elementSets. check set skin");
+    EXPECT_EQ(
+        failureOf([&] { t.addData(yld_Enum::NODAL, surface, counted(1)); }),
+        "Error. Invalid setType provided. addData can be called only for nodesets or elementSets. check set skin");
     EXPECT_EQ(failureOf([&] { t.addData(yld_Enum::NODAL, yld_Set(), counted(1)); }),
               "Error. Invalid setType provided. addData can be called only for nodesets or elementSets. check set ");
     const auto changeType = [&](int type) {
@@ -307,9 +314,12 @@ TEST_F(yld_FieldAddDataSetTest, setsOfOtherDatabases)
 
 TEST_F(yld_FieldAddDataSetTest, typesForNodes)
 {
-    const std::string refusal = "Invalid dataType for writing data at Nodes. Permitted datatypes are SCALAR and VECTOR.";
-    EXPECT_EQ(failureOf([&] { make("S", yld_Enum::TENSOR_3D_FULL).addData(yld_Enum::NODAL, nodeSet(), counted(3)); }), refusal);
-    EXPECT_EQ(failureOf([&] { make("B", yld_Enum::BOOLEAN).addData(yld_Enum::NODAL, nodeSet(), counted(3)); }), refusal);
+    const std::string refusal =
+        "Invalid dataType for writing data at Nodes. Permitted datatypes are SCALAR and VECTOR.";
+    EXPECT_EQ(failureOf([&] { make("S", yld_Enum::TENSOR_3D_FULL).addData(yld_Enum::NODAL, nodeSet(), counted(3)); }),
+              refusal);
+    EXPECT_EQ(failureOf([&] { make("B", yld_Enum::BOOLEAN).addData(yld_Enum::NODAL, nodeSet(), counted(3)); }),
+              refusal);
     // The map of the components is made before the type is looked at.
     EXPECT_EQ(failureOf([&] { m_frame->MatrixOutput("M", "", 2, 2).addData(yld_Enum::NODAL, nodeSet(), counted(3)); }),
               "Invalid dataType specified in AddData. Permitted datatypes are SCALAR,VECTOR and TENSOR Types.");
@@ -327,10 +337,11 @@ TEST_F(yld_FieldAddDataSetTest, typesForElements)
 {
     const std::string refusal =
         "Invalid dataType for writing element data. Permitted datatypes are SCALAR and VECTOR and TENSOR.";
-    EXPECT_EQ(failureOf([&] {
-                  make("S", yld_Enum::TENSOR_3D_SURFACE).addData(yld_Enum::INTEGRATION_POINT, elementSet(), counted(17));
-              }),
-              refusal);
+    EXPECT_EQ(
+        failureOf([&] {
+            make("S", yld_Enum::TENSOR_3D_SURFACE).addData(yld_Enum::INTEGRATION_POINT, elementSet(), counted(17));
+        }),
+        refusal);
     EXPECT_EQ(failureOf([&] {
                   m_frame->MatrixOutput("M", "", 2, 2).addData(yld_Enum::ELEMENT_NODAL, elementSet(), counted(20));
               }),
@@ -382,7 +393,9 @@ TEST(yld_FieldAddDataSet, componentsByType)
     }
     EXPECT_EQ(failureOf([&] { count(16, texts({})); }),
               "Undefined dataType specified in AddData. Permitted datatypes are SCALAR,VECTOR and TENSOR Types.");
-    EXPECT_EQ(failureOf([&] { count(4, texts({"1", "2", "1"})); }),
+    EXPECT_EQ(failureOf([&] {
+                  count(4, texts({"1", "2", "1"}));
+              }),
               "**Error in setting components of the field in addData. Report to Zantra,Inc.");
 }
 
@@ -433,17 +446,25 @@ TEST_F(yld_FieldAddDataSetTest, rowsThatAreMissingOrTooWide)
     yld_FieldOutput& u = make("U", yld_Enum::VECTOR);
     yld_FieldOutput& p = make("P", yld_Enum::SCALAR);
     const yld_Sequence<yld_Sequence<float>> good = rows({{1, 2, 3}, {1, 2, 3}, {1, 2, 3}});
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, nodeSet(), rows({{1, 2, 3}, {1, 2, 3}})); }),
-              "Expecting at least 3 rows of data. Input data has 2 rows.Please check input data");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, nodeSet(), good, yld_SectionPoint(), rows({{1, 2, 3}})); }),
-              "Expecting at least 3 rows of conjugate data. Input data has 1 rows.Please check input data");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, nodeSet(), rows({{1, 2, 3}, {1, 2, 3, 4}, {1}})); }),
-              "**ERROR in input data array.\nInvalid width of data in row 1. Expected max width = 3, current data Width = 4");
     EXPECT_EQ(failureOf([&] {
-                  u.addData(yld_Enum::NODAL, nodeSet(), good, yld_SectionPoint(), rows({{1, 2, 3}, {1}, {1, 2, 3, 4, 5}}));
+                  u.addData(yld_Enum::NODAL, nodeSet(), rows({{1, 2, 3}, {1, 2, 3}}));
               }),
-              "**ERROR in input data array.\nInvalid width of conjugate data in row 2.Expected max width = 3, current data "
-              "Width = 5");
+              "Expecting at least 3 rows of data. Input data has 2 rows.Please check input data");
+    EXPECT_EQ(failureOf([&] {
+                  u.addData(yld_Enum::NODAL, nodeSet(), good, yld_SectionPoint(), rows({{1, 2, 3}}));
+              }),
+              "Expecting at least 3 rows of conjugate data. Input data has 1 rows.Please check input data");
+    EXPECT_EQ(
+        failureOf([&] {
+            u.addData(yld_Enum::NODAL, nodeSet(), rows({{1, 2, 3}, {1, 2, 3, 4}, {1}}));
+        }),
+        "**ERROR in input data array.\nInvalid width of data in row 1. Expected max width = 3, current data Width = 4");
+    EXPECT_EQ(
+        failureOf([&] {
+            u.addData(yld_Enum::NODAL, nodeSet(), good, yld_SectionPoint(), rows({{1, 2, 3}, {1}, {1, 2, 3, 4, 5}}));
+        }),
+        "**ERROR in input data array.\nInvalid width of conjugate data in row 2.Expected max width = 3, current data "
+        "Width = 5");
     EXPECT_EQ(numDescriptions(), 0);
     // More rows than needed are no failure. A later subset that fails leaves the earlier ones written.
     u.addData(yld_Enum::NODAL, nodeSet(), rows({{1, 2, 3}, {1, 2, 3}, {1, 2, 3}, {9, 9, 9, 9}}));
@@ -462,9 +483,10 @@ TEST(yld_FieldAddDataSet, rowsThatDoNotFillTheHolder)
     description.m_width = 1;
     const yld_RowArray data(counted(10));
     float holder[3] = {};
-    EXPECT_EQ(failureOf([&] { yld_FieldAddDataSet::copyRows(description, 2, 4, data, yld_RowArray(), holder, nullptr); }),
-              "Error while computing offsets for data.\n Expecting to fill 3 rows of data. Computed indices = 2 rows. "
-              "Report to ZANTRA,Inc.");
+    EXPECT_EQ(
+        failureOf([&] { yld_FieldAddDataSet::copyRows(description, 2, 4, data, yld_RowArray(), holder, nullptr); }),
+        "Error while computing offsets for data.\n Expecting to fill 3 rows of data. Computed indices = 2 rows. "
+        "Report to ZANTRA,Inc.");
     yld_FieldAddDataSet::copyRows(description, 4, 7, data, yld_RowArray(), holder, nullptr);
     EXPECT_EQ(holder[0], 5.0F);
     EXPECT_EQ(holder[2], 7.0F);

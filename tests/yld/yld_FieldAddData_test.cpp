@@ -30,13 +30,18 @@ constexpr int symmetricMatrix = 100;
 int componentsOf(int type)
 {
     switch (type) {
-    case yld_Enum::SCALAR: return 1;
-    case yld_Enum::VECTOR: return 3;
+    case yld_Enum::SCALAR:
+        return 1;
+    case yld_Enum::VECTOR:
+        return 3;
     case yld_Enum::TENSOR_3D_PLANAR:
-    case yld_Enum::TENSOR_2D_PLANAR: return 4;
+    case yld_Enum::TENSOR_2D_PLANAR:
+        return 4;
     case yld_Enum::TENSOR_3D_SURFACE:
-    case yld_Enum::TENSOR_2D_SURFACE: return 3;
-    default: return 6; // full tensors, 3 x 2 matrices, symmetric 3 x 3 matrices
+    case yld_Enum::TENSOR_2D_SURFACE:
+        return 3;
+    default:
+        return 6; // full tensors, 3 x 2 matrices, symmetric 3 x 3 matrices
     }
 }
 
@@ -74,12 +79,18 @@ struct Shape
 Shape shapeOf(int element)
 {
     switch (element) {
-    case 101: return {8, 8, {10, 20, 30, 40, 50, 60, 70, 80}};
-    case 102: return {8, 8, {50, 60, 70, 80, 90, 100, 110, 120}};
-    case 7: return {4, 1, {10, 20, 30, 50}};
-    case 5: return {4, 1, {20, 30, 40, 60}};
-    case 301: return {4, 4, {10, 20, 30, 40}};
-    default: return {4, 4, {50, 60, 70, 80}};
+    case 101:
+        return {8, 8, {10, 20, 30, 40, 50, 60, 70, 80}};
+    case 102:
+        return {8, 8, {50, 60, 70, 80, 90, 100, 110, 120}};
+    case 7:
+        return {4, 1, {10, 20, 30, 50}};
+    case 5:
+        return {4, 1, {20, 30, 40, 60}};
+    case 301:
+        return {4, 4, {10, 20, 30, 40}};
+    default:
+        return {4, 4, {50, 60, 70, 80}};
     }
 }
 
@@ -136,7 +147,8 @@ yld_Sequence<int> sequence(const std::vector<int>& labels)
 void write(yld_FieldOutput& field, const Kind& kind, const yld_Instance& instance)
 {
     const bool isWhole = kind.position == yld_Enum::WHOLE_MODEL;
-    const yld_Sequence<int> labels = isWhole ? ints({}) : sequence(kind.position == yld_Enum::NODAL ? nodeLabels : elementLabels);
+    const yld_Sequence<int> labels =
+        isWhole ? ints({}) : sequence(kind.position == yld_Enum::NODAL ? nodeLabels : elementLabels);
     yld_Sequence<yld_Sequence<float>> data;
     yld_Sequence<yld_Sequence<float>> conjugate;
     yld_Sequence<yld_Sequence<yld_Sequence<float>>> systems;
@@ -152,8 +164,8 @@ void write(yld_FieldOutput& field, const Kind& kind, const yld_Instance& instanc
         if (kind.systems == 2) systems.append(systemAt(isTurned(location)));
     }
     if (kind.systems == 1) {
-        field.addData(kind.position, isWhole ? yld_Instance() : instance, labels, data, yld_SectionPoint(), systemAt(true),
-                      conjugate);
+        field.addData(kind.position, isWhole ? yld_Instance() : instance, labels, data, yld_SectionPoint(),
+                      systemAt(true), conjugate);
     } else {
         field.addData(kind.position, isWhole ? yld_Instance() : instance, labels, data, yld_SectionPoint(), systems,
                       conjugate);
@@ -164,16 +176,20 @@ void write(yld_FieldOutput& field, const Kind& kind, const yld_Instance& instanc
 Location locationOf(const Kind& kind, const yld_FieldValue& value)
 {
     switch (kind.position) {
-    case yld_Enum::WHOLE_MODEL: return {0, 0};
-    case yld_Enum::NODAL: return {value.nodeLabel(), 0};
-    case yld_Enum::INTEGRATION_POINT: return {value.elementLabel(), value.integrationPoint() - 1};
+    case yld_Enum::WHOLE_MODEL:
+        return {0, 0};
+    case yld_Enum::NODAL:
+        return {value.nodeLabel(), 0};
+    case yld_Enum::INTEGRATION_POINT:
+        return {value.elementLabel(), value.integrationPoint() - 1};
     case yld_Enum::ELEMENT_NODAL: {
         const std::vector<int> nodes = shapeOf(value.elementLabel()).nodes;
         const auto found = std::find(nodes.begin(), nodes.end(), value.nodeLabel());
         EXPECT_NE(found, nodes.end());
         return {value.elementLabel(), static_cast<int>(found - nodes.begin())};
     }
-    default: return {value.elementLabel(), 0};
+    default:
+        return {value.elementLabel(), 0};
     }
 }
 
@@ -314,10 +330,11 @@ TEST_F(yld_FieldAddDataTest, sectionPointOneOfOneLocationIsTheFirst)
                   s.addData(yld_Enum::CENTROID, instance(), ints({401}), counted(1), yld_SectionPoint(2, "middle"));
               }),
               "Section Point number 2.");
-    EXPECT_EQ(failureOf([&] {
-                  s.addData(yld_Enum::CENTROID, instance(), ints({401, 101}), counted(2), yld_SectionPoint(1, "middle"));
-              }),
-              "Section Point number 1.");
+    EXPECT_EQ(
+        failureOf([&] {
+            s.addData(yld_Enum::CENTROID, instance(), ints({401, 101}), counted(2), yld_SectionPoint(1, "middle"));
+        }),
+        "Section Point number 1.");
 }
 
 TEST_F(yld_FieldAddDataTest, checksComeInTheirOrder)
@@ -331,25 +348,29 @@ TEST_F(yld_FieldAddDataTest, checksComeInTheirOrder)
     const yld_Sequence<yld_Sequence<float>> one = rows({{1}});
     const yld_Sequence<yld_Sequence<float>> two = rows({{1}, {2}});
     const auto system = systemAt(false);
-    EXPECT_EQ(failureOf([&] {
-                  u.addData(yld_Enum::ELEMENT_FACE, yld_Instance(), ints({99}), one, wrongPoint, system, two);
-              }),
-              "Instance \"\" does not exists in this yld.");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::ELEMENT_FACE, instance(), ints({99}), one, wrongPoint, system, two); }),
-              "Data and ConjugateData must have the same length.");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::ELEMENT_FACE, instance(), ints({99}), one, wrongPoint, system, one); }),
-              "Transformation not allowed for scalar data.");
+    EXPECT_EQ(
+        failureOf([&] { u.addData(yld_Enum::ELEMENT_FACE, yld_Instance(), ints({99}), one, wrongPoint, system, two); }),
+        "Instance \"\" does not exists in this yld.");
+    EXPECT_EQ(
+        failureOf([&] { u.addData(yld_Enum::ELEMENT_FACE, instance(), ints({99}), one, wrongPoint, system, two); }),
+        "Data and ConjugateData must have the same length.");
+    EXPECT_EQ(
+        failureOf([&] { u.addData(yld_Enum::ELEMENT_FACE, instance(), ints({99}), one, wrongPoint, system, one); }),
+        "Transformation not allowed for scalar data.");
     EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::ELEMENT_FACE, instance(), ints({99}), one, wrongPoint, none, one); }),
               "Invalid results position for field.");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::CENTROID, instance(), ints({101, 99}), one, wrongPoint, none, one); }),
+    EXPECT_EQ(failureOf([&] {
+                  u.addData(yld_Enum::CENTROID, instance(), ints({101, 99}), one, wrongPoint, none, one);
+              }),
               "Invalid element label 99");
     EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, instance(), ints({99}), one, wrongPoint, none, one); }),
               "Invalid node label 99");
     EXPECT_EQ(failureOf([&] { b.addData(yld_Enum::CENTROID, instance(), ints({301}), two, wrongPoint, none, two); }),
               "Section Point number 9.");
-    EXPECT_EQ(failureOf([&] { b.addData(yld_Enum::NODAL, instance(), ints({10}), two); }),
-              "Length of data sequence incorrect. Data at 1 locations expected. Data at 2 locations provided. Nodal data "
-              "request failed. ");
+    EXPECT_EQ(
+        failureOf([&] { b.addData(yld_Enum::NODAL, instance(), ints({10}), two); }),
+        "Length of data sequence incorrect. Data at 1 locations expected. Data at 2 locations provided. Nodal data "
+        "request failed. ");
     EXPECT_EQ(failureOf([&] { b.addData(yld_Enum::NODAL, instance(), ints({10}), one); }),
               "Invalid results type for field.");
     EXPECT_EQ(failureOf([&] {
@@ -366,9 +387,13 @@ TEST_F(yld_FieldAddDataTest, refusedLabelsMakeNoSet)
 {
     yld_Frame frame = step().Frame(1, 1.0);
     yld_FieldOutput& u = frame.FieldOutput("U", "", yld_Enum::SCALAR);
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, instance(), ints({10, 99, 98}), counted(3)); }),
+    EXPECT_EQ(failureOf([&] {
+                  u.addData(yld_Enum::NODAL, instance(), ints({10, 99, 98}), counted(3));
+              }),
               "Invalid node label 99");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::CENTROID, instance(), ints({5, 6}), counted(2)); }),
+    EXPECT_EQ(failureOf([&] {
+                  u.addData(yld_Enum::CENTROID, instance(), ints({5, 6}), counted(2));
+              }),
               "Invalid element label 6");
     reopen();
     EXPECT_EQ(instance().nodeSets(true).size(), 0);
@@ -379,19 +404,21 @@ TEST_F(yld_FieldAddDataTest, lengthOfComplexDataCountsBothHalves)
 {
     yld_Frame frame = step().Frame(1, 1.0);
     yld_FieldOutput& t = frame.FieldOutput("T", "", yld_Enum::SCALAR);
-    EXPECT_EQ(failureOf([&] {
-                  t.addData(yld_Enum::NODAL, instance(), ints({10, 20}), counted(3), yld_SectionPoint(),
-                            yld_Sequence<yld_Sequence<float>>(), counted(3));
-              }),
-              "Length of data sequence incorrect. Data at 2 locations expected. Data at 6 locations provided. Nodal data "
-              "request failed. ");
-    EXPECT_EQ(failureOf([&] {
-                  t.addData(yld_Enum::CENTROID, instance(), ints({101, 7}), counted(3), yld_SectionPoint(),
-                            yld_Sequence<yld_Sequence<float>>(), counted(3));
-              }),
-              "field.addData() request not processed correctly. 4 data sequences written from the 3 supplied. Write data "
-              "for each element position, element type, and section definition separately for more detailed error "
-              "messages.");
+    EXPECT_EQ(
+        failureOf([&] {
+            t.addData(yld_Enum::NODAL, instance(), ints({10, 20}), counted(3), yld_SectionPoint(),
+                      yld_Sequence<yld_Sequence<float>>(), counted(3));
+        }),
+        "Length of data sequence incorrect. Data at 2 locations expected. Data at 6 locations provided. Nodal data "
+        "request failed. ");
+    EXPECT_EQ(
+        failureOf([&] {
+            t.addData(yld_Enum::CENTROID, instance(), ints({101, 7}), counted(3), yld_SectionPoint(),
+                      yld_Sequence<yld_Sequence<float>>(), counted(3));
+        }),
+        "field.addData() request not processed correctly. 4 data sequences written from the 3 supplied. Write data "
+        "for each element position, element type, and section definition separately for more detailed error "
+        "messages.");
     EXPECT_EQ(t.SubField().size(), 2);
 }
 
@@ -439,7 +466,8 @@ TEST_F(yld_FieldAddDataTest, eachBlockOfATensorHasItsOwnRowLength)
 {
     yld_Frame frame = step().Frame(1, 1.0);
     yld_FieldOutput& s = frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL);
-    s.addData(yld_Enum::CENTROID, instance(), ints({101, 7, 102}), rows({{1, 2, 3, 4}, {5, 6, 7, 8, 9, 10}, {1, 2, 3, 4}}));
+    s.addData(yld_Enum::CENTROID, instance(), ints({101, 7, 102}),
+              rows({{1, 2, 3, 4}, {5, 6, 7, 8, 9, 10}, {1, 2, 3, 4}}));
     ASSERT_EQ(s.values().size(), 3);
     EXPECT_EQ(s.values(0).data()[4], 0.0);
     EXPECT_EQ(s.values(2).elementLabel(), 7);
@@ -536,10 +564,11 @@ TEST_F(yld_FieldAddDataTest, plainArraysOfSeveralClassesGiveTheSameBlocks)
     }
     yld_Frame frame = step().Frame(1, 1.0);
     frame.FieldOutput("A", "", yld_Enum::TENSOR_3D_FULL)
-        .addData(yld_Enum::INTEGRATION_POINT, instance(), sequence(labels), data, yld_SectionPoint(), systems, conjugate);
+        .addData(yld_Enum::INTEGRATION_POINT, instance(), sequence(labels), data, yld_SectionPoint(), systems,
+                 conjugate);
     frame.FieldOutput("B", "", yld_Enum::TENSOR_3D_FULL)
-        .addBulkData(yld_Enum::INTEGRATION_POINT, instance(), labels.data(), 4, values.data(), 18, 2, yld_SectionPoint(),
-                     conjugateValues.data(), cosines.data(), 18);
+        .addBulkData(yld_Enum::INTEGRATION_POINT, instance(), labels.data(), 4, values.data(), 18, 2,
+                     yld_SectionPoint(), conjugateValues.data(), cosines.data(), 18);
     reopen();
     const yld_SequenceFieldBulkData a = field("A").bulkDataBlocks();
     const yld_SequenceFieldBulkData b = field("B").bulkDataBlocks();
@@ -574,7 +603,8 @@ TEST_F(yld_FieldAddDataTest, doublePrecisionStaysDouble)
     frame.FieldOutput("U", "", yld_Enum::VECTOR)
         .addBulkData(yld_Enum::NODAL, instance(), labels, 2, data, 2, 3, yld_SectionPoint(), conjugate);
     frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL)
-        .addBulkData(yld_Enum::CENTROID, instance(), elements, 2, tensors, 2, 4, yld_SectionPoint(), nullptr, cosines, 1);
+        .addBulkData(yld_Enum::CENTROID, instance(), elements, 2, tensors, 2, 4, yld_SectionPoint(), nullptr, cosines,
+                     1);
     reopen();
     const yld_FieldValue u = field("U").values(1);
     EXPECT_EQ(u.precision(), yld_Enum::DOUBLE_PRECISION);
@@ -599,16 +629,22 @@ TEST_F(yld_FieldAddDataTest, plainArraysAreCheckedLikeSequences)
     yld_FieldOutput& u = frame.FieldOutput("U", "", yld_Enum::VECTOR);
     yld_FieldOutput& s = frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_SURFACE);
     EXPECT_EQ(failureOf([&] {
-                  u.addBulkData(yld_Enum::CENTROID, instance(), labels, 2, data, 2, 3, yld_SectionPoint(), nullptr, cosines, 1);
+                  u.addBulkData(yld_Enum::CENTROID, instance(), labels, 2, data, 2, 3, yld_SectionPoint(), nullptr,
+                                cosines, 1);
               }),
               "Transformation not allowed for scalar data.");
     EXPECT_EQ(failureOf([&] { u.addBulkData(yld_Enum::CENTROID, yld_Instance(), labels, 2, data, 2, 3); }),
               "Instance \"\" does not exists in this yld.");
-    EXPECT_EQ(failureOf([&] { u.addBulkData(yld_Enum::CENTROID, instance(), labels, 2, data, 2, 3, yld_SectionPoint(3, "top")); }),
+    EXPECT_EQ(failureOf([&] {
+                  u.addBulkData(yld_Enum::CENTROID, instance(), labels, 2, data, 2, 3, yld_SectionPoint(3, "top"));
+              }),
               "Section Point number 3.");
     EXPECT_EQ(failureOf([&] { s.addBulkData(yld_Enum::CENTROID, instance(), labels, 2, data, 2, 4); }),
               "Incorrect tensor data length");
-    EXPECT_EQ(failureOf([&] { s.addBulkData(yld_Enum::CENTROID, instance(), labels, 1, data, 1, 3, yld_SectionPoint(), nullptr, cosines, 2); }),
+    EXPECT_EQ(failureOf([&] {
+                  s.addBulkData(yld_Enum::CENTROID, instance(), labels, 1, data, 1, 3, yld_SectionPoint(), nullptr,
+                                cosines, 2);
+              }),
               "Coordinate system definition should be of length 0, 1, or the same length as the data array.");
     EXPECT_EQ(failureOf([&] { s.addBulkData(yld_Enum::INTEGRATION_POINT, instance(), labels, 2, data, 2, 3); }),
               "Insufficient data sequences provided.");
@@ -724,7 +760,8 @@ TEST_F(yld_FieldAddDataTest, killedWriterLosesWhatItHadNotSavedAndNothingElse)
                       yld_FieldOutput& wide = frame.MatrixOutput("W", "", 1000, 1500);
                       const std::vector<float> many(1500000, static_cast<float>(i));
                       for (int n = 0; n < 4; ++n) {
-                          wide.addBulkData(yld_Enum::NODAL, instance(), &labels[static_cast<std::size_t>(n)], 1, many.data(), 1, 1500000);
+                          wide.addBulkData(yld_Enum::NODAL, instance(), &labels[static_cast<std::size_t>(n)], 1,
+                                           many.data(), 1, 1500000);
                       }
                       if (i < 3) m_yld->save();
                   }

@@ -99,8 +99,7 @@ TEST_F(yld_FieldBulkDataTest, engineeringShearsCountHalf)
     yld_Frame frame = step().Frame(1, 1.0);
     frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL)
         .addData(yld_Enum::WHOLE_MODEL, yld_Instance(), ints({}), rows({{0, 0, 0, 10, 0, 0}}));
-    fld_FieldDescription strain =
-        describe("E", fld_DataTypeEnm::TENSOR_3D_FULL, fld_OutputPositionEnm::WHOLE_MODEL, 1);
+    fld_FieldDescription strain = describe("E", fld_DataTypeEnm::TENSOR_3D_FULL, fld_OutputPositionEnm::WHOLE_MODEL, 1);
     strain.m_engineeringTensor = true;
     writeBlock(frame, strain, 1, {0, 0, 0, 10, 0, 0});
     reopen();
@@ -306,7 +305,8 @@ TEST_F(yld_SequenceFieldValueTest, positionsWithoutValuesWarn)
         return first;
     };
     EXPECT_EQ(warningOf(fld_OutputPositionEnm::WHOLE_REGION), "Warning: WHOLE_REGION data are not read.\n");
-    EXPECT_EQ(warningOf(fld_OutputPositionEnm::WHOLE_PART_INSTANCE), "Warning: WHOLE_PART_INSTANCE data are not read.\n");
+    EXPECT_EQ(warningOf(fld_OutputPositionEnm::WHOLE_PART_INSTANCE),
+              "Warning: WHOLE_PART_INSTANCE data are not read.\n");
     EXPECT_EQ(warningOf(fld_OutputPositionEnm::GENERAL_PARTICLE), "Warning: GENERAL_PARTICLE data are not read.\n");
     EXPECT_EQ(warningOf(fld_OutputPositionEnm::WHOLE_FACE), "Warning: Results at unknown location not read.\n");
 }
@@ -374,8 +374,7 @@ TEST_F(yld_SequenceFieldValueTest, valuesOnFacesCarryTheFace)
 TEST_F(yld_SequenceFieldValueTest, facesOfAWedgeDifferInTheirPoints)
 {
     yld_Part& part = m_yld->Part("wedge", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
-    part.addNodes(ints({1, 2, 3, 4, 5, 6}),
-                  rows({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}, {0, 1, 1}}));
+    part.addNodes(ints({1, 2, 3, 4, 5, 6}), rows({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}, {0, 1, 1}}));
     part.addElements(ints({11}), connectivity({{1, 2, 3, 4, 5, 6}}), "WEDGE6");
     sto_PartInstance on = m_yld->rootAssembly().Instance("wedge-1", part).instance();
     yld_Frame frame = step().Frame(1, 1.0);

@@ -148,8 +148,9 @@ TEST_F(yld_FieldCopyTest, nameThatTheFrameHasIsRefused)
 TEST_F(yld_FieldCopyTest, attributesOfTheSourceAreTaken)
 {
     yld_Frame frame = step().Frame(1, 1.0);
-    yld_FieldOutput& s = frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL, texts({"a", "b", "c", "d", "e", "f"}),
-                                           invariants({yld_Enum::MISES, yld_Enum::INV3}));
+    yld_FieldOutput& s =
+        frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL, texts({"a", "b", "c", "d", "e", "f"}),
+                          invariants({yld_Enum::MISES, yld_Enum::INV3}));
     s.addData(yld_Enum::CENTROID, instance(), ints({101, 7}), rows({{1, 2, 3, 4, 5, 6}, {7, 8, 9, 10, 11, 12}}),
               yld_SectionPoint(), turnedSystem());
     step().Frame(2, 2.0).FieldOutput(s, "copy", "of stress");
@@ -288,8 +289,9 @@ TEST_F(yld_FieldCopyTest, dataOfAnotherFieldJoinThoseThatAreThere)
     EXPECT_EQ(t.fieldKeys().size(), 4);
     EXPECT_EQ(t.locations().size(), 1);
     reopen();
-    EXPECT_EQ(describe(field("T", 1)), "n30 e-1 p-1: 3; n20 e-1 p-1: 2; n10 e-1 p-1: 1; n30 e-1 p-1: 3; n20 e-1 p-1: 2; "
-                                       "n10 e-1 p-1: 1");
+    EXPECT_EQ(describe(field("T", 1)),
+              "n30 e-1 p-1: 3; n20 e-1 p-1: 2; n10 e-1 p-1: 1; n30 e-1 p-1: 3; n20 e-1 p-1: 2; "
+              "n10 e-1 p-1: 1");
 }
 
 TEST_F(yld_FieldCopyTest, anotherTypeIsNotCompatible)
@@ -297,7 +299,8 @@ TEST_F(yld_FieldCopyTest, anotherTypeIsNotCompatible)
     yld_FieldOutput& source = nodalSource();
     yld_Frame frame = step().Frame(2, 2.0);
     yld_FieldOutput& vector = frame.FieldOutput("T", "", yld_Enum::VECTOR);
-    const std::string warnings = warningsOf([&] { EXPECT_EQ(failureOf([&] { vector.addData(source); }), incompatible); });
+    const std::string warnings =
+        warningsOf([&] { EXPECT_EQ(failureOf([&] { vector.addData(source); }), incompatible); });
     EXPECT_EQ(warnings, "");
     EXPECT_EQ(vector.SubField().size(), 0);
 }
@@ -405,10 +408,13 @@ TEST_F(yld_FieldCopyTest, otherDatabaseWithoutTheElements)
     v.addData(yld_Enum::CENTROID, instance(), ints({301}), rows({{1}}), yld_SectionPoint(2, "top"));
     makeOther("block-1", false);
     yld_Frame target = otherFrame();
-    target.FieldOutput("first", "", yld_Enum::SCALAR).addData(yld_Enum::CENTROID, otherInstance(), ints({101}), rows({{9}}));
-    const std::string warnings = warningsOf([&] { EXPECT_EQ(failureOf([&] { target.FieldOutput(v); }), incompatible); });
-    EXPECT_EQ(warnings, "Warning: No elements with type \"SHELL4\" and sectionCategory \"a shell\" in set \"api_set 0\" "
-                        "found in the target database.\n");
+    target.FieldOutput("first", "", yld_Enum::SCALAR)
+        .addData(yld_Enum::CENTROID, otherInstance(), ints({101}), rows({{9}}));
+    const std::string warnings =
+        warningsOf([&] { EXPECT_EQ(failureOf([&] { target.FieldOutput(v); }), incompatible); });
+    EXPECT_EQ(warnings,
+              "Warning: No elements with type \"SHELL4\" and sectionCategory \"a shell\" in set \"api_set 0\" "
+              "found in the target database.\n");
 }
 
 TEST_F(yld_FieldCopyTest, otherDatabaseWithoutTheSectionPoint)
@@ -418,8 +424,10 @@ TEST_F(yld_FieldCopyTest, otherDatabaseWithoutTheSectionPoint)
     v.addData(yld_Enum::CENTROID, instance(), ints({301}), rows({{1}}), yld_SectionPoint(2, "top"));
     makeOther("block-1", true, false);
     yld_Frame target = otherFrame();
-    target.FieldOutput("first", "", yld_Enum::SCALAR).addData(yld_Enum::CENTROID, otherInstance(), ints({101}), rows({{9}}));
-    const std::string warnings = warningsOf([&] { EXPECT_EQ(failureOf([&] { target.FieldOutput(v); }), incompatible); });
+    target.FieldOutput("first", "", yld_Enum::SCALAR)
+        .addData(yld_Enum::CENTROID, otherInstance(), ints({101}), rows({{9}}));
+    const std::string warnings =
+        warningsOf([&] { EXPECT_EQ(failureOf([&] { target.FieldOutput(v); }), incompatible); });
     EXPECT_EQ(warnings, "Warning: No sectionPoint numbered \"2\" for element type \"SHELL4\" and sectionCategory "
                         "\"a shell\" in set \"api_set 0\" found in the target database.\n");
 }

@@ -6,8 +6,10 @@ TEST(yld_FieldLocation, equalityLooksAtPositionAndPoints)
     EXPECT_TRUE(yld_FieldLocation(yld_Enum::NODAL) == yld_FieldLocation(yld_Enum::NODAL));
     EXPECT_FALSE(yld_FieldLocation(yld_Enum::NODAL) == yld_FieldLocation(yld_Enum::CENTROID));
     EXPECT_FALSE(yld_FieldLocation(yld_Enum::NODAL) == yld_FieldLocation(yld_Enum::NODAL, one));
-    EXPECT_TRUE(yld_FieldLocation(yld_Enum::NODAL, one) == yld_FieldLocation(yld_Enum::NODAL, yld_SectionPoint(1, "a")));
-    EXPECT_TRUE(yld_FieldLocation(yld_Enum::NODAL, one) != yld_FieldLocation(yld_Enum::NODAL, yld_SectionPoint(1, "b")));
+    EXPECT_TRUE(yld_FieldLocation(yld_Enum::NODAL, one) ==
+                yld_FieldLocation(yld_Enum::NODAL, yld_SectionPoint(1, "a")));
+    EXPECT_TRUE(yld_FieldLocation(yld_Enum::NODAL, one) !=
+                yld_FieldLocation(yld_Enum::NODAL, yld_SectionPoint(1, "b")));
     EXPECT_EQ(yld_FieldLocation().position(), yld_Enum::UNDEFINED_POSITION);
 }
 

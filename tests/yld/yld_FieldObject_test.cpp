@@ -105,7 +105,8 @@ TEST_F(yld_FieldObjectTest, shellIsAttachedAndScalarUntilABlockTells)
 
 TEST_F(yld_FieldObjectTest, fieldOfAnotherTakesAttributesAndNoBlocks)
 {
-    yld_FieldOutput& source = m_frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL, {}, invariants({yld_Enum::INV3}));
+    yld_FieldOutput& source =
+        m_frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL, {}, invariants({yld_Enum::INV3}));
     source.addData(yld_Enum::CENTROID, instance(), ints({101}), rows({{1, 2, 3, 4, 5, 6}}));
     const yld_FieldOutput made(source, m_frame.fieldOutputs().fieldFrame(), m_frame.fieldOutputs().fieldStep(), 9);
     EXPECT_STREQ(made.name().cStr(), "S");
@@ -166,7 +167,8 @@ TEST_F(yld_FieldObjectTest, wideningTypeByType)
             yld_FieldOutput field = shell("W");
             field.addFieldKeys(ints({firstKey}));
             field.addFieldKeys(ints({secondKey}));
-            const bool isPlanar = first == fld_DataTypeEnm::TENSOR_3D_PLANAR || first == fld_DataTypeEnm::TENSOR_2D_PLANAR;
+            const bool isPlanar =
+                first == fld_DataTypeEnm::TENSOR_3D_PLANAR || first == fld_DataTypeEnm::TENSOR_2D_PLANAR;
             const bool widens = isPlanar && first != second;
             EXPECT_EQ(field.type(), widens ? yld_Enum::TENSOR_3D_FULL : mapDataType(first))
                 << static_cast<int>(first) << " then " << static_cast<int>(second);
@@ -195,9 +197,9 @@ TEST_F(yld_FieldObjectTest, wideningKeepsTheInvariantsThatBothHaveInItsOwnOrder)
 {
     fld_FieldDescription planar = wholeModel("W", fld_DataTypeEnm::TENSOR_2D_PLANAR);
     fld_FieldDescription full = wholeModel("W", fld_DataTypeEnm::TENSOR_3D_FULL);
-    for (const fld_InvariantEnm code : {fld_InvariantEnm::MIN_PRINCIPAL, fld_InvariantEnm::MAX_INPLANE_PRINCIPAL,
-                                        fld_InvariantEnm::INV3, fld_InvariantEnm::PRESS, fld_InvariantEnm::MISES,
-                                        fld_InvariantEnm::MAX_PRINCIPAL}) {
+    for (const fld_InvariantEnm code :
+         {fld_InvariantEnm::MIN_PRINCIPAL, fld_InvariantEnm::MAX_INPLANE_PRINCIPAL, fld_InvariantEnm::INV3,
+          fld_InvariantEnm::PRESS, fld_InvariantEnm::MISES, fld_InvariantEnm::MAX_PRINCIPAL}) {
         planar.m_invariants.push_back(static_cast<int>(code));
         full.m_invariants.push_back(static_cast<int>(code));
     }
@@ -303,7 +305,9 @@ TEST(yld_FieldLabels, vectorOfAPlaneModelHasTwo)
         plane.Part("sheet", yld_Enum::TWO_D_PLANAR, yld_Enum::DEFORMABLE_BODY);
         yld_Frame frame = plane.Step("s", "", yld_Enum::TIME, 1.0).Frame(1, 1.0);
         EXPECT_EQ(joined(frame.FieldOutput("U", "", yld_Enum::VECTOR).componentLabels()), "U1,U2");
-        EXPECT_EQ(failureOf([&] { frame.FieldOutput("V", "", yld_Enum::VECTOR, texts({"a", "b", "c"})); }),
+        EXPECT_EQ(failureOf([&] {
+                      frame.FieldOutput("V", "", yld_Enum::VECTOR, texts({"a", "b", "c"}));
+                  }),
                   "The number of component labels should be 2");
         EXPECT_EQ(failureOf([&] { frame.FieldOutput("S", "", yld_Enum::TENSOR_2D_SURFACE, texts({"a"})); }),
                   "The number of component labels should be 3");

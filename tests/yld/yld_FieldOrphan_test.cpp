@@ -109,8 +109,8 @@ TEST_F(yld_FieldOrphanTest, planeTensorsKeepTheirPlaneSystemsAndEngineeringShear
     description.m_instance = on().shortCut();
     description.m_set = nodeSet("own", {10, 20}).shortCut();
     description.m_engineeringTensor = true;
-    const yld_FieldOutput e = fieldOf({yld_SubField(0, writeNumbers(m_frame, description, 0, numbers), step().assembly(),
-                                                    yld_Enum::TENSOR_2D_PLANAR)},
+    const yld_FieldOutput e = fieldOf({yld_SubField(0, writeNumbers(m_frame, description, 0, numbers),
+                                                    step().assembly(), yld_Enum::TENSOR_2D_PLANAR)},
                                       yld_Enum::TENSOR_2D_PLANAR);
     const yld_FieldOutput part = e.getSubset(instance().getNodeFromLabel(20));
     const yld_FieldBulkData& bulk = part.bulkDataBlocks()[0];
@@ -128,9 +128,9 @@ TEST_F(yld_FieldOrphanTest, surfaceRowsAreFilledUpInTwoWays)
     numbers.values = {1, 2, 3, 4, 5, 6};
     const auto shown = [&](const char* set, fld_DataTypeEnm type, const std::vector<double>& values) {
         numbers.values = values;
-        const yld_FieldOutput s = fieldOf({blockOn(nodeSet(set, {10, 20}), type, fld_OutputPositionEnm::NODAL, 2, numbers,
-                                                   yld_Enum::TENSOR_3D_FULL)},
-                                          yld_Enum::TENSOR_3D_FULL);
+        const yld_FieldOutput s = fieldOf(
+            {blockOn(nodeSet(set, {10, 20}), type, fld_OutputPositionEnm::NODAL, 2, numbers, yld_Enum::TENSOR_3D_FULL)},
+            yld_Enum::TENSOR_3D_FULL);
         const yld_FieldOutput part = s.getSubset(instance().getNodeFromLabel(20));
         const std::string read = componentsOf(part.values(0));
         part.bulkDataBlocks();
@@ -178,10 +178,14 @@ TEST_F(yld_FieldOrphanTest, positionsThatCannotBeTakenOutWarn)
         const std::string warning = warningsOf([&] { failure = failureOf([&] { block.materialize(); }); });
         return warning + failure;
     };
-    EXPECT_EQ(outcome(fld_OutputPositionEnm::WHOLE_REGION, "a"), "Warning: WHOLE_REGION data are not read.\nSubfield spanning subsets is invalid.");
-    EXPECT_EQ(outcome(fld_OutputPositionEnm::WHOLE_PART_INSTANCE, "b"), "Warning: WHOLE_PART_INSTANCE data are not read.\nSubfield spanning subsets is invalid.");
-    EXPECT_EQ(outcome(fld_OutputPositionEnm::WHOLE_MODEL, "c"), "Warning: WHOLE_MODEL data are not read.\nSubfield spanning subsets is invalid.");
-    EXPECT_EQ(outcome(fld_OutputPositionEnm::GENERAL_PARTICLE, "d"), "Warning: GENERAL_PARTICLE data are not read.\nSubfield spanning subsets is invalid.");
+    EXPECT_EQ(outcome(fld_OutputPositionEnm::WHOLE_REGION, "a"),
+              "Warning: WHOLE_REGION data are not read.\nSubfield spanning subsets is invalid.");
+    EXPECT_EQ(outcome(fld_OutputPositionEnm::WHOLE_PART_INSTANCE, "b"),
+              "Warning: WHOLE_PART_INSTANCE data are not read.\nSubfield spanning subsets is invalid.");
+    EXPECT_EQ(outcome(fld_OutputPositionEnm::WHOLE_MODEL, "c"),
+              "Warning: WHOLE_MODEL data are not read.\nSubfield spanning subsets is invalid.");
+    EXPECT_EQ(outcome(fld_OutputPositionEnm::GENERAL_PARTICLE, "d"),
+              "Warning: GENERAL_PARTICLE data are not read.\nSubfield spanning subsets is invalid.");
     EXPECT_EQ(outcome(fld_OutputPositionEnm::ELEMENT_FACE_INTEGRATION_POINT, "e"),
               "Warning: Results at unknown location not read.\nSubfield spanning subsets is invalid.");
     EXPECT_EQ(outcome(fld_OutputPositionEnm::SURFACE_INTEGRATION_POINT, "f"),
@@ -275,9 +279,10 @@ TEST_F(yld_FieldOrphanTest, orphansAreCheckedAgainstTheSetThatTheyAreWrittenOn)
     EXPECT_EQ(failure(solids, 1), "Subfield spanning subsets is invalid.");
     EXPECT_EQ(failure(solids, 0), "Section Point number 2.");
     EXPECT_EQ(failure(others, 0), "Section point not valid for elements.");
-    EXPECT_EQ(failure(elementSet("one", {301}), 0),
-              "Length of data sequence incorrect. Data at 1 locations expected. Data at 2 locations provided. Element data "
-              "request failed. Element type is SHELL4. Data at 1 location per element expected.");
+    EXPECT_EQ(
+        failure(elementSet("one", {301}), 0),
+        "Length of data sequence incorrect. Data at 1 locations expected. Data at 2 locations provided. Element data "
+        "request failed. Element type is SHELL4. Data at 1 location per element expected.");
     EXPECT_EQ(into.description.key(), 0);
     taken.writeOrphanField(into, yld_Enum::CENTROID, elementSet("two", {301, 302}), 0);
     EXPECT_EQ(into.description.key(), -999);
@@ -291,9 +296,10 @@ TEST_F(yld_FieldOrphanTest, lengthMessagesOfWhatIsTakenOut)
     s.addData(yld_Enum::NODAL, instance(), ints({10, 20}), counted(2));
     yld_SubField nodes(s.SubField()[0]);
     nodes.setIndices(ints({3}));
-    EXPECT_EQ(failureOf([&] { nodes.materialize(); }),
-              "Length of data sequence incorrect. Data at 8 locations expected. Data at 1 locations provided. Element data "
-              "request failed. Element type is HEX8. Data at 8 nodes per element expected.");
+    EXPECT_EQ(
+        failureOf([&] { nodes.materialize(); }),
+        "Length of data sequence incorrect. Data at 8 locations expected. Data at 1 locations provided. Element data "
+        "request failed. Element type is HEX8. Data at 8 nodes per element expected.");
     yld_SubFieldBody body;
     body.field = s.SubField()[1].field();
     body.description = s.SubField()[1].description();
@@ -301,9 +307,12 @@ TEST_F(yld_FieldOrphanTest, lengthMessagesOfWhatIsTakenOut)
     body.meshIndex = s.SubField()[1].meshIndex();
     yld_FieldSubset taken(body);
     taken.extract({1}, yld_Enum::NODAL);
-    EXPECT_EQ(failureOf([&] { taken.writeOrphanField(body, yld_Enum::NODAL, nodeSet("three", {10, 20, 30}), 0); }),
-              "Length of data sequence incorrect. Data at 3 locations expected. Data at 1 locations provided. Nodal data "
-              "request failed. ");
+    EXPECT_EQ(
+        failureOf([&] {
+            taken.writeOrphanField(body, yld_Enum::NODAL, nodeSet("three", {10, 20, 30}), 0);
+        }),
+        "Length of data sequence incorrect. Data at 3 locations expected. Data at 1 locations provided. Nodal data "
+        "request failed. ");
 }
 
 TEST_F(yld_FieldOrphanTest, setOfWhatIsTakenOutLivesInMemoryAlone)

@@ -24,7 +24,8 @@ yld_Sequence<yld_Sequence<float>> turnedSystem() { return rows({{0, 1, 0}, {-1, 
 TEST_F(yld_FieldOutputTest, nodalVectorComesBackFromTheFile)
 {
     yld_Frame frame = step().Frame(3, 0.25, "third increment");
-    yld_FieldOutput& u = frame.FieldOutput("U", "displacement", yld_Enum::VECTOR, {}, invariants({yld_Enum::MAGNITUDE}));
+    yld_FieldOutput& u =
+        frame.FieldOutput("U", "displacement", yld_Enum::VECTOR, {}, invariants({yld_Enum::MAGNITUDE}));
     u.addData(yld_Enum::NODAL, instance(), ints({20, 10, 120}), rows({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
     reopen();
 
@@ -147,7 +148,9 @@ TEST_F(yld_FieldOutputTest, shorterTensorRowsAreFilledUpAndLongerOnesRefused)
     yld_FieldOutput& s = frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL);
     s.addData(yld_Enum::CENTROID, instance(), ints({101}), rows({{1, 2, 3, 4}}));
     EXPECT_EQ(describe(s.values(0)), "n-1 e101 p-1: 1 2 3 4 0 0");
-    EXPECT_EQ(failureOf([&] { s.addData(yld_Enum::CENTROID, instance(), ints({102}), rows({{1, 2, 3, 4, 5, 6, 7}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  s.addData(yld_Enum::CENTROID, instance(), ints({102}), rows({{1, 2, 3, 4, 5, 6, 7}}));
+              }),
               "Incorrect tensor data length");
     EXPECT_EQ(failureOf([&] {
                   s.addData(yld_Enum::CENTROID, instance(), ints({101, 102}), rows({{1, 2, 3, 4}, {1, 2, 3}}));
@@ -162,9 +165,10 @@ TEST_F(yld_FieldOutputTest, lengthMessages)
     const auto add = [&](yld_Enum::yld_ResultPositionEnum position, const yld_Sequence<int>& labels, int count) {
         return failureOf([&] { s.addData(position, instance(), labels, counted(count)); });
     };
-    EXPECT_EQ(add(yld_Enum::NODAL, ints({10, 20}), 3),
-              "Length of data sequence incorrect. Data at 2 locations expected. Data at 3 locations provided. Nodal data "
-              "request failed. ");
+    EXPECT_EQ(
+        add(yld_Enum::NODAL, ints({10, 20}), 3),
+        "Length of data sequence incorrect. Data at 2 locations expected. Data at 3 locations provided. Nodal data "
+        "request failed. ");
     EXPECT_EQ(add(yld_Enum::INTEGRATION_POINT, ints({101}), 7),
               "Length of data sequence incorrect. Data at 8 locations expected. Data at 7 locations provided. Element "
               "data request failed. Element type is HEX8. Data at 8 integration points per element expected.");
@@ -180,14 +184,19 @@ TEST_F(yld_FieldOutputTest, rowsThatDoNotFitSeveralClasses)
 {
     yld_Frame frame = step().Frame(1, 1.0);
     yld_FieldOutput& s = frame.FieldOutput("S", "", yld_Enum::SCALAR);
-    EXPECT_EQ(failureOf([&] { s.addData(yld_Enum::CENTROID, instance(), ints({101, 7}), rows({{1}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  s.addData(yld_Enum::CENTROID, instance(), ints({101, 7}), rows({{1}}));
+              }),
               "Insufficient data sequences provided.");
     // The block that came before stays.
     EXPECT_EQ(s.values().size(), 1);
-    EXPECT_EQ(failureOf([&] { s.addData(yld_Enum::CENTROID, instance(), ints({101, 7}), rows({{1}, {2}, {3}})); }),
-              "field.addData() request not processed correctly. 2 data sequences written from the 3 supplied. Write data "
-              "for each element position, element type, and section definition separately for more detailed error "
-              "messages.");
+    EXPECT_EQ(
+        failureOf([&] {
+            s.addData(yld_Enum::CENTROID, instance(), ints({101, 7}), rows({{1}, {2}, {3}}));
+        }),
+        "field.addData() request not processed correctly. 2 data sequences written from the 3 supplied. Write data "
+        "for each element position, element type, and section definition separately for more detailed error "
+        "messages.");
 }
 
 TEST_F(yld_FieldOutputTest, widthMessages)
@@ -196,11 +205,17 @@ TEST_F(yld_FieldOutputTest, widthMessages)
     yld_FieldOutput& t = frame.FieldOutput("T", "", yld_Enum::SCALAR);
     yld_FieldOutput& u = frame.FieldOutput("U", "", yld_Enum::VECTOR);
     yld_FieldOutput& b = frame.FieldOutput("B", "", yld_Enum::BOOLEAN);
-    EXPECT_EQ(failureOf([&] { t.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  t.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2}}));
+              }),
               "SCALAR data should be of length 1.");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  u.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2}}));
+              }),
               "Data items should be of length 3");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, instance(), ints({10, 20}), rows({{1, 2, 3}, {1, 2}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  u.addData(yld_Enum::NODAL, instance(), ints({10, 20}), rows({{1, 2, 3}, {1, 2}}));
+              }),
               "Data items should be of length 3");
     EXPECT_EQ(failureOf([&] { b.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1}})); }),
               "Invalid results type for field.");
@@ -215,18 +230,25 @@ TEST_F(yld_FieldOutputTest, refusalsBeforeAnythingIsLookedAt)
                             yld_Sequence<yld_Sequence<float>>(), rows({{1, 2, 3}, {4, 5, 6}}));
               }),
               "Data and ConjugateData must have the same length.");
+    EXPECT_EQ(
+        failureOf([&] {
+            u.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2, 3}}), yld_SectionPoint(), unitSystem());
+        }),
+        "Transformation not allowed for scalar data.");
     EXPECT_EQ(failureOf([&] {
-                  u.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2, 3}}), yld_SectionPoint(), unitSystem());
+                  u.addData(yld_Enum::NODAL, instance(), ints({10, 11}), rows({{1, 2, 3}}));
               }),
-              "Transformation not allowed for scalar data.");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, instance(), ints({10, 11}), rows({{1, 2, 3}})); }),
               "Invalid node label 11");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::ELEMENT_FACE, instance(), ints({101}), rows({{1, 2, 3}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  u.addData(yld_Enum::ELEMENT_FACE, instance(), ints({101}), rows({{1, 2, 3}}));
+              }),
               "Invalid results position for field.");
     yld_FieldOutput orphan;
     EXPECT_EQ(failureOf([&] { orphan.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1}})); }),
               "addData() not valid for an orphaned object.");
-    EXPECT_EQ(failureOf([&] { u.addData(yld_Enum::NODAL, yld_Instance(), ints({10}), rows({{1, 2, 3}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  u.addData(yld_Enum::NODAL, yld_Instance(), ints({10}), rows({{1, 2, 3}}));
+              }),
               "Instance \"\" does not exists in this yld.");
 }
 
@@ -267,7 +289,8 @@ TEST_F(yld_FieldOutputTest, localSystemsComeBackAsCosines)
     systems.append(turnedSystem());
     s.addData(yld_Enum::CENTROID, instance(), ints({101, 102}), rows({{1, 2, 3, 4, 5, 6}, {6, 5, 4, 3, 2, 1}}),
               yld_SectionPoint(), systems);
-    s.addData(yld_Enum::CENTROID, instance(), ints({7}), rows({{1, 1, 1, 1, 1, 1}}), yld_SectionPoint(), turnedSystem());
+    s.addData(yld_Enum::CENTROID, instance(), ints({7}), rows({{1, 1, 1, 1, 1, 1}}), yld_SectionPoint(),
+              turnedSystem());
     reopen();
     const yld_FieldOutput& read = field("S");
     EXPECT_TRUE(read.hasLocalCoordSystem());
@@ -336,7 +359,8 @@ TEST_F(yld_FieldOutputTest, wrongNumberOfLocalSystems)
     systems.append(unitSystem());
     EXPECT_EQ(failureOf([&] {
                   s.addData(yld_Enum::NODAL, instance(), ints({10, 20, 30}),
-                            rows({{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}}), yld_SectionPoint(), systems);
+                            rows({{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}}), yld_SectionPoint(),
+                            systems);
               }),
               "Coordinate system definition should be of length 0, 1, or the same length as the data array.");
 }
@@ -345,7 +369,8 @@ TEST_F(yld_FieldOutputTest, matricesKnowTheirShape)
 {
     yld_Frame frame = step().Frame(1, 1.0);
     frame.MatrixOutput("M", "", 3, 2).addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2, 3, 4, 5, 6}}));
-    frame.SymmetricMatrixOutput("K", "", 3).addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2, 3, 4, 5, 6}}));
+    frame.SymmetricMatrixOutput("K", "", 3)
+        .addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2, 3, 4, 5, 6}}));
     frame.VectorOutput("W", "", 5).addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2, 3, 4, 5}}));
     reopen();
     const yld_FieldOutput& m = field("M");
@@ -376,13 +401,15 @@ TEST_F(yld_FieldOutputTest, plainArraysGiveTheSameAsSequences)
     u.addBulkData(yld_Enum::NODAL, instance(), labels, 2, data, 2, 3, yld_SectionPoint(), conjugate);
     EXPECT_EQ(describe(u.values(1)), "n10 e-1 p-1: 4 5 6");
     EXPECT_EQ(u.values(1).data().floatConjugate()[1], -5.0F);
-    EXPECT_EQ(failureOf([&] { u.addBulkData(yld_Enum::NODAL, instance(), labels, 2, data, 3, 2); }),
-              "Length of data sequence incorrect. Data at 2 locations expected. Data at 3 locations provided. Nodal data "
-              "request failed. ");
+    EXPECT_EQ(
+        failureOf([&] { u.addBulkData(yld_Enum::NODAL, instance(), labels, 2, data, 3, 2); }),
+        "Length of data sequence incorrect. Data at 2 locations expected. Data at 3 locations provided. Nodal data "
+        "request failed. ");
     EXPECT_EQ(failureOf([&] { u.addBulkData(yld_Enum::NODAL, instance(), labels, 2, data, 2, 2); }),
               "Data items should be of length 3");
     const int bad[] = {20, 11};
-    EXPECT_EQ(failureOf([&] { u.addBulkData(yld_Enum::NODAL, instance(), bad, 2, data, 2, 3); }), "Invalid node label 11");
+    EXPECT_EQ(failureOf([&] { u.addBulkData(yld_Enum::NODAL, instance(), bad, 2, data, 2, 3); }),
+              "Invalid node label 11");
 }
 
 TEST_F(yld_FieldOutputTest, setOfTheDataIsInternalAndNumbered)
@@ -491,8 +518,8 @@ TEST_F(yld_FieldOutputTest, planarFieldThatReceivesAFullBlockBecomesFull)
     planar.addData(yld_Enum::CENTROID, instance(), ints({301}), rows({{1, 2, 3, 4}}));
     // The same name as a full tensor, as a solver would write it: a field of another frame handle.
     yld_FieldOutput full("S", "", yld_Enum::TENSOR_3D_FULL, planar.componentLabels(),
-                         invariants({yld_Enum::MISES, yld_Enum::PRESS, yld_Enum::MAX_PRINCIPAL}),
-                         step().assembly(), frame.fieldOutputs().fieldFrame(), frame.fieldOutputs().fieldStep(), 0, 0, 0,
+                         invariants({yld_Enum::MISES, yld_Enum::PRESS, yld_Enum::MAX_PRINCIPAL}), step().assembly(),
+                         frame.fieldOutputs().fieldFrame(), frame.fieldOutputs().fieldStep(), 0, 0, 0,
                          yld_Enum::UNDEFINED_DATASUBTYPE);
     full.addData(yld_Enum::CENTROID, instance(), ints({101}), rows({{1, 2, 3, 4, 5, 6}}));
 
@@ -523,7 +550,8 @@ TEST_F(yld_FieldOutputTest, descriptionsAreSharedByFrames)
     for (int i = 0; i < 3; ++i) {
         yld_Frame frame = step().Frame(i, 0.1 * i);
         yld_FieldOutput& u = frame.FieldOutput("U", "", yld_Enum::VECTOR);
-        u.addData(yld_Enum::NODAL, instance(), ints({30, 10, 20}), rows({{1, 2, 3}, {4, 5, 6}, {7, 8, static_cast<float>(i)}}));
+        u.addData(yld_Enum::NODAL, instance(), ints({30, 10, 20}),
+                  rows({{1, 2, 3}, {4, 5, 6}, {7, 8, static_cast<float>(i)}}));
         yld_FieldOutput& v = frame.FieldOutput("V", "", yld_Enum::SCALAR);
         v.addData(yld_Enum::CENTROID, instance(), ints({7, 101, 5}), rows({{1}, {2}, {static_cast<float>(i)}}));
     }

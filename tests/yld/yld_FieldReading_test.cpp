@@ -85,7 +85,8 @@ TEST_F(yld_FieldReadingTest, manyRowsAreReadWhole)
 {
     const int count = 12;
     m_frame.FieldOutput("T", "", yld_Enum::SCALAR)
-        .addData(yld_Enum::NODAL, instance(), ints({10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120}), counted(count));
+        .addData(yld_Enum::NODAL, instance(), ints({10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120}),
+                 counted(count));
     forget();
     reopen();
     const yld_FieldOutput& t = field("T");
@@ -220,19 +221,21 @@ TEST_F(yld_FieldReadingTest, valuesCostNoMemoryBesideTheirOwn)
     EXPECT_EQ(countOfAllocations() - before, 1) << *one;
 
     yld_FieldOutput& s = m_frame.FieldOutput("S", "", yld_Enum::TENSOR_3D_FULL);
-    s.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101, 102}),
-              [] {
-                  yld_Sequence<yld_Sequence<float>> data;
-                  for (int i = 0; i < 16; ++i) data.append(floats({1, 2, 3, 4, 5, 6}));
-                  return data;
-              }(),
-              yld_SectionPoint(), rows({{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}));
+    s.addData(
+        yld_Enum::INTEGRATION_POINT, instance(), ints({101, 102}),
+        [] {
+            yld_Sequence<yld_Sequence<float>> data;
+            for (int i = 0; i < 16; ++i) data.append(floats({1, 2, 3, 4, 5, 6}));
+            return data;
+        }(),
+        yld_SectionPoint(), rows({{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}));
     EXPECT_EQ(allocationsOf(s), 0);
     yld_FieldOutput& u = m_frame.FieldOutput("U", "", yld_Enum::VECTOR);
     u.addData(yld_Enum::NODAL, instance(), ints({10, 20}), rows({{1, 2, 3}, {4, 5, 6}}), yld_SectionPoint(),
               yld_Sequence<yld_Sequence<float>>(), rows({{-1, -2, -3}, {-4, -5, -6}}));
     EXPECT_EQ(allocationsOf(u), 0);
-    fld_FieldDescription description = describe("D", fld_DataTypeEnm::TENSOR_3D_FULL, fld_OutputPositionEnm::WHOLE_MODEL, 2);
+    fld_FieldDescription description =
+        describe("D", fld_DataTypeEnm::TENSOR_3D_FULL, fld_OutputPositionEnm::WHOLE_MODEL, 2);
     BlockNumbers numbers;
     numbers.isDouble = true;
     numbers.values = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};

@@ -38,8 +38,7 @@ TEST_F(yld_FieldSubsetTest, filtersShareTheBlocksAndReadNothing)
 
 TEST_F(yld_FieldSubsetTest, subsetIsAnOrphanWithEverythingElseOfItsField)
 {
-    yld_FieldOutput& s =
-        m_frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL, {}, invariants({yld_Enum::INV3}));
+    yld_FieldOutput& s = m_frame.FieldOutput("S", "stress", yld_Enum::TENSOR_3D_FULL, {}, invariants({yld_Enum::INV3}));
     s.addData(yld_Enum::CENTROID, instance(), ints({101, 102}), rows({{1, 2, 3, 4, 5, 6}, {6, 5, 4, 3, 2, 1}}));
     s.addData(yld_Enum::NODAL, instance(), ints({10}), rows({{1, 2, 3, 4, 5, 6}}));
     const yld_FieldOutput part = s.getSubset(yld_Enum::CENTROID);
@@ -146,8 +145,8 @@ TEST_F(yld_FieldSubsetTest, setOfTheSameNameOnAnotherInstanceCountsAsTheBlocksOw
     fld_FieldDescription description = describe("T", fld_DataTypeEnm::SCALAR, fld_OutputPositionEnm::NODAL, 2);
     description.m_instance = second.instance().shortCut();
     description.m_set = second.instance().mesh().nset("same").shortCut();
-    const yld_FieldOutput t = fieldOf(
-        {yld_SubField(0, writeBlock(m_frame, description, 0, {1, 2}), step().assembly(), yld_Enum::SCALAR)});
+    const yld_FieldOutput t =
+        fieldOf({yld_SubField(0, writeBlock(m_frame, description, 0, {1, 2}), step().assembly(), yld_Enum::SCALAR)});
     EXPECT_EQ(valuesOf(t.getSubset(here)), "n20 1; n30 2; ");
 }
 
@@ -276,7 +275,7 @@ TEST_F(yld_FieldSubsetTest, intersectionWalksTheShorterOfTwoListsTakenForAscendi
     yld_SubField block(t.SubField()[0]);
     block.setIndices(ints({4, 1, 2}));
     const yld_FieldOutput part = fieldOf({block});
-    yld_Set& two = instance().NodeSet("two", ints({20, 30})); // places 1, 2
+    yld_Set& two = instance().NodeSet("two", ints({20, 30}));           // places 1, 2
     yld_Set& many = instance().NodeSet("many", ints({20, 30, 40, 50})); // places 1 to 4
     // The new list is walked: 1 and 2 are behind 4, which the walk does not pass.
     EXPECT_EQ(part.getSubset(two).values().size(), 0);
@@ -314,8 +313,9 @@ TEST_F(yld_FieldSubsetTest, elementGivesAllItsValues)
     s.addData(yld_Enum::CENTROID, instance(), ints({101, 7}), counted(2, 101));
     s.addData(yld_Enum::NODAL, instance(), ints({10}), counted(1, 201));
     const yld_FieldOutput part = s.getSubset(instance().getElementFromLabel(101));
-    EXPECT_EQ(valuesOf(part),
-              "e101 p1 9; e101 p2 10; e101 p3 11; e101 p4 12; e101 p5 13; e101 p6 14; e101 p7 15; e101 p8 16; e101 101; ");
+    EXPECT_EQ(
+        valuesOf(part),
+        "e101 p1 9; e101 p2 10; e101 p3 11; e101 p4 12; e101 p5 13; e101 p6 14; e101 p7 15; e101 p8 16; e101 101; ");
     EXPECT_EQ(part.SubField()[0].indices().size(), 8);
     EXPECT_EQ(s.getSubset(instance().getElementFromLabel(302)).values().size(), 0);
     EXPECT_EQ(s.getSubset(yld_Element()).values().size(), 0);
@@ -356,9 +356,8 @@ TEST_F(yld_FieldSubsetTest, surfaceBlocksGoWithSurfacesByTheirElements)
 {
     BlockNumbers numbers;
     numbers.values = {1, 2, 3};
-    const yld_SubField faces =
-        blockOn(surface("own", {101, 101, 102}, {0, 2, 4}), fld_DataTypeEnm::SCALAR, fld_OutputPositionEnm::ELEMENT_FACE, 3,
-                numbers, yld_Enum::SCALAR);
+    const yld_SubField faces = blockOn(surface("own", {101, 101, 102}, {0, 2, 4}), fld_DataTypeEnm::SCALAR,
+                                       fld_OutputPositionEnm::ELEMENT_FACE, 3, numbers, yld_Enum::SCALAR);
     const yld_FieldOutput t = fieldOf({faces});
     yld_Sequence<yld_Enum::yld_ElementFaceEnum> second;
     second.append(yld_Enum::FACE2);
@@ -408,11 +407,11 @@ TEST_F(yld_FieldSubsetTest, localSystemChoosesTheValuesThatHaveIt)
     for (const double angle : {0.0, 0.5, 0.0}) {
         for (const double component : turned(angle)) numbers.systems.push_back(component);
     }
-    const yld_SubField tensors =
-        blockOn(nodeSet("own", {10, 20, 30}), fld_DataTypeEnm::TENSOR_3D_FULL, fld_OutputPositionEnm::NODAL, 3, numbers,
-                yld_Enum::TENSOR_3D_FULL);
+    const yld_SubField tensors = blockOn(nodeSet("own", {10, 20, 30}), fld_DataTypeEnm::TENSOR_3D_FULL,
+                                         fld_OutputPositionEnm::NODAL, 3, numbers, yld_Enum::TENSOR_3D_FULL);
     newField("N").addData(yld_Enum::NODAL, instance(), ints({40}), rows({{9}}));
-    const yld_FieldOutput t = fieldOf({tensors, m_frame.fieldOutputs().get("N").SubField()[0]}, yld_Enum::TENSOR_3D_FULL);
+    const yld_FieldOutput t =
+        fieldOf({tensors, m_frame.fieldOutputs().get("N").SubField()[0]}, yld_Enum::TENSOR_3D_FULL);
     const yld_Sequence<yld_Sequence<float>> none = t.values(0).localCoordSystem();
     const yld_Sequence<yld_Sequence<float>> half = t.values(1).localCoordSystem();
     ASSERT_EQ(none.size(), 3);
@@ -440,7 +439,9 @@ TEST_F(yld_FieldSubsetTest, localSystemsOfDoubleValuesAreRefused)
     numbers.values = {1, 2};
     const yld_FieldOutput t = fieldOf({blockOn(nodeSet("own", {10, 20}), fld_DataTypeEnm::SCALAR,
                                                fld_OutputPositionEnm::NODAL, 2, numbers, yld_Enum::SCALAR)});
-    EXPECT_EQ(failureOf([&] { t.getSubset(rows({{1, 0, 0}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  t.getSubset(rows({{1, 0, 0}}));
+              }),
               "Data is double precision.  Use localCoordSystemDouble");
 }
 
@@ -493,7 +494,8 @@ TEST_F(yld_FieldSubsetTest, blocksOfTheAssemblyBelongToNoInstance)
 {
     yld_Assembly& root = m_yld->rootAssembly();
     root.addNodes(ints({900}), rows({{5, 5, 5}}));
-    root.addElements(ints({901, 902}), connectivity({{900, 10}, {900, 20}}), texts({"", "block-1", "", "block-1"}), "CONN3D2");
+    root.addElements(ints({901, 902}), connectivity({{900, 10}, {900, 20}}), texts({"", "block-1", "", "block-1"}),
+                     "CONN3D2");
     const sto_Assembly stored = step().assembly().ConstGet();
     sto_Mesh mesh = stored.mesh();
     const int labels[] = {901, 902};
@@ -526,7 +528,8 @@ TEST_F(yld_FieldSubsetTest, valuesAtIntegrationPointsAloneAreNotMoved)
 {
     yld_FieldOutput& s = newField("S");
     s.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({101}), counted(8));
-    const char* const message = "The 8 values of field \"S\" at integration points cannot be moved to another position.";
+    const char* const message =
+        "The 8 values of field \"S\" at integration points cannot be moved to another position.";
     EXPECT_EQ(failureOf([&] { s.getSubset(yld_Enum::CENTROID); }), message);
     EXPECT_EQ(failureOf([&] { s.getSubset(yld_Enum::ELEMENT_NODAL, false, false); }), message);
     EXPECT_EQ(s.values().size(), 8);

@@ -26,10 +26,16 @@ struct Shape
 const std::vector<Shape>& shapes()
 {
     static const std::vector<Shape> all = {
-        {"HEX8", {101, 102, 104}, {{10, 20, 30, 40, 50, 60, 70, 80}, {50, 60, 70, 80, 90, 100, 110, 120},
-                                   {10, 20, 30, 40, 90, 100, 110, 120}}, 8, {4, 4, 4, 4, 4, 4}},
+        {"HEX8",
+         {101, 102, 104},
+         {{10, 20, 30, 40, 50, 60, 70, 80}, {50, 60, 70, 80, 90, 100, 110, 120}, {10, 20, 30, 40, 90, 100, 110, 120}},
+         8,
+         {4, 4, 4, 4, 4, 4}},
         {"TET4", {5, 7}, {{10, 20, 30, 50}, {20, 30, 40, 60}}, 1, {1, 1, 1, 1}},
-        {"WEDGE6", {201, 202, 203}, {{10, 20, 30, 50, 60, 70}, {50, 60, 70, 90, 100, 110}, {10, 30, 40, 50, 70, 80}}, 2,
+        {"WEDGE6",
+         {201, 202, 203},
+         {{10, 20, 30, 50, 60, 70}, {50, 60, 70, 90, 100, 110}, {10, 30, 40, 50, 70, 80}},
+         2,
          {4, 4, 4, 1, 1}},
         {"PYRAMID5", {251, 252}, {{10, 20, 30, 40, 50}, {50, 60, 70, 80, 90}}, 5, {1, 1, 1, 1, 4}},
         {"SHELL4", {301, 302}, {{10, 20, 30, 40}, {50, 60, 70, 80}}, 4, {}},
@@ -163,7 +169,8 @@ void expectValue(const yld_FieldValue& value, const Row& row, yld_Enum::yld_Data
     EXPECT_EQ(value.sectionPoint().number(), row.sectionNumber);
     EXPECT_STREQ(value.sectionPoint().description().cStr(), row.sectionText.c_str());
     const auto numbers = [](const yld_FieldValueData& data) {
-        return data.doubleData() ? numbersOf(data.doubleData(), data.length()) : numbersOf(data.floatData(), data.length());
+        return data.doubleData() ? numbersOf(data.doubleData(), data.length())
+                                 : numbersOf(data.floatData(), data.length());
     };
     EXPECT_EQ(value.data().doubleData() != nullptr, row.isDouble);
     EXPECT_EQ(numbers(value.data()), kept(row.data, row.isDouble));
@@ -413,7 +420,8 @@ protected:
         fld_FieldDescription description;
         description.m_instance = on.shortCut();
         description.m_locationIndex = section;
-        const sto_Set set = on.Elset("own " + std::to_string(m_nextKey), labels.data(), static_cast<int>(labels.size()), true);
+        const sto_Set set =
+            on.Elset("own " + std::to_string(m_nextKey), labels.data(), static_cast<int>(labels.size()), true);
         description.m_set = set.shortCut();
         description.m_classIndex = set.subSet(0).classIndex();
         write(field, rows, description, isDouble);
@@ -466,7 +474,7 @@ protected:
             Row row;
             write(field, {row}, {}, isDouble);
         } else if (at.position == yld_Enum::NODAL) {
-            writeNodal(field, "block-1", {10, 20, 50, 60}, isDouble);   // scattered
+            writeNodal(field, "block-1", {10, 20, 50, 60}, isDouble);     // scattered
             writeNodal(field, "block-2", {20, 30, 40, 50, 60}, isDouble); // a stretch
         } else if (isOnFaces(at.position)) {
             writeFaces(field, "block-1", hexahedra, {{0, 0}, {1, 5}, {2, 0}, {2, 3}}, isDouble);
@@ -572,9 +580,8 @@ protected:
             expectChosen(field, read.getSubset(someElements).getSubset(first.elementSets().constGet("other elements")),
                          filtered(field.blocks, isBoth));
             expectChosen(field, read.getSubset(yld_String("HEX8")).getSubset(someElements),
-                         filtered(field.blocks, [&](const Row& row) {
-                             return isSomeElement(row) && row.elementType == "HEX8";
-                         }));
+                         filtered(field.blocks,
+                                  [&](const Row& row) { return isSomeElement(row) && row.elementType == "HEX8"; }));
         }
         {
             SCOPED_TRACE("element");

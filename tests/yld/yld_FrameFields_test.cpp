@@ -46,7 +46,8 @@ protected:
     yld_Frame frameOn(const yld_Yld& other)
     {
         const shr_ArrayCOW<sto_Assembly> assembly(other.sto().model("Default Model").rootAssembly());
-        return yld_Frame(0, shr_COW<sto_Frame>(step().step()->frame(0)), assembly, yld_Enum::TIME, step(), yld_LoadCase());
+        return yld_Frame(0, shr_COW<sto_Frame>(step().step()->frame(0)), assembly, yld_Enum::TIME, step(),
+                         yld_LoadCase());
     }
 
     static std::string fileOfBlock(const yld_FieldOutput& field)

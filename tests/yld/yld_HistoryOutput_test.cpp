@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr const char* orphanMessage =
-    "Cannot add data to an orphan history object. The object was likely created using the getSubset method, or by a C++ "
-    "user who did not use the reference to the history objects.";
+constexpr const char* orphanMessage = "Cannot add data to an orphan history object. The object was likely created "
+                                      "using the getSubset method, or by a C++ "
+                                      "user who did not use the reference to the history objects.";
 constexpr const char* lengthMessage = "Data sequences added to a history variable should be of equal length.";
 constexpr const char* widthMessage = "Data added to a history variable should be of width 2";
 constexpr const char* unequalWarning = "Warning: History time and data array of unequal length.\n";
@@ -309,7 +309,8 @@ TEST_F(yld_HistoryOutputTest, piecesAreReadWherever)
     }
     EXPECT_EQ(curve().getSubset(count - 3.0).data().size(), 2);
     EXPECT_EQ(curve().getSubset(-1.0, 9000.0).data().size(), 9000);
-    for (const auto& [from, size] : std::vector<std::pair<long long, long long>>{{count, 1}, {-1, 1}, {0, -1}, {1, count}}) {
+    for (const auto& [from, size] :
+         std::vector<std::pair<long long, long long>>{{count, 1}, {-1, 1}, {0, -1}, {1, count}}) {
         EXPECT_EQ(failureOf([&, f = from, s = size] { curve().readData(f, s, times, values); }), "Index out of range.");
     }
     curve().readData(count, 0, times, values);

@@ -118,8 +118,7 @@ TEST_F(yld_HistoryPointTest, atANodeOfAnElement)
     const yld_HistoryPoint point(element(101), node(10));
     EXPECT_EQ(quietPosition(point), yld_Enum::ELEMENT_NODAL);
     // The long text of an element leaves its node out.
-    EXPECT_EQ(texts(placed(point)),
-              "Element block-1.101 Node block-1.10 | Output at instance block-1 element 101");
+    EXPECT_EQ(texts(placed(point)), "Element block-1.101 Node block-1.10 | Output at instance block-1 element 101");
 }
 
 TEST_F(yld_HistoryPointTest, atASectionPoint)
@@ -145,8 +144,7 @@ TEST_F(yld_HistoryPointTest, atAFace)
 {
     const yld_HistoryPoint point(element(101), yld_Enum::FACE3);
     EXPECT_EQ(quietPosition(point), yld_Enum::ELEMENT_FACE);
-    EXPECT_EQ(texts(placed(point)),
-              "Element block-1.101 Face 13 | Output at instance block-1 element 101 face 13");
+    EXPECT_EQ(texts(placed(point)), "Element block-1.101 Face 13 | Output at instance block-1 element 101 face 13");
     EXPECT_EQ(quietPosition(yld_HistoryPoint(element(101), yld_Enum::FACE3, 0)), yld_Enum::ELEMENT_FACE);
     const yld_HistoryPoint atPoint(element(101), yld_Enum::SIDE2, 4);
     EXPECT_EQ(quietPosition(atPoint), yld_Enum::ELEMENT_FACE_INTEGRATION_POINT);
@@ -284,7 +282,8 @@ TEST_F(yld_HistoryPointTest, storedAtAnIntegrationPoint)
 
 TEST_F(yld_HistoryPointTest, storedAtAFace)
 {
-    const yld_HistoryPoint solid = pointOf({.type = 3, .classIndex = 0, .elementNumber = 0, .integrationPoint = 3, .face = 5});
+    const yld_HistoryPoint solid =
+        pointOf({.type = 3, .classIndex = 0, .elementNumber = 0, .integrationPoint = 3, .face = 5});
     EXPECT_EQ(quietPosition(solid), yld_Enum::ELEMENT_FACE);
     EXPECT_EQ(solid.face(), yld_Enum::FACE6);
     EXPECT_EQ(solid.ipNumber(), 0);
@@ -299,8 +298,7 @@ TEST_F(yld_HistoryPointTest, facesInThePlaneAreEdges)
     yld_Part& part = m_yld->Part("plate", yld_Enum::TWO_D_PLANAR, yld_Enum::DEFORMABLE_BODY);
     part.addNodes(ints({1, 2, 3, 4}), rows({{0, 0}, {1, 0}, {1, 1}, {0, 1}}));
     part.addElements(ints({9}), connectivity({{1, 2, 3, 4}}), "QUAD4");
-    const lnk_ShortCut<mshK_PartInstance> plate =
-        m_yld->rootAssembly().Instance("plate-1", part).instance().shortCut();
+    const lnk_ShortCut<mshK_PartInstance> plate = m_yld->rootAssembly().Instance("plate-1", part).instance().shortCut();
     const auto faceOf = [&](int facet) {
         const sto_HistoryStep store = step().step()->historyStep();
         fld_History like;
@@ -342,7 +340,8 @@ TEST_F(yld_HistoryPointTest, storedAtAnElementNode)
 TEST_F(yld_HistoryPointTest, storedAtAnElement)
 {
     for (const int type : {5, 6}) {
-        const yld_HistoryPoint point = pointOf({.type = type, .classIndex = 1, .elementNumber = 1, .integrationPoint = 3});
+        const yld_HistoryPoint point =
+            pointOf({.type = type, .classIndex = 1, .elementNumber = 1, .integrationPoint = 3});
         EXPECT_EQ(quietPosition(point), yld_Enum::WHOLE_ELEMENT) << type;
         EXPECT_TRUE(point == yld_HistoryPoint(element(5))) << type;
     }
@@ -394,8 +393,9 @@ TEST_F(yld_HistoryPointTest, storedPlacesComeBackFromAnotherSession)
     // Every code, in both precisions.
     for (const int storageType : {0, 1}) {
         for (const int type : {1, 2, 3, 4, 5, 6, 8, 9, 12, 16, 17}) {
-            stored({.type = type, .classIndex = 0, .elementNumber = 1, .nodeNumber = 5, .integrationPoint = 1, .face = 2},
-                   storageType);
+            stored(
+                {.type = type, .classIndex = 0, .elementNumber = 1, .nodeNumber = 5, .integrationPoint = 1, .face = 2},
+                storageType);
         }
     }
     reopen();

@@ -1,9 +1,9 @@
 #include "platform/sto/sto_HistoryStep.h"
 #include "platform/sto/sto_Set.h"
 #include "platform/sto/sto_Step.h"
+#include "platform/sto/sto_Sto.h"
 #include "platform/store/fio_Database.h"
 #include "platform/store/fio_File.h"
-#include "platform/sto/sto_Sto.h"
 #include "result_model.h"
 
 #include <algorithm>
@@ -130,7 +130,8 @@ TEST_F(yld_HistoryRegionTest, subsetsAreOrphans)
 TEST_F(yld_HistoryRegionPersTest, onlyScalarsAreAllowedWhateverThePlace)
 {
     yld_HistoryRegion& here = step().HistoryRegion("here", "", yld_HistoryPoint(element(101), node(10)));
-    for (const auto type : {yld_Enum::VECTOR, yld_Enum::BOOLEAN, yld_Enum::TENSOR_3D_FULL, yld_Enum::UNDEFINED_DATATYPE}) {
+    for (const auto type :
+         {yld_Enum::VECTOR, yld_Enum::BOOLEAN, yld_Enum::TENSOR_3D_FULL, yld_Enum::UNDEFINED_DATATYPE}) {
         EXPECT_EQ(failureOf([&] { here.HistoryOutput("u", "", type); }),
                   "Only SCALAR data allowed for a historyVariable object.");
     }
@@ -224,8 +225,7 @@ TEST_F(yld_HistoryRegionPersTest, curvesAtIntegrationPoints)
     EXPECT_EQ(store().history(1).elementClass().classIndex(), 2);
     reopen();
     EXPECT_TRUE(region("solid").historyPoint() == yld_HistoryPoint(element(102), 3));
-    EXPECT_TRUE(region("shell").historyPoint() ==
-                yld_HistoryPoint(element(301), 1, yld_SectionPoint(2, "top")));
+    EXPECT_TRUE(region("shell").historyPoint() == yld_HistoryPoint(element(301), 1, yld_SectionPoint(2, "top")));
     EXPECT_STREQ(region("shell").description().cStr(),
                  "Output at instance block-1 element 301 integration point 1 section point 2");
 }
@@ -285,7 +285,8 @@ TEST_F(yld_HistoryRegionPersTest, curvesAtNoPlaceComeBackUnderTheirRegion)
               "");
     EXPECT_EQ(store().history(0).type(), 0);
     reopen();
-    EXPECT_EQ(warningsOf([&] { EXPECT_EQ(regionNames(), "somewhere"); }), "Warning: Unknown History Output position.\n");
+    EXPECT_EQ(warningsOf([&] { EXPECT_EQ(regionNames(), "somewhere"); }),
+              "Warning: Unknown History Output position.\n");
     EXPECT_STREQ(region("somewhere").historyPoint().name().cStr(), "a curve : rpm");
     EXPECT_STREQ(region("somewhere").description().cStr(), "a curve : rpm");
     EXPECT_EQ(warningsOf([&] { region("somewhere").historyPoint().position(); }), undefinedWarning);
@@ -372,8 +373,7 @@ TEST_F(yld_StepHistoryTest, aNewRegionGetsTheInstanceOfItsNodeOrElement)
     EXPECT_EQ(instanceOf("h", ofPart), "block-2");
     // An instance placed after the first look is found.
     m_yld->rootAssembly().Instance("block-3", m_yld->parts().get("block"));
-    EXPECT_EQ(instanceOf("i", yld_HistoryPoint(
-                                  m_yld->rootAssembly().instances().get("block-3").getNodeFromLabel(50))),
+    EXPECT_EQ(instanceOf("i", yld_HistoryPoint(m_yld->rootAssembly().instances().get("block-3").getNodeFromLabel(50))),
               "block-3");
     // The caller's point is not touched.
     const yld_HistoryPoint mine(node(50));
@@ -496,18 +496,18 @@ TEST_F(yld_StepHistoryTest, furtherRegionsAtAPlaceAreToldOf)
     step().HistoryRegion("0", "", node(50));
     step().HistoryRegion("z", "", node(60));
     const yld_HistoryPoint point = region("a").historyPoint();
-    const std::string each = "Warning: Multiple HistoryRegions found for point \"Output at instance block-1 node 50\".The "
-                             "first HistoryRegion found will be retrieved.\n";
+    const std::string each =
+        "Warning: Multiple HistoryRegions found for point \"Output at instance block-1 node 50\".The "
+        "first HistoryRegion found will be retrieved.\n";
     EXPECT_EQ(warningsOf([&] { EXPECT_STREQ(step().getHistoryRegion(point).name().cStr(), "0"); }), each + each + each);
     // The text is that of the point that was asked for.
     EXPECT_EQ(warningsOf([&] { step().getHistoryRegion(yld_HistoryPoint(node(50))); }).substr(0, 75),
               "Warning: Multiple HistoryRegions found for point \"Output at node 50\".The fi");
     const std::string eachCase = "Warning: Multiple HistoryRegions found for point \"Output at instance block-1 node "
                                  "50\" and loadCase \"pull\". The first HistoryRegion found will be retrieved.\n";
-    EXPECT_EQ(warningsOf([&] {
-                  EXPECT_STREQ(step().getHistoryRegion(point, yld_LoadCase("pull")).name().cStr(), "a");
-              }),
-              eachCase + eachCase);
+    EXPECT_EQ(
+        warningsOf([&] { EXPECT_STREQ(step().getHistoryRegion(point, yld_LoadCase("pull")).name().cStr(), "a"); }),
+        eachCase + eachCase);
     EXPECT_EQ(warningsOf([&] { EXPECT_STREQ(step().getHistoryRegion(point, yld_LoadCase()).name().cStr(), "0"); }), "");
 }
 

@@ -10,7 +10,10 @@ namespace {
 class yld_InstanceTest : public ::testing::Test
 {
 protected:
-    yld_InstanceTest() : part(model.parts->Part("P", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY)) { addTwoHexes(part); }
+    yld_InstanceTest() : part(model.parts->Part("P", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY))
+    {
+        addTwoHexes(part);
+    }
 
     void expectAt(const yld_Node& node, float x, float y, float z)
     {
@@ -72,8 +75,8 @@ TEST_F(yld_InstanceTest, quarterTurnAboutZAndShift)
     model.assembly->Instance("P-1", part, rows<float>({{0, 2, 0}, {-5, 0, 0}, {0, 0, 0.5f}, {10, 20, 30}}));
     const auto check = [this](yld_Instance& instance) {
         expectAt(instance.getNodeFromLabel(1), 10, 20, 30);
-        expectAt(instance.getNodeFromLabel(5), 10, 21, 30);  // (1,0,0)
-        expectAt(instance.getNodeFromLabel(11), 9, 22, 31);  // (2,1,1)
+        expectAt(instance.getNodeFromLabel(5), 10, 21, 30); // (1,0,0)
+        expectAt(instance.getNodeFromLabel(11), 9, 22, 31); // (2,1,1)
     };
     check(model.instance("P-1"));
     const std::vector<double> placement = model.instance("P-1").instance().placement();
@@ -88,9 +91,9 @@ TEST_F(yld_InstanceTest, quarterTurnAboutZAndShift)
 TEST_F(yld_InstanceTest, turnAboutTheDiagonalTakesTheAxesInACircle)
 {
     model.assembly->Instance("P-1", part, rows<float>({{0, 1, 0}, {0, 0, 1}, {1, 0, 0}, {0, 0, 0}}));
-    expectAt(model.instance("P-1").getNodeFromLabel(5), 0, 1, 0);  // x becomes y
-    expectAt(model.instance("P-1").getNodeFromLabel(2), 0, 0, 1);  // (0,1,0): y becomes z
-    expectAt(model.instance("P-1").getNodeFromLabel(4), 1, 0, 0);  // (0,0,1): z becomes x
+    expectAt(model.instance("P-1").getNodeFromLabel(5), 0, 1, 0); // x becomes y
+    expectAt(model.instance("P-1").getNodeFromLabel(2), 0, 0, 1); // (0,1,0): y becomes z
+    expectAt(model.instance("P-1").getNodeFromLabel(4), 1, 0, 0); // (0,0,1): z becomes x
 }
 
 TEST_F(yld_InstanceTest, halfTurnsAboutEachAxis)
@@ -99,8 +102,8 @@ TEST_F(yld_InstanceTest, halfTurnsAboutEachAxis)
     for (int axis = 0; axis < 3; ++axis) {
         const float* s = turns[axis];
         const yld_String name(("turn" + std::to_string(axis)).c_str());
-        yld_Instance& instance = model.assembly->Instance(
-            name, part, rows<float>({{s[0], 0, 0}, {0, s[1], 0}, {0, 0, s[2]}, {0, 0, 0}}));
+        yld_Instance& instance =
+            model.assembly->Instance(name, part, rows<float>({{s[0], 0, 0}, {0, s[1], 0}, {0, 0, s[2]}, {0, 0, 0}}));
         expectAt(instance.getNodeFromLabel(11), 2 * s[0], s[1], s[2]);
     }
 }
@@ -120,17 +123,20 @@ TEST_F(yld_InstanceTest, baseVectorOfNoLengthDividesByZero)
 
 TEST_F(yld_InstanceTest, coordinateSystemsAreChecked)
 {
-    EXPECT_EQ(raised([&] { model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, 1, 0}, {0, 0, 1}})); }),
+    EXPECT_EQ(raised([&] {
+                  model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}));
+              }),
               "localCoordSystem should contain 4 sequences.");
     EXPECT_EQ(raised([&] {
                   model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, 1}, {0, 0, 1}, {0, 0, 0}}));
               }),
               "Coord system base vectors should be of length 3.");
     for (const float odd : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
-        EXPECT_EQ(raised([&] {
-                      model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, odd, 0}, {0, 0, 1}, {0, 0, 0}}));
-                  }),
-                  "The coordinate system of part instance \"P-1\" has entries that are not numbers.");
+        EXPECT_EQ(
+            raised([&] {
+                model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, odd, 0}, {0, 0, 1}, {0, 0, 0}}));
+            }),
+            "The coordinate system of part instance \"P-1\" has entries that are not numbers.");
         EXPECT_EQ(raised([&] {
                       model.assembly->Instance("P-1", part, rows<float>({{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {0, odd}}));
                   }),
@@ -167,8 +173,7 @@ TEST_F(yld_InstanceTest, setsOfItsOwn)
     EXPECT_EQ(raised([&] { instance.ElementSet("C", ints({99})); }), "Invalid element label 99");
     EXPECT_EQ(raised([&] { instance.Surface("C", ints({1}), faces({})); }),
               "Number of surface faces and elements must agree.");
-    EXPECT_EQ(raised([&] { instance.NodeSet("C", part.nodes()); }),
-              "SequenceNode is not associated with this entity.");
+    EXPECT_EQ(raised([&] { instance.NodeSet("C", part.nodes()); }), "SequenceNode is not associated with this entity.");
     EXPECT_EQ(raised([&] { instance.ElementSet("C", part.elements()); }),
               "SequenceElement is not associated with this entity.");
     EXPECT_EQ(labelsOf(instance.NodeSet("C", instance.nodes().slice(0, 2)).nodes()), (std::vector<int>{1, 2}));

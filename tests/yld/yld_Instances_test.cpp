@@ -41,16 +41,16 @@ template class yld_Repository<int, int>;
 
 namespace {
 
-template<class T>
-class yld_SequenceOf : public testing::Test
+template<class T> class yld_SequenceOf : public testing::Test
 {
 };
 
-using Elements = testing::Types<
-    int, float, double, yld_String, yld_Sequence<int>, yld_Sequence<float>, yld_Sequence<double>,
-    yld_Sequence<yld_Sequence<float>>, yld_Sequence<yld_Sequence<double>>, yld_ElementClass, yld_FieldOutput,
-    yld_SectionPoint, yld_SubField, yld_SequenceElement, yld_SequenceNode, yld_Enum::yld_ElementFaceEnum,
-    yld_Enum::yld_InvariantEnum, yld_Enum::yld_ProductAddOnEnum, yld_Sequence<yld_Enum::yld_ElementFaceEnum>>;
+using Elements =
+    testing::Types<int, float, double, yld_String, yld_Sequence<int>, yld_Sequence<float>, yld_Sequence<double>,
+                   yld_Sequence<yld_Sequence<float>>, yld_Sequence<yld_Sequence<double>>, yld_ElementClass,
+                   yld_FieldOutput, yld_SectionPoint, yld_SubField, yld_SequenceElement, yld_SequenceNode,
+                   yld_Enum::yld_ElementFaceEnum, yld_Enum::yld_InvariantEnum, yld_Enum::yld_ProductAddOnEnum,
+                   yld_Sequence<yld_Enum::yld_ElementFaceEnum>>;
 TYPED_TEST_SUITE(yld_SequenceOf, Elements);
 
 } // namespace
@@ -102,13 +102,12 @@ TYPED_TEST(yld_SequenceOf, an_absent_element_is_found_at_the_size)
 
 namespace {
 
-template<class V>
-class yld_RepositoryOf : public testing::Test
+template<class V> class yld_RepositoryOf : public testing::Test
 {
 };
 
-using Values = testing::Types<int, yld_FieldOutput, yld_Instance, yld_LoadCase, yld_Part, yld_SectionCategory,
-                              yld_Set, yld_Yld>;
+using Values =
+    testing::Types<int, yld_FieldOutput, yld_Instance, yld_LoadCase, yld_Part, yld_SectionCategory, yld_Set, yld_Yld>;
 TYPED_TEST_SUITE(yld_RepositoryOf, Values);
 
 } // namespace

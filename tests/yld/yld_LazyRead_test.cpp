@@ -16,8 +16,7 @@ void makeModel(const std::string& path, int parts, int steps)
 {
     yld_Yld& made = Yld(path.c_str(), "title", "description", path.c_str());
     for (int p = 0; p < parts; ++p) {
-        yld_Part& part =
-            made.Part(("part " + std::to_string(p)).c_str(), yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
+        yld_Part& part = made.Part(("part " + std::to_string(p)).c_str(), yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
         part.addNodes(ints({1, 2, 3, 4}), rows({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}}), "all");
         part.addElements(ints({1}), connectivity({{1, 2, 3, 4}}), "TET4", "solid");
         made.rootAssembly().Instance(("instance " + std::to_string(p)).c_str(), part);
@@ -30,8 +29,9 @@ void makeModel(const std::string& path, int parts, int steps)
 }
 
 // The classes that parts, steps and sets consist of in the file.
-constexpr const char* contents[] = {"mshK_Part",   "mshK_Mesh", "mshK_PartInstance", "mshK_Step", "setC_Set",
-                                    "grd_NodeData", "grd_ElementClass", "fld_Step",   "fld_Frame", "fld_FieldStep"};
+constexpr const char* contents[] = {"mshK_Part", "mshK_Mesh",    "mshK_PartInstance", "mshK_Step",
+                                    "setC_Set",  "grd_NodeData", "grd_ElementClass",  "fld_Step",
+                                    "fld_Frame", "fld_FieldStep"};
 
 void expectNoContents(const SqlLog& log)
 {

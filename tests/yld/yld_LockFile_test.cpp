@@ -54,8 +54,7 @@ TEST(yld_LockFile, lockFileOfAnotherTurnsTheOpenIntoAReadOnlyOneWithAWarning)
                   "application.\n" +
                   path + " will be opened read-only. \n");
     EXPECT_TRUE(open->isReadOnly());
-    EXPECT_EQ(warningsOf([&] { saveYld(*open); }),
-              "Warning: Database was opened read-only and cannot be saved.\n");
+    EXPECT_EQ(warningsOf([&] { saveYld(*open); }), "Warning: Database was opened read-only and cannot be saved.\n");
     open->close();
     EXPECT_TRUE(std::filesystem::exists(lock));
 }
@@ -213,9 +212,9 @@ TEST(yld_LockFile, missingFileIsNoLockAndNoWarning)
 {
     const Library library;
     const ScratchFolder folder;
-    EXPECT_EQ(warningsOf([&] {
-        EXPECT_FALSE(yld_YldRepository::Instance().IsYldLocked(folder.file("job.yld").c_str()));
-    }), "");
+    EXPECT_EQ(
+        warningsOf([&] { EXPECT_FALSE(yld_YldRepository::Instance().IsYldLocked(folder.file("job.yld").c_str())); }),
+        "");
 }
 
 TEST(yld_LockFile, aFileThatAWriterKeepsOpenCountsAsNone)
@@ -262,9 +261,7 @@ TEST(yld_LockFile, aFileThatAReaderKeepsOpenStillCounts)
     const ScratchFolder folder;
     std::ofstream(folder.file("job.lck")).close();
     const std::ifstream reader(folder.file("job.lck"));
-    warningsOf([&] {
-        EXPECT_TRUE(yld_YldRepository::Instance().IsYldLocked(folder.file("job.yld").c_str()));
-    });
+    warningsOf([&] { EXPECT_TRUE(yld_YldRepository::Instance().IsYldLocked(folder.file("job.yld").c_str())); });
 }
 
 TEST(yld_LockFile, aFileThatIsLockedAsAWholeCountsAsNone)
@@ -274,9 +271,9 @@ TEST(yld_LockFile, aFileThatIsLockedAsAWholeCountsAsNone)
     std::ofstream(folder.file("job.lck")).close();
     const int held = ::open(folder.file("job.lck").c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_EQ(::flock(held, LOCK_EX), 0);
-    EXPECT_EQ(warningsOf([&] {
-        EXPECT_FALSE(yld_YldRepository::Instance().IsYldLocked(folder.file("job.yld").c_str()));
-    }), "");
+    EXPECT_EQ(
+        warningsOf([&] { EXPECT_FALSE(yld_YldRepository::Instance().IsYldLocked(folder.file("job.yld").c_str())); }),
+        "");
     ::close(held);
 }
 

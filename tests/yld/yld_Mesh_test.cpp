@@ -301,16 +301,22 @@ TEST_F(yld_MeshTest, writersOfAnAssemblyMesh)
 {
     sto_Assembly assembly = model.model.rootAssembly();
     yld_Mesh own(assembly.Mesh(), "rootAssembly", true);
-    EXPECT_EQ(raised([&] { own.addNodes(ints({1, 2}), rows<float>({{0, 0, 0}}), ""); }),
+    EXPECT_EQ(raised([&] {
+                  own.addNodes(ints({1, 2}), rows<float>({{0, 0, 0}}), "");
+              }),
               "Number of node labels and coordinates does not match.");
-    EXPECT_EQ(raised([&] { own.addNodes(ints({1}), rows<float>({{0, 0}}), ""); }),
+    EXPECT_EQ(raised([&] {
+                  own.addNodes(ints({1}), rows<float>({{0, 0}}), "");
+              }),
               "Node location specification does not correspond to part dimension. 3 floats expected; 2 floats "
               "received.");
     own.addNodes(ints({1, 2}), rows<float>({{0, 0, 0}, {4, 5, 6}}), "ends");
     EXPECT_EQ(own.numNodes(), 2);
     EXPECT_EQ(own.nodeAt(1).coordinate(2), 6.0f);
     EXPECT_TRUE(own.hasSet("ends"));
-    EXPECT_EQ(raised([&] { own.addElements(ints({1, 2}), rows<int>({{1, 2}}), "CONN3D2", "", yld_SectionCategory()); }),
+    EXPECT_EQ(raised([&] {
+                  own.addElements(ints({1, 2}), rows<int>({{1, 2}}), "CONN3D2", "", yld_SectionCategory());
+              }),
               "Connectivity array must be provided for all elements.");
     EXPECT_EQ(raised([&] {
                   own.addElements(ints({1, 2}), rows<int>({{1, 2}, {1}}), "CONN3D2", "", yld_SectionCategory());
@@ -323,11 +329,16 @@ TEST_F(yld_MeshTest, writersOfAnAssemblyMesh)
 
 TEST(yld_MeshGeometry, geometryClassOfEveryShapeKind)
 {
-    struct Row { const char* type; int nodes; int geometry; };
-    const Row table[] = {{"POINTMASS", 1, 1}, {"TRUSS2", 2, 6}, {"BEAM3", 3, 7}, {"TRI3", 3, 10}, {"TRI6", 6, 12},
-                         {"QUAD4", 4, 11}, {"QUAD8", 8, 13}, {"QUAD9", 9, 13}, {"HEX8", 8, 16}, {"HEX20", 20, 19},
-                         {"WEDGE6", 6, 15}, {"WEDGE15", 15, 18}, {"TET4", 4, 14}, {"TET10", 10, 17},
-                         {"PYRAMID5", 5, 0}, {"NOSUCH", 3, 0}};
+    struct Row
+    {
+        const char* type;
+        int nodes;
+        int geometry;
+    };
+    const Row table[] = {{"POINTMASS", 1, 1}, {"TRUSS2", 2, 6},  {"BEAM3", 3, 7},    {"TRI3", 3, 10},
+                         {"TRI6", 6, 12},     {"QUAD4", 4, 11},  {"QUAD8", 8, 13},   {"QUAD9", 9, 13},
+                         {"HEX8", 8, 16},     {"HEX20", 20, 19}, {"WEDGE6", 6, 15},  {"WEDGE15", 15, 18},
+                         {"TET4", 4, 14},     {"TET10", 10, 17}, {"PYRAMID5", 5, 0}, {"NOSUCH", 3, 0}};
     ModelFile model;
     yld_Part& part = model.parts->Part("P", yld_Enum::THREE_D, yld_Enum::DEFORMABLE_BODY);
     part.addNodes(ints({1}), rows<float>({{0, 0, 0}}));
@@ -392,8 +403,8 @@ TEST(yld_Element, equalityLooksAtIndexMeshAndClassAlone)
     const yld_Sequence<int> labels = ints({7, 8});
     const int nodes[] = {1, 0};
     const auto make = [&](int index, int label, int mesh, int classIndex) {
-        return yld_Element(index, label, nodes, mesh, 2, "TRUSS2", category, yld_Enum::LINEAR_LINE, 0, classIndex, labels,
-                           sto_Mesh());
+        return yld_Element(index, label, nodes, mesh, 2, "TRUSS2", category, yld_Enum::LINEAR_LINE, 0, classIndex,
+                           labels, sto_Mesh());
     };
     EXPECT_EQ(vec(make(0, 1, 0, 0).connectivity()), (std::vector<int>{8, 7}));
     EXPECT_TRUE(make(0, 1, 0, 0) == make(0, 99, 0, 0));

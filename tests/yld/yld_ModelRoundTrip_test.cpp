@@ -129,7 +129,8 @@ TEST_F(yld_ModelRoundTrip, everyElementTypeInSpaceInThePlaneAndAboutAnAxis)
     read([](yld_Yld& database) {
         for (const auto space : {solid, plane, axis}) {
             yld_Part& part = database.parts().get(nameOf(space));
-            yld_Instance& instance = database.rootAssembly().instances().get((std::string(nameOf(space)) + "-1").c_str());
+            yld_Instance& instance =
+                database.rootAssembly().instances().get((std::string(nameOf(space)) + "-1").c_str());
             EXPECT_EQ(part.embeddedSpace(), space);
             EXPECT_EQ(instance.embeddedSpace(), space);
             ASSERT_EQ(part.nodes().size(), 27);
@@ -306,23 +307,24 @@ TEST_F(yld_ModelRoundTrip, connectorsBetweenInstancesAreTakenUpAgain)
         EXPECT_EQ(vec(grounded.instanceNames()), (std::vector<std::string>{"B", "B"}));
         EXPECT_EQ(assembly.nodes().size(), 0);
     };
-    read([&check](yld_Yld& database) {
-        yld_Assembly& assembly = database.rootAssembly();
-        check(assembly);
-        EXPECT_EQ(labelsOf(assembly.elementSets().get("links").elements()), (std::vector<int>{7, 5}));
-        assembly.addElements(ints({9}), rows<int>({{1, 2}}), names({"B", "A"}), "CONN3D2", "links");
-    }, false);
-    EXPECT_EQ(inOtherProcess([&] {
-                  read([&check](yld_Yld& database) {
-                      yld_Assembly& assembly = database.rootAssembly();
-                      check(assembly);
-                      EXPECT_EQ(vec(assembly.getElementFromLabel(9).instanceNames()),
-                                (std::vector<std::string>{"B", "A"}));
-                      EXPECT_EQ(labelsOf(assembly.elementSets().get("links").elements()),
-                                (std::vector<int>{7, 5, 9}));
-                  });
-              }),
-              0);
+    read(
+        [&check](yld_Yld& database) {
+            yld_Assembly& assembly = database.rootAssembly();
+            check(assembly);
+            EXPECT_EQ(labelsOf(assembly.elementSets().get("links").elements()), (std::vector<int>{7, 5}));
+            assembly.addElements(ints({9}), rows<int>({{1, 2}}), names({"B", "A"}), "CONN3D2", "links");
+        },
+        false);
+    EXPECT_EQ(
+        inOtherProcess([&] {
+            read([&check](yld_Yld& database) {
+                yld_Assembly& assembly = database.rootAssembly();
+                check(assembly);
+                EXPECT_EQ(vec(assembly.getElementFromLabel(9).instanceNames()), (std::vector<std::string>{"B", "A"}));
+                EXPECT_EQ(labelsOf(assembly.elementSets().get("links").elements()), (std::vector<int>{7, 5, 9}));
+            });
+        }),
+        0);
 }
 
 TEST_F(yld_ModelRoundTrip, placedInstancesKeepTheirRotationVector)

@@ -192,8 +192,9 @@ TEST(yld_OpenClose, newerAndOlderDatabasesAreToldApart)
         EXPECT_EQ(failure.versionNumber(), 892);
         EXPECT_EQ(failure.zantraVersion(), 891);
         EXPECT_EQ(std::string(failure.what()),
-                  path + " is from a more recent version of ZANTRA.\n\n The current ZANTRA installation must be upgraded "
-                         "before this output database can be opened.");
+                  path +
+                      " is from a more recent version of ZANTRA.\n\n The current ZANTRA installation must be upgraded "
+                      "before this output database can be opened.");
     }
     setVersion(890);
     try {
@@ -233,13 +234,14 @@ TEST(yld_OpenClose, createIsOnDiskAtOnce)
     const std::string path = folder.file("job.yld");
     Yld("job", "the title", "the description", path.c_str());
     EXPECT_EQ(inOtherProcess([&] {
-        // The registry came along into the process; another name for the same file reads it anew.
-        std::filesystem::copy_file(path, folder.file("copy.yld"));
-        yld_Yld& copy = openYld(folder.file("copy.yld").c_str(), true);
-        EXPECT_STREQ(copy.analysisTitle().cStr(), "the title");
-        EXPECT_STREQ(copy.description().cStr(), "the description");
-        EXPECT_EQ(copy.databaseVersion(), 891);
-    }), 0);
+                  // The registry came along into the process; another name for the same file reads it anew.
+                  std::filesystem::copy_file(path, folder.file("copy.yld"));
+                  yld_Yld& copy = openYld(folder.file("copy.yld").c_str(), true);
+                  EXPECT_STREQ(copy.analysisTitle().cStr(), "the title");
+                  EXPECT_STREQ(copy.description().cStr(), "the description");
+                  EXPECT_EQ(copy.databaseVersion(), 891);
+              }),
+              0);
 }
 
 TEST(yld_OpenClose, failedCreateLeavesNothingOpen)
@@ -470,8 +472,7 @@ TEST(yld_OpenClose, saveOfAReadOnlyDatabaseWarnsAndReturns)
     const ScratchFolder folder;
     makeDatabase(folder.file("job.yld"));
     yld_Yld& open = openYld(folder.file("job.yld").c_str(), true);
-    EXPECT_EQ(warningsOf([&] { saveYld(open); }),
-              "Warning: Database was opened read-only and cannot be saved.\n");
+    EXPECT_EQ(warningsOf([&] { saveYld(open); }), "Warning: Database was opened read-only and cannot be saved.\n");
     open.close();
 }
 

@@ -52,11 +52,9 @@ TEST_F(yld_PartTest, newPartHasNoMesh)
 TEST_F(yld_PartTest, sequenceOfAPartWithoutNodesTakesNone)
 {
     yld_SequenceNode none;
-    EXPECT_EQ(raised([&] { none.append(yld_Node()); }),
-              "SequenceNode is not associated with an discrete entity.");
+    EXPECT_EQ(raised([&] { none.append(yld_Node()); }), "SequenceNode is not associated with an discrete entity.");
     yld_SequenceNode nodes(part.nodes());
-    EXPECT_EQ(raised([&] { nodes.append(yld_Node()); }),
-              "SequenceNode is not associated with an discrete entity.");
+    EXPECT_EQ(raised([&] { nodes.append(yld_Node()); }), "SequenceNode is not associated with an discrete entity.");
     yld_SequenceElement elements(part.elements());
     EXPECT_EQ(raised([&] { elements.append(yld_Element()); }),
               "SequenceElement is not associated with an discrete entity.");
@@ -105,7 +103,9 @@ TEST_F(yld_PartTest, roundTrip)
 TEST_F(yld_PartTest, planePart)
 {
     yld_Part& plane = model.parts->Part("plane", yld_Enum::TWO_D_PLANAR, yld_Enum::DEFORMABLE_BODY);
-    EXPECT_EQ(raised([&] { plane.addNodes(ints({1}), rows<float>({{1, 2, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  plane.addNodes(ints({1}), rows<float>({{1, 2, 3}}));
+              }),
               "Node location specification does not correspond to part dimension. 2 floats expected; 3 floats "
               "received.");
     plane.addNodes(ints({3, 2, 1, 4}), rows<float>({{0, 1}, {1, 1}, {1, 0}, {0, 0}}));
@@ -124,18 +124,28 @@ TEST_F(yld_PartTest, planePart)
 
 TEST_F(yld_PartTest, nodesAreCheckedBeforeAnyIsAdded)
 {
-    EXPECT_EQ(raised([&] { part.addNodes(yld_Sequence<int>(), rows<float>({{1, 2, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(yld_Sequence<int>(), rows<float>({{1, 2, 3}}));
+              }),
               "No node labels provided.");
-    EXPECT_EQ(raised([&] { part.addNodes(ints({1, 2}), rows<float>({{1, 2, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({1, 2}), rows<float>({{1, 2, 3}}));
+              }),
               "Number of node labels and coordinates does not match.");
-    EXPECT_EQ(raised([&] { part.addNodes(ints({1}), rows<float>({{1, 2}})); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({1}), rows<float>({{1, 2}}));
+              }),
               "Node location specification does not correspond to part dimension. 3 floats expected; 2 floats "
               "received.");
-    EXPECT_EQ(raised([&] { part.addNodes(ints({0}), rows<float>({{1, 2, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({0}), rows<float>({{1, 2, 3}}));
+              }),
               "Invalid node label 0: labels begin at 1.");
     EXPECT_EQ(part.nodes().size(), 0);
     part.addNodes(ints({1}), rows<float>({{1, 2, 3}}));
-    EXPECT_EQ(raised([&] { part.addNodes(ints({2, 1}), rows<float>({{1, 2, 3}, {1, 2, 3}})); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({2, 1}), rows<float>({{1, 2, 3}, {1, 2, 3}}));
+              }),
               "Node label 1 exists already.");
     EXPECT_EQ(part.nodes().size(), 1);
 }
@@ -165,15 +175,25 @@ TEST_F(yld_PartTest, elementsAreCheckedBeforeAnyIsAdded)
     addTwoHexes(part);
     EXPECT_EQ(raised([&] { part.addElements(yld_Sequence<int>(), rows<int>({{1}}), "HEX8"); }),
               "No element labels provided.");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}}), "TRI3"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}}), "TRI3");
+              }),
               "Connectivity array must be provided for all elements. ");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5}), rows<int>({{1, 2, 3, 4}}), "HEX8"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5}), rows<int>({{1, 2, 3, 4}}), "HEX8");
+              }),
               "elements of type \"HEX8\" require \"8\" nodes in their connectivity data.\n");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}, {1, 2}}), "TRI3"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}, {1, 2}}), "TRI3");
+              }),
               "Element connectivity arrays should be of same length.");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5}), rows<int>({{1, 2, 99}}), "TRI3"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5}), rows<int>({{1, 2, 99}}), "TRI3");
+              }),
               "Node number \"99\" of element \"5\" does not exist.");
-    EXPECT_EQ(raised([&] { part.addElements(ints({2}), rows<int>({{1, 2, 3}}), "TRI3"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({2}), rows<int>({{1, 2, 3}}), "TRI3");
+              }),
               "Element label 2 exists already.");
     EXPECT_EQ(part.elements().size(), 2);
     EXPECT_EQ(part.part().mesh().elementData().numClasses(), 1);
@@ -343,9 +363,10 @@ TEST_F(yld_PartTest, faceNodes)
     EXPECT_EQ(of(hex, "HEX8", yld_Enum::FACE1), (std::vector<int>{11, 12, 16, 15}));
     EXPECT_EQ(of(hex, "HEX8", yld_Enum::FACE6), (std::vector<int>{15, 16, 17, 18}));
     EXPECT_EQ(raised([&] { of(hex, "HEX8", yld_Enum::END1); }), "Invalid face");
-    EXPECT_EQ(raised([&] { of(hex, "HEX8", yld_Enum::SIDE1); }),
-              "Face SPOS and SNEG not valid for element type HEX8.");
-    EXPECT_EQ(raised([&] { of(ints({1, 2, 3, 4}), "MEMBRANE4", yld_Enum::SIDE2); }),
+    EXPECT_EQ(raised([&] { of(hex, "HEX8", yld_Enum::SIDE1); }), "Face SPOS and SNEG not valid for element type HEX8.");
+    EXPECT_EQ(raised([&] {
+                  of(ints({1, 2, 3, 4}), "MEMBRANE4", yld_Enum::SIDE2);
+              }),
               "Face SPOS and SNEG not valid for element type MEMBRANE4.");
     EXPECT_EQ(of(ints({1, 2, 3, 4}), "SHELL4", yld_Enum::SIDE1), (std::vector<int>{1, 2, 3, 4}));
     EXPECT_EQ(of(ints({1, 2, 3, 4}), "SHELL4", yld_Enum::SIDE2), (std::vector<int>{4, 3, 2, 1}));
@@ -401,17 +422,29 @@ TEST_F(yld_PartTest, badNodesLeaveTheModelAsItWas)
     addTwoHexes(part);
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float infinite = std::numeric_limits<float>::infinity();
-    EXPECT_EQ(raised([&] { part.addNodes(ints({20, -3}), rows<float>({{1, 2, 3}, {1, 2, 3}}), "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({20, -3}), rows<float>({{1, 2, 3}, {1, 2, 3}}), "S");
+              }),
               "Invalid node label -3: labels begin at 1.");
-    EXPECT_EQ(raised([&] { part.addNodes(ints({20, 21, 20}), rows<float>({{1, 2, 3}, {1, 2, 3}, {1, 2, 3}}), "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({20, 21, 20}), rows<float>({{1, 2, 3}, {1, 2, 3}, {1, 2, 3}}), "S");
+              }),
               "Node label 20 is given twice.");
-    EXPECT_EQ(raised([&] { part.addNodes(ints({20, 12}), rows<float>({{1, 2, 3}, {1, 2, 3}}), "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({20, 12}), rows<float>({{1, 2, 3}, {1, 2, 3}}), "S");
+              }),
               "Node label 12 exists already.");
-    EXPECT_EQ(raised([&] { part.addNodes(ints({20, 21}), rows<float>({{1, 2, 3}, {1, 2, nan}}), "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({20, 21}), rows<float>({{1, 2, 3}, {1, 2, nan}}), "S");
+              }),
               "The coordinates of node 21 are not numbers.");
-    EXPECT_EQ(raised([&] { part.addNodes(ints({20}), rows<float>({{-infinite, 2, 3}}), "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({20}), rows<float>({{-infinite, 2, 3}}), "S");
+              }),
               "The coordinates of node 20 are not numbers.");
-    EXPECT_EQ(raised([&] { part.addNodes(ints({20, 21}), rows<float>({{1, 2, 3}, {1, 2, 3, 4}}), "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addNodes(ints({20, 21}), rows<float>({{1, 2, 3}, {1, 2, 3, 4}}), "S");
+              }),
               "Node location specification does not correspond to part dimension. 3 floats expected; 4 floats "
               "received.");
     EXPECT_EQ(part.nodes().size(), 12);
@@ -424,17 +457,29 @@ TEST_F(yld_PartTest, badNodesLeaveTheModelAsItWas)
 TEST_F(yld_PartTest, badElementsLeaveTheModelAsItWas)
 {
     addTwoHexes(part);
-    EXPECT_EQ(raised([&] { part.addElements(ints({5, 0}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5, 0}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S");
+              }),
               "Invalid element label 0: labels begin at 1.");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5, -5}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5, -5}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S");
+              }),
               "Invalid element label -5: labels begin at 1.");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5, 5}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5, 5}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S");
+              }),
               "Element label 5 is given twice.");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5, 1}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5, 1}), rows<int>({{1, 2, 3}, {1, 2, 3}}), "TRI3", "S");
+              }),
               "Element label 1 exists already.");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}, {1, 2, -3}}), "TRI3", "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}, {1, 2, -3}}), "TRI3", "S");
+              }),
               "Node number \"-3\" of element \"6\" does not exist.");
-    EXPECT_EQ(raised([&] { part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}, {1, 2, 0}}), "HEX8", "S"); }),
+    EXPECT_EQ(raised([&] {
+                  part.addElements(ints({5, 6}), rows<int>({{1, 2, 3}, {1, 2, 0}}), "HEX8", "S");
+              }),
               "elements of type \"HEX8\" require \"8\" nodes in their connectivity data.\n");
     yld_Sequence<yld_Sequence<int>> wide(rows<int>({{}}));
     for (int i = 0; i < 31; ++i) wide.get(0).append(1);

@@ -79,10 +79,7 @@ TEST_F(yld_Paths, blanksAndLettersOfAllLanguagesWork)
     }
 }
 
-TEST_F(yld_Paths, bytesThatAreNoTextWork)
-{
-    expectWorks(m_folder.file("job\xff\xfe.yld"));
-}
+TEST_F(yld_Paths, bytesThatAreNoTextWork) { expectWorks(m_folder.file("job\xff\xfe.yld")); }
 
 TEST_F(yld_Paths, relativePathsStartInTheCurrentFolder)
 {
@@ -107,10 +104,7 @@ TEST_F(yld_Paths, fileUrlsArePaths)
     open.close();
 }
 
-TEST_F(yld_Paths, longestPathThatWorks)
-{
-    expectWorks(deepPath(504, true));
-}
+TEST_F(yld_Paths, longestPathThatWorks) { expectWorks(deepPath(504, true)); }
 
 TEST_F(yld_Paths, pathOf505BytesIsRefused)
 {
@@ -254,8 +248,7 @@ TEST_F(yld_Paths, theFolderItselfMayBeGone)
     std::filesystem::remove(gone);
     EXPECT_EQ(failureOf([] { openYld("job.yld", true); }),
               "Cannot open file job.yld. Cannot determine the current directory.");
-    EXPECT_EQ(failureOf([] { Yld("job.yld"); }),
-              "Cannot create file job.yld. Cannot determine the current directory.");
+    EXPECT_EQ(failureOf([] { Yld("job.yld"); }), "Cannot create file job.yld. Cannot determine the current directory.");
     std::filesystem::current_path(before);
 }
 

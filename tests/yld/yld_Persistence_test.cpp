@@ -29,8 +29,7 @@ protected:
 };
 
 // What the two kinds of value have in common as objects of a file.
-template<class Self>
-class StoredValue : public pcl_Persistent
+template<class Self> class StoredValue : public pcl_Persistent
 {
 public:
     static const pcl_ClassMetadata& ClassMetadata()
@@ -99,8 +98,7 @@ private:
 };
 
 // An enumerator that the reading constructor has made from the file.
-template<class E>
-class StoredEnum : public StoredValue<StoredEnum<E>>
+template<class E> class StoredEnum : public StoredValue<StoredEnum<E>>
 {
 public:
     static constexpr const char* className = "val_PrimEnum";
@@ -112,8 +110,7 @@ public:
 };
 
 // Puts objects into a new file and closes it; gives their ids.
-template<class Stored>
-std::vector<long long> writeAll(const std::string& path, const std::vector<Stored>& objects)
+template<class Stored> std::vector<long long> writeAll(const std::string& path, const std::vector<Stored>& objects)
 {
     const fio_File file = fio_File::Create(path.c_str());
     std::vector<long long> ids;
@@ -146,8 +143,7 @@ std::vector<std::string> rowsOf(const std::string& path, const char* query)
     return rows;
 }
 
-template<class E>
-void expectEveryRowComesBack(const std::string& path)
+template<class E> void expectEveryRowComesBack(const std::string& path)
 {
     std::vector<StoredText> written;
     for (const val_PrimEnumRow* row = val_PrimEnum<E>::Table(); row->text; ++row) {
@@ -170,8 +166,8 @@ TEST_F(yld_PersistenceTest, exceptions_come_back_from_a_closed_file)
 {
     const std::vector<long long> ids = writeAll<StoredException>(
         path, {StoredException(yld_Exception("/a/b.yld", 0, 77, 891, false)),
-               StoredException(yld_Exception(6, "100% 'of' \xc3\xa4")),
-               StoredException(yld_Exception("f", 7, -3)), StoredException(yld_Exception("", 99, ""))});
+               StoredException(yld_Exception(6, "100% 'of' \xc3\xa4")), StoredException(yld_Exception("f", 7, -3)),
+               StoredException(yld_Exception("", 99, ""))});
     const fio_File file = fio_File::Open(path.c_str(), false, true);
     const char* const expected[] = {"/a/b.yld|0||77|891|writable", "|6|100% 'of' \xc3\xa4|0|0|read-only",
                                     "f|7||-3|0|read-only", "|99||0|0|read-only"};
@@ -189,17 +185,14 @@ TEST_F(yld_PersistenceTest, the_file_knows_the_class_of_the_exception)
     EXPECT_EQ(rowsOf(path, "SELECT * FROM catalogue"), one);
     const std::vector<std::string> attributes = {"m_FileName",      "m_ErrorNo",       "m_ErrMsg",
                                                  "m_VersionNumber", "m_ZantraVersion", "m_ReadOnly"};
-    EXPECT_EQ(
-        rowsOf(path,
-               "SELECT name FROM pragma_table_info('yld_Exception') WHERE name LIKE 'm\\_%' ESCAPE '\\' "
-               "ORDER BY cid"),
-        attributes);
+    EXPECT_EQ(rowsOf(path, "SELECT name FROM pragma_table_info('yld_Exception') WHERE name LIKE 'm\\_%' ESCAPE '\\' "
+                           "ORDER BY cid"),
+              attributes);
 }
 
 TEST_F(yld_PersistenceTest, the_file_keeps_the_text_of_an_enumerator)
 {
-    writeAll<StoredText>(path,
-                         {StoredText(val_PrimEnum<yld_Enum::yld_DataTypeEnum>(yld_Enum::QUATERNION_2D))});
+    writeAll<StoredText>(path, {StoredText(val_PrimEnum<yld_Enum::yld_DataTypeEnum>(yld_Enum::QUATERNION_2D))});
     EXPECT_EQ(rowsOf(path, "SELECT type FROM val_PrimEnum"), std::vector<std::string>{"QUATERNION_2D"});
     EXPECT_EQ(rowsOf(path, "SELECT \"Class Name\", \"Class Id\" FROM catalogue"),
               std::vector<std::string>{"val_PrimEnum|1245211"})
@@ -210,30 +203,12 @@ TEST_F(yld_PersistenceTest, every_analysis_code_comes_back)
 {
     expectEveryRowComesBack<yld_Enum::yld_AnalysisCodeEnum>(path);
 }
-TEST_F(yld_PersistenceTest, every_precision_comes_back)
-{
-    expectEveryRowComesBack<yld_Enum::yld_PrecisionEnum>(path);
-}
-TEST_F(yld_PersistenceTest, every_product_comes_back)
-{
-    expectEveryRowComesBack<yld_Enum::yld_ProductAddOnEnum>(path);
-}
-TEST_F(yld_PersistenceTest, every_dimension_comes_back)
-{
-    expectEveryRowComesBack<yld_Enum::yld_DimensionEnum>(path);
-}
-TEST_F(yld_PersistenceTest, every_part_type_comes_back)
-{
-    expectEveryRowComesBack<yld_Enum::yld_PartTypeEnum>(path);
-}
-TEST_F(yld_PersistenceTest, every_domain_comes_back)
-{
-    expectEveryRowComesBack<yld_Enum::yld_DomainEnum>(path);
-}
-TEST_F(yld_PersistenceTest, every_data_type_comes_back)
-{
-    expectEveryRowComesBack<yld_Enum::yld_DataTypeEnum>(path);
-}
+TEST_F(yld_PersistenceTest, every_precision_comes_back) { expectEveryRowComesBack<yld_Enum::yld_PrecisionEnum>(path); }
+TEST_F(yld_PersistenceTest, every_product_comes_back) { expectEveryRowComesBack<yld_Enum::yld_ProductAddOnEnum>(path); }
+TEST_F(yld_PersistenceTest, every_dimension_comes_back) { expectEveryRowComesBack<yld_Enum::yld_DimensionEnum>(path); }
+TEST_F(yld_PersistenceTest, every_part_type_comes_back) { expectEveryRowComesBack<yld_Enum::yld_PartTypeEnum>(path); }
+TEST_F(yld_PersistenceTest, every_domain_comes_back) { expectEveryRowComesBack<yld_Enum::yld_DomainEnum>(path); }
+TEST_F(yld_PersistenceTest, every_data_type_comes_back) { expectEveryRowComesBack<yld_Enum::yld_DataTypeEnum>(path); }
 TEST_F(yld_PersistenceTest, every_data_subtype_comes_back)
 {
     expectEveryRowComesBack<yld_Enum::yld_DataSubtypeEnum>(path);
@@ -242,14 +217,8 @@ TEST_F(yld_PersistenceTest, every_position_comes_back)
 {
     expectEveryRowComesBack<yld_Enum::yld_ResultPositionEnum>(path);
 }
-TEST_F(yld_PersistenceTest, every_invariant_comes_back)
-{
-    expectEveryRowComesBack<yld_Enum::yld_InvariantEnum>(path);
-}
-TEST_F(yld_PersistenceTest, every_face_comes_back)
-{
-    expectEveryRowComesBack<yld_Enum::yld_ElementFaceEnum>(path);
-}
+TEST_F(yld_PersistenceTest, every_invariant_comes_back) { expectEveryRowComesBack<yld_Enum::yld_InvariantEnum>(path); }
+TEST_F(yld_PersistenceTest, every_face_comes_back) { expectEveryRowComesBack<yld_Enum::yld_ElementFaceEnum>(path); }
 TEST_F(yld_PersistenceTest, every_category_comes_back)
 {
     expectEveryRowComesBack<yld_AnalysisWarningError::Category>(path);
@@ -264,9 +233,8 @@ TEST_F(yld_PersistenceTest, a_text_of_another_enumeration_is_refused_with_its_me
         lnk_ShortCut<StoredEnum<yld_Enum::yld_PrecisionEnum>>(file.body(), ids[0]).fetch();
         ADD_FAILURE() << "not refused";
     } catch (const val_ValueErrorException& refusal) {
-        EXPECT_STREQ(refusal.what(),
-                     "val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: MODAL  Permissible: "
-                     "SINGLE_PRECISION, DOUBLE_PRECISION");
+        EXPECT_STREQ(refusal.what(), "val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: MODAL  Permissible: "
+                                     "SINGLE_PRECISION, DOUBLE_PRECISION");
     }
 }
 
@@ -283,8 +251,9 @@ TEST_F(yld_PersistenceTest, every_persistent_class_has_a_name_and_an_id_of_its_o
         ++count;
     }
     // At least one of each floor, also of those that this program never uses.
-    for (const char* name : {"sto_Sto", "sto_UserData", "mshK_Model", "grd_NodeData", "setC_Set", "fld_Field", "fld_Series",
-                             "stpC_Restart", "stpC_ExplicitDynamicsStep", "prtC_BeamOrientation", "secC_Section"}) {
+    for (const char* name :
+         {"sto_Sto", "sto_UserData", "mshK_Model", "grd_NodeData", "setC_Set", "fld_Field", "fld_Series",
+          "stpC_Restart", "stpC_ExplicitDynamicsStep", "prtC_BeamOrientation", "secC_Section"}) {
         EXPECT_EQ(names.count(name), 1u) << name;
     }
     EXPECT_GT(count, 35);

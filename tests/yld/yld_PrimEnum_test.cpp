@@ -15,12 +15,10 @@ using Rows = std::vector<std::pair<const char*, int>>;
 
 /// The table has these rows, in this order; each is found by its text, and by its number if it is the first
 /// with that number; near misses and numbers beside the table are refused.
-template<class E>
-void expectTable(const Rows& rows)
+template<class E> void expectTable(const Rows& rows)
 {
     std::string texts;
-    for (const auto& row : rows)
-        texts += (texts.empty() ? "" : ", ") + std::string(row.first);
+    for (const auto& row : rows) texts += (texts.empty() ? "" : ", ") + std::string(row.first);
 
     const val_PrimEnumRow* stored = val_PrimEnum<E>::Table();
     for (const auto& row : rows) {
@@ -56,11 +54,10 @@ void expectTable(const Rows& rows)
 
     for (int number = -2; number <= 1100; ++number) {
         bool known = false;
-        for (const auto& row : rows)
-            known = known || row.second == number;
+        for (const auto& row : rows) known = known || row.second == number;
         if (known) continue;
-        const std::string message = "val_PrimEnum(Enum) - Enum value not allowed: " + std::to_string(number) +
-                                    "  Permissible: " + texts;
+        const std::string message =
+            "val_PrimEnum(Enum) - Enum value not allowed: " + std::to_string(number) + "  Permissible: " + texts;
         try {
             val_PrimEnum<E> value(static_cast<E>(number));
             ADD_FAILURE() << number << " is allowed";
@@ -182,9 +179,8 @@ TEST(yld_PrimEnum, elementFace)
 
 TEST(yld_PrimEnum, booleanAndIntegerAreRefused)
 {
-    const std::string permissible =
-        "QUATERNION_3D, QUATERNION_2D, SCALAR, VECTOR, MATRIX, TENSOR_3D_FULL, "
-        "TENSOR_3D_PLANAR, TENSOR_3D_SURFACE, TENSOR_2D_PLANAR, TENSOR_2D_SURFACE";
+    const std::string permissible = "QUATERNION_3D, QUATERNION_2D, SCALAR, VECTOR, MATRIX, TENSOR_3D_FULL, "
+                                    "TENSOR_3D_PLANAR, TENSOR_3D_SURFACE, TENSOR_2D_PLANAR, TENSOR_2D_SURFACE";
     for (const yld_Enum::yld_DataTypeEnum type : {yld_Enum::BOOLEAN, yld_Enum::INTEGER}) {
         try {
             val_PrimEnum<yld_Enum::yld_DataTypeEnum> value(type);
@@ -322,6 +318,5 @@ TEST(yld_PrimEnum, piezoelectricAndPoreFluidDiffusionShareANumber)
     const CategoryValue named(shr_String("PORE_FLUID_DIFFUSION"));
     EXPECT_STREQ("PORE_FLUID_DIFFUSION", named.GetText());
     EXPECT_EQ(0x8160000, named.GetNumber());
-    EXPECT_THROW(CategoryValue(static_cast<yld_AnalysisWarningError::Category>(0x8170000)),
-                 val_ValueErrorException);
+    EXPECT_THROW(CategoryValue(static_cast<yld_AnalysisWarningError::Category>(0x8170000)), val_ValueErrorException);
 }

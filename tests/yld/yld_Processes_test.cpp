@@ -68,8 +68,7 @@ TEST_F(yld_Processes, aSecondWriterGetsAWarningAndAReadOnlyDatabase)
     EXPECT_EQ(warningsOf([&] { second = &openYld(m_path.c_str(), false); }), lockWarning(m_path, m_lock));
     EXPECT_TRUE(second->isReadOnly());
     EXPECT_EQ(second->steps().size(), 1);
-    EXPECT_EQ(warningsOf([&] { saveYld(*second); }),
-              "Warning: Database was opened read-only and cannot be saved.\n");
+    EXPECT_EQ(warningsOf([&] { saveYld(*second); }), "Warning: Database was opened read-only and cannot be saved.\n");
     second->close();
     EXPECT_TRUE(hasLock()) << "it is the writer's";
     ASSERT_TRUE(writer.go());
@@ -284,8 +283,7 @@ bool mountReadOnly(const std::string& path)
 }
 
 // Runs a function in a process for which a path is read-only; false where no mount is allowed.
-template<class Function>
-bool onReadOnlyMedium(const std::string& path, Function&& function)
+template<class Function> bool onReadOnlyMedium(const std::string& path, Function&& function)
 {
     const int status = inOtherProcess([&] {
         if (!mountReadOnly(path)) _exit(notPossible);
@@ -307,8 +305,7 @@ void expectFallBack(const std::string& path)
     EXPECT_EQ(warningsOf([&] { open = &openYld(path.c_str(), false); }), refusedWarning(path));
     EXPECT_TRUE(open->isReadOnly());
     EXPECT_EQ(open->steps().size(), 1);
-    EXPECT_EQ(warningsOf([&] { saveYld(*open); }),
-              "Warning: Database was opened read-only and cannot be saved.\n");
+    EXPECT_EQ(warningsOf([&] { saveYld(*open); }), "Warning: Database was opened read-only and cannot be saved.\n");
     open->close();
 }
 

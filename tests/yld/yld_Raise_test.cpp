@@ -10,8 +10,7 @@
 
 namespace {
 
-template<class Action>
-std::string reportOf(const Action& action)
+template<class Action> std::string reportOf(const Action& action)
 {
     try {
         action();

@@ -45,13 +45,14 @@ TEST(yld_SectorDefinition, comesBackFromAClosedFile)
     expectAxis(asMade.symmetryAxis(), {{0.5F, 1.0F, -2.0F}, {0.1F, 1.0F, 7.0F}});
 
     EXPECT_EQ(inOtherProcess([&] {
-        const yld_Yld& again = openYld(path.c_str(), true);
-        EXPECT_TRUE(again.hasSectorDefinition());
-        expectAxis(again.sectorDefinition().symmetryAxis(), {{0.5F, 1.0F, -2.0F}, {0.1F, 1.0F, 7.0F}});
-        EXPECT_EQ(again.sectorDefinition().numSymmetricSectors(), 12);
-        EXPECT_EQ(again.sto().model("Default Model").cyclicSymmTieConstraints(),
-                  (std::vector<std::string>{"Tie-1", "Tie-2"}));
-    }), 0);
+                  const yld_Yld& again = openYld(path.c_str(), true);
+                  EXPECT_TRUE(again.hasSectorDefinition());
+                  expectAxis(again.sectorDefinition().symmetryAxis(), {{0.5F, 1.0F, -2.0F}, {0.1F, 1.0F, 7.0F}});
+                  EXPECT_EQ(again.sectorDefinition().numSymmetricSectors(), 12);
+                  EXPECT_EQ(again.sto().model("Default Model").cyclicSymmTieConstraints(),
+                            (std::vector<std::string>{"Tie-1", "Tie-2"}));
+              }),
+              0);
 }
 
 TEST(yld_SectorDefinition, aSecondDefinitionReplacesTheFirst)

@@ -190,9 +190,9 @@ TEST_F(yld_SetTest, axisymmetricShellsAreShells)
 
 TEST_F(yld_SetTest, unknownLabelsVanishFromASurface)
 {
-    const yld_Set& surface = part.Surface(
-        "S", ints({99, 1, 98, 97, 2}),
-        faces({yld_Enum::FACE1, yld_Enum::FACE2, yld_Enum::FACE1, yld_Enum::FACE1, yld_Enum::FACE3}));
+    const yld_Set& surface =
+        part.Surface("S", ints({99, 1, 98, 97, 2}),
+                     faces({yld_Enum::FACE1, yld_Enum::FACE2, yld_Enum::FACE1, yld_Enum::FACE1, yld_Enum::FACE3}));
     EXPECT_EQ(labelsOf(surface.elements()), (std::vector<int>{1, 2}));
     EXPECT_EQ(vec(surface.faces()), (std::vector<int>{12, 13}));
     const yld_Set& none = part.Surface("T", ints({99}), faces({yld_Enum::FACE1}));
@@ -202,7 +202,9 @@ TEST_F(yld_SetTest, unknownLabelsVanishFromASurface)
 
 TEST_F(yld_SetTest, surfaceNeedsAsManyFacesAsLabels)
 {
-    EXPECT_EQ(raised([&] { part.Surface("S", ints({1}), faces({yld_Enum::FACE1, yld_Enum::FACE2})); }),
+    EXPECT_EQ(raised([&] {
+                  part.Surface("S", ints({1}), faces({yld_Enum::FACE1, yld_Enum::FACE2}));
+              }),
               "Number of faces and elements should agree for a Surface.");
     EXPECT_EQ(labelsOf(part.Surface("S", part.elements().slice(0, 1), faces({yld_Enum::FACE1})).elements()),
               (std::vector<int>{1}));

@@ -8,8 +8,8 @@
 #include "platform/sto/sto_Set.h"
 #include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StepContainer.h"
-#include "platform/sto/sto_StoStep.h"
 #include "platform/sto/sto_Sto.h"
+#include "platform/sto/sto_StoStep.h"
 #include "platform/store/fio_File.h"
 #include "result_model.h"
 
@@ -266,7 +266,8 @@ TEST_F(yld_StepDetails, nodalDegreesOfFreedomOfASubstructure)
     stpC_SubstructureGenerateStep settings;
     settings.m_retainedNodalDofs = mrp_Container<stpC_NodalDofs>::create(file);
     settings.m_eliminatedNodalDofs = mrp_Container<stpC_NodalDofs>::create(file);
-    const auto add = [&file](mrp_Container<stpC_NodalDofs> list, const setC_Region& region, const std::vector<int>& dofs) {
+    const auto add = [&file](mrp_Container<stpC_NodalDofs> list, const setC_Region& region,
+                             const std::vector<int>& dofs) {
         list.append("", lnk_ShortCut<stpC_NodalDofs>::create(file, stpC_NodalDofs(region, dofs)));
     };
     add(settings.m_retainedNodalDofs, corner, {1, 2, 3});

@@ -100,8 +100,8 @@ TEST_F(yld_StepSettings, staticLinearPerturbationStepGivesItsArgumentBack)
 
 TEST_F(yld_StepSettings, heatTransferStepGivesItsArgumentsBack)
 {
-    steps().HeatTransferStep("warm", "", "", "TRANSIENT", "RAMP", "AUTOMATIC", 1.5, -3, 2.5, 3.5, 4.5, 5.5, 6.5, "PARABOLIC",
-                             "DIRECT");
+    steps().HeatTransferStep("warm", "", "", "TRANSIENT", "RAMP", "AUTOMATIC", 1.5, -3, 2.5, 3.5, 4.5, 5.5, 6.5,
+                             "PARABOLIC", "DIRECT");
     steps().HeatTransferStep("at rest", "warm", "", "STEADY_STATE", "STEP", "FIXED", 0.0, 0, 0.0, 0.0, 0.0, 0.0, 0.0,
                              "NONE", "ITERATIVE");
     reopen();
@@ -171,10 +171,10 @@ TEST_F(yld_StepFactories, explicitDynamicsStepGivesItsArgumentsAndItsMassScaling
     yld_MassScalingList scaling;
     scaling.append(yld_MassScaling(4.0, 0.0, 0));
     scaling.append(yld_MassScaling(set, 1.0, 1e-6, 25));
-    m_yld->steps().ExplicitDynamicsStep("crash", "Step-1", "", 0.02, "ON", true, "AUTOMATIC", yld_Union(1e-7), 0.06, 1.2,
-                                        0.9, yld_Union("NONE"), scaling);
-    m_yld->steps().ExplicitDynamicsStep("free", "crash", "", 0.5, "OFF", false, "FIXED", yld_Union("MODEL"), 0.0, 0.0, 0.0,
-                                        yld_Union(2.0), yld_MassScalingList());
+    m_yld->steps().ExplicitDynamicsStep("crash", "Step-1", "", 0.02, "ON", true, "AUTOMATIC", yld_Union(1e-7), 0.06,
+                                        1.2, 0.9, yld_Union("NONE"), scaling);
+    m_yld->steps().ExplicitDynamicsStep("free", "crash", "", 0.5, "OFF", false, "FIXED", yld_Union("MODEL"), 0.0, 0.0,
+                                        0.0, yld_Union(2.0), yld_MassScalingList());
     reopen();
     const sto_Model model = m_yld->sto().model("Default Model");
     const auto held = model.step("crash").analysisStep();
@@ -239,8 +239,8 @@ TEST_F(yld_StepSettings, unknownTextsAreRefusedWithTheKnownOnes)
     };
     const auto heatWith = [&](const char* response, const char* extrapolation, const char* solver) {
         return failureOf([&] {
-            steps().HeatTransferStep("x", "", "", response, "RAMP", "FIXED", 0.0, 0, 0.0, 0.0, 0.0, 0.0, 0.0, extrapolation,
-                                     solver);
+            steps().HeatTransferStep("x", "", "", response, "RAMP", "FIXED", 0.0, 0, 0.0, 0.0, 0.0, 0.0, 0.0,
+                                     extrapolation, solver);
         });
     };
     const std::string before = "val_PrimEnum(const shr_String&) - str not allowed: ";

@@ -96,7 +96,8 @@ TEST_F(yld_StepSelection, negativeValueWithALoadCaseTakesAllItsFrames)
     step().Frame(pull, "", 3.0);
     step().Frame(push, "", 1.0);
     step().Frame(pull, "", 1.0);
-    for (const auto match : {yld_Enum::MATCH_CLOSEST, yld_Enum::MATCH_BEFORE, yld_Enum::MATCH_AFTER, yld_Enum::MATCH_EXACT}) {
+    for (const auto match :
+         {yld_Enum::MATCH_CLOSEST, yld_Enum::MATCH_BEFORE, yld_Enum::MATCH_AFTER, yld_Enum::MATCH_EXACT}) {
         EXPECT_EQ(listed(step().findFrames(pull, -1.0, match)), "0 2");
         EXPECT_EQ(step().getFrame(pull, -1.0, match).frameIndex(), 0);
         EXPECT_EQ(step().getFrame(push, -1.0, match).frameIndex(), 1);

@@ -55,8 +55,7 @@ TEST(yld_String, a_change_to_a_copy_leaves_the_original_alone)
 TEST(yld_String, each_mutating_member_gives_the_string_itself)
 {
     yld_String s("  hello  ");
-    yld_String& same =
-        s.trim(" ").capitalize().append("!").insert(0, ">").replace(0, 1, "<").toUpper().reverse();
+    yld_String& same = s.trim(" ").capitalize().append("!").insert(0, ">").replace(0, 1, "<").toUpper().reverse();
     EXPECT_EQ(&same, &s);
     EXPECT_EQ(s, "!OLLEH<");
     EXPECT_EQ(&s.erase(6), &s);

@@ -25,8 +25,8 @@ constexpr std::uint32_t unsetSingle = 0x00800000u;
 constexpr std::uint64_t unsetDouble = 0x0010000000000000u;
 constexpr int unsetInteger = -2147483647 - 1;
 
-void expectFields(const yld_Union& u, int tag, int integer, std::uint32_t single, std::uint64_t real,
-                  bool boolean, const char* string)
+void expectFields(const yld_Union& u, int tag, int integer, std::uint32_t single, std::uint64_t real, bool boolean,
+                  const char* string)
 {
     EXPECT_EQ(Access::tag(u), tag);
     EXPECT_EQ(Access::integer(u), integer);
@@ -36,8 +36,7 @@ void expectFields(const yld_Union& u, int tag, int integer, std::uint32_t single
     EXPECT_EQ(Access::string(u), string);
 }
 
-template<class Get>
-void expectRefused(const Get& get, const char* message)
+template<class Get> void expectRefused(const Get& get, const char* message)
 {
     try {
         get();

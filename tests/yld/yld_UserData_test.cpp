@@ -125,12 +125,11 @@ TEST_F(yld_UserDataTest, curvesComeBackFromAClosedFile)
 TEST_F(yld_UserDataTest, everySourceTypeComesBack)
 {
     yld_Yld& made = create();
-    const std::pair<const char*, yld_Enum::yld_XYSourceTypeEnm> sources[] = {
-        {"a", yld_Enum::XY_FROM_KEYBOARD},
-        {"b", yld_Enum::XY_FROM_FILE},
-        {"c", yld_Enum::XY_FROM_FIELD_OUTPUT},
-        {"d", yld_Enum::XY_FROM_HISTORY_OUTPUT},
-        {"e", yld_Enum::XY_FROM_OPERATION}};
+    const std::pair<const char*, yld_Enum::yld_XYSourceTypeEnm> sources[] = {{"a", yld_Enum::XY_FROM_KEYBOARD},
+                                                                             {"b", yld_Enum::XY_FROM_FILE},
+                                                                             {"c", yld_Enum::XY_FROM_FIELD_OUTPUT},
+                                                                             {"d", yld_Enum::XY_FROM_HISTORY_OUTPUT},
+                                                                             {"e", yld_Enum::XY_FROM_OPERATION}};
     for (const auto& [name, source] : sources) made.userData().XYData(name, source, "", "", "", "", "", "", "");
     yld_Yld& again = reopen(made);
     EXPECT_EQ(again.userData().xyDataObjects().size(), 5);
@@ -354,8 +353,8 @@ TEST_F(yld_UserDataTest, aLongCurveComesBackWhole)
     ASSERT_EQ(data.size(), count);
     int wrong = 0;
     for (int i = 0; i < count; ++i) {
-        const bool same = data[i].size() == 2 && data[i][0] == static_cast<float>(i) &&
-                          data[i][1] == 0.5F * static_cast<float>(i);
+        const bool same =
+            data[i].size() == 2 && data[i][0] == static_cast<float>(i) && data[i][1] == 0.5F * static_cast<float>(i);
         if (!same) ++wrong;
     }
     EXPECT_EQ(wrong, 0);
@@ -380,15 +379,16 @@ TEST_F(yld_UserDataTest, userDataOfNoDatabaseAreEmpty)
 {
     yld_UserData none;
     EXPECT_TRUE(none.xyDataObjects().isEmpty());
-    EXPECT_EQ(failureOf([&] { addCurve(none, "curve"); }),
-              "user data: the database has none, and none can be added");
+    EXPECT_EQ(failureOf([&] { addCurve(none, "curve"); }), "user data: the database has none, and none can be added");
     EXPECT_TRUE(none.xyDataObjects().isEmpty());
     yld_UserXYData curve;
     EXPECT_STREQ(curve.name().cStr(), "");
     EXPECT_EQ(curve.sourceType(), yld_Enum::XY_FROM_KEYBOARD);
     EXPECT_STREQ(curve.description().cStr(), "");
     EXPECT_TRUE(curve.getData().isEmpty());
-    EXPECT_EQ(failureOf([&] { curve.addData(rows({{1.0F, 2.0F}})); }),
+    EXPECT_EQ(failureOf([&] {
+                  curve.addData(rows({{1.0F, 2.0F}}));
+              }),
               "sto_UserXYData: a reference to no object was resolved");
     EXPECT_TRUE(curve.getData().isEmpty());
 }
@@ -419,8 +419,7 @@ TEST_F(yld_UserDataTest, readUserXYDataBringsInOneCurve)
     other.userData().ReadUserXYData("two");
     EXPECT_EQ(joined(other.userData().xyDataObjects().keys()), "two");
     expectTexts(other.userData().xyDataObjects("two"), "two");
-    EXPECT_EQ(failureOf([&] { other.userData().ReadUserXYData("three"); }),
-              "user data: has no curve named \"three\"");
+    EXPECT_EQ(failureOf([&] { other.userData().ReadUserXYData("three"); }), "user data: has no curve named \"three\"");
     other.userData().ReadUserXYDataCon();
     EXPECT_EQ(joined(other.userData().xyDataObjects().keys()), "one,two");
     made.close();

@@ -30,8 +30,7 @@ class yld_WipReporterTest : public testing::Test
 protected:
     void TearDown() override { yld_WipReporter::GenerateWipMessages(false); }
 
-    template<class Action>
-    void expectAssertion(const Action& action, const char* condition)
+    template<class Action> void expectAssertion(const Action& action, const char* condition)
     {
         try {
             action();
@@ -43,8 +42,7 @@ protected:
         EXPECT_EQ(buffer.str(), "") << "nothing is written";
     }
 
-    template<class Action>
-    void expectError(const Action& action, const char* text)
+    template<class Action> void expectError(const Action& action, const char* text)
     {
         try {
             action();

@@ -211,9 +211,7 @@ TEST_F(yld_YldTest, saveGoesToTheOwnPathAlone)
         EXPECT_EQ(failureOf([&] { made.save(other.c_str()); }), refused) << other;
         EXPECT_FALSE(std::filesystem::exists(m_folder.file("other.yld")));
     }
-    const auto onDisk = [&] {
-        return fio_File::Open(m_path.c_str(), false, true).body()->saveCount();
-    };
+    const auto onDisk = [&] { return fio_File::Open(m_path.c_str(), false, true).body()->saveCount(); };
     EXPECT_EQ(onDisk(), 1) << "the one save of the creation";
     made.save("");
     EXPECT_EQ(onDisk(), 2);

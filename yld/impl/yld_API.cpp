@@ -41,10 +41,7 @@ void stopAtExit()
 
 } // namespace
 
-const yld_LibraryState& yld_libraryState()
-{
-    return state;
-}
+const yld_LibraryState& yld_libraryState() { return state; }
 
 void yld_initializeAPI()
 {

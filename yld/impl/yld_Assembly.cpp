@@ -232,10 +232,17 @@ void yld_Assembly::ReadSets(bool includeInternal)
             const yld_String label(list.setLabel(i).c_str());
             const yld_Set set(label, list.get(i), m_instances->meshes());
             switch (list.setType(i)) {
-            case setC_Set::nodeSet: m_nodeSets.insert(label, set); break;
-            case setC_Set::elementSet: m_elementSets.insert(label, set); break;
-            case setC_Set::surface: m_surfaces.insert(label, set); break;
-            default: yld_raise("Unknown Set type.");
+            case setC_Set::nodeSet:
+                m_nodeSets.insert(label, set);
+                break;
+            case setC_Set::elementSet:
+                m_elementSets.insert(label, set);
+                break;
+            case setC_Set::surface:
+                m_surfaces.insert(label, set);
+                break;
+            default:
+                yld_raise("Unknown Set type.");
             }
         }
     });
@@ -302,9 +309,10 @@ std::vector<sto_SetStruct> groupsOf(const yld_Sequence<yld_String>& instanceName
     return groups;
 }
 
-std::vector<mshK_SurfStruct> surfaceGroupsOf(
-    const yld_Sequence<yld_String>& instanceNames, const yld_Sequence<yld_Sequence<int>>& labels,
-    const yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>>& faces, const yld_InstanceRepository& instances)
+std::vector<mshK_SurfStruct> surfaceGroupsOf(const yld_Sequence<yld_String>& instanceNames,
+                                             const yld_Sequence<yld_Sequence<int>>& labels,
+                                             const yld_Sequence<yld_Sequence<yld_Enum::yld_ElementFaceEnum>>& faces,
+                                             const yld_InstanceRepository& instances)
 {
     requireGroups(instanceNames.size(), labels.size());
     requireGroups(instanceNames.size(), faces.size());
@@ -312,8 +320,8 @@ std::vector<mshK_SurfStruct> surfaceGroupsOf(
     for (int i = 0; i < instanceNames.size(); ++i) {
         const yld_Instance& owner = instances.constGet(instanceNames[i]);
         const sto_Mesh mesh = yld_guard([&owner] { return owner.instance().mesh(); });
-        mshK_SurfStruct group{yld_MeshInput::text(instanceNames[i]),
-                              yld_MeshInput::classify(labels[i], faces[i], mesh), {}};
+        mshK_SurfStruct group{
+            yld_MeshInput::text(instanceNames[i]), yld_MeshInput::classify(labels[i], faces[i], mesh), {}};
         for (const yld_Enum::yld_ElementFaceEnum face : faces[i]) group.faces.push_back(static_cast<int>(face) - 1);
         groups.push_back(std::move(group));
     }
@@ -519,7 +527,8 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
             sto_ScopedNode& node = scoped[i];
             node.label = nodes[i];
             const bool isOwn = node.instance < 0;
-            node.index = (isOwn ? own : nodeData[static_cast<std::size_t>(node.instance)]).GetNodeIndexFromLabel(node.label);
+            node.index =
+                (isOwn ? own : nodeData[static_cast<std::size_t>(node.instance)]).GetNodeIndexFromLabel(node.label);
             if (node.index >= 0) continue;
             if (isOwn) yld_raise("Node number \"%d\" does not exist in the rootAssembly.\n", node.label);
             yld_raise("Node number \"%d\" does not exist in the part instance \"%s\".\n", node.label,

@@ -11,8 +11,7 @@ template<class Value> yld_Attribute<Value>& yld_Attribute<Value>::operator=(cons
 template<class Value> yld_Attribute<Value>::~yld_Attribute() = default;
 
 template<class Value> yld_AttributeRepository<Value>::yld_AttributeRepository() = default;
-template<class Value>
-yld_AttributeRepository<Value>::yld_AttributeRepository(const sto_Model& model) : m_model(model)
+template<class Value> yld_AttributeRepository<Value>::yld_AttributeRepository(const sto_Model& model) : m_model(model)
 {
 }
 template<class Value> yld_AttributeRepository<Value>::yld_AttributeRepository(const yld_AttributeRepository&) = default;
@@ -54,8 +53,8 @@ void yld_ContactControlsRepository::Read()
     m_read = true;
 }
 
-#define YLD_ATTRIBUTE(value)                                                                                 \
-    template class yld_Attribute<value>;                                                                     \
+#define YLD_ATTRIBUTE(value)                                                                                           \
+    template class yld_Attribute<value>;                                                                               \
     template class yld_AttributeRepository<value>;
 YLD_ATTRIBUTE(yld_BC)
 YLD_ATTRIBUTE(yld_Load)

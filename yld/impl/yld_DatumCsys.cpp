@@ -24,10 +24,14 @@ yld_Enum::yld_DatumCsysTypeEnum yld_DatumCsys::type() const
 {
     if (!m_csys->isValid()) return yld_Enum::UNDEFINED_CSYS;
     switch (yld_guard([this] { return m_csys->GetCsysType(); })) {
-    case axs_CsysTypeEnm::CARTESIAN: return yld_Enum::CARTESIAN;
-    case axs_CsysTypeEnm::CYLINDRICAL: return yld_Enum::CYLINDRICAL;
-    case axs_CsysTypeEnm::SPHERICAL: return yld_Enum::SPHERICAL;
-    default: return yld_Enum::UNDEFINED_CSYS;
+    case axs_CsysTypeEnm::CARTESIAN:
+        return yld_Enum::CARTESIAN;
+    case axs_CsysTypeEnm::CYLINDRICAL:
+        return yld_Enum::CYLINDRICAL;
+    case axs_CsysTypeEnm::SPHERICAL:
+        return yld_Enum::SPHERICAL;
+    default:
+        return yld_Enum::UNDEFINED_CSYS;
     }
 }
 
@@ -62,9 +66,15 @@ void yld_DatumCsys::summaryValue1(yld_String& out) const
 void yld_DatumCsys::summaryValue2(yld_String& out) const
 {
     switch (type()) {
-    case yld_Enum::CYLINDRICAL: out.append("Cylindrical"); break;
-    case yld_Enum::SPHERICAL: out.append("Spherical"); break;
-    default: out.append("Rectangular"); break;
+    case yld_Enum::CYLINDRICAL:
+        out.append("Cylindrical");
+        break;
+    case yld_Enum::SPHERICAL:
+        out.append("Spherical");
+        break;
+    default:
+        out.append("Rectangular");
+        break;
     }
 }
 
@@ -77,8 +87,7 @@ yld_DatumCsysRepository& yld_DatumCsysRepository::operator=(const yld_DatumCsysR
 yld_DatumCsysRepository::~yld_DatumCsysRepository() = default;
 
 // The store is asked only for a name that is free here: what was deleted here is still there, and gives way.
-template<class Make>
-yld_DatumCsys& yld_DatumCsysRepository::file(const yld_String& name, Make&& make)
+template<class Make> yld_DatumCsys& yld_DatumCsysRepository::file(const yld_String& name, Make&& make)
 {
     const bool existed = isMember(name);
     if (!existed) {
@@ -140,8 +149,7 @@ yld_DatumCsys& yld_DatumCsysRepository::DatumCsysByThreeCircNodes(const yld_Stri
 }
 
 yld_DatumCsys& yld_DatumCsysRepository::DatumCsysBy6dofNode(const yld_String& name,
-                                                            yld_Enum::yld_DatumCsysTypeEnum type,
-                                                            const yld_Node& node)
+                                                            yld_Enum::yld_DatumCsysTypeEnum type, const yld_Node& node)
 {
     return file(name, [&](const std::string& key) {
         return m_model->DatumCsys6dofNode(key, node.meshIndex(), node.label(), unMapDatumCsysType(type));

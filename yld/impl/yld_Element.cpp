@@ -63,9 +63,9 @@ yld_Element::yld_Element(int index, int label, const int* connectivityIndices, i
                          const shr_1DArrayList<int>& nodeLabels, const sto_Mesh& mesh)
 {
     const NeededLabels needed(connectivityIndices, numNodes, nodeLabels, nullptr);
-    *this = yld_Element(index, label, needed.places(), meshIndex, numNodes, type, category, geometryClass,
-                        shapeAttribute, classIndex, needed.labels(), nullptr,
-                        shr_CountedHld<sto_Mesh>(new sto_Mesh(mesh)));
+    *this =
+        yld_Element(index, label, needed.places(), meshIndex, numNodes, type, category, geometryClass, shapeAttribute,
+                    classIndex, needed.labels(), nullptr, shr_CountedHld<sto_Mesh>(new sto_Mesh(mesh)));
 }
 
 yld_Element::yld_Element(int index, int label, const int* connectivityIndices, int meshIndex, int numNodes,
@@ -75,9 +75,9 @@ yld_Element::yld_Element(int index, int label, const int* connectivityIndices, i
                          const sto_Mesh& mesh)
 {
     const NeededLabels needed(connectivityIndices, numNodes, nodeLabels, &scopedNodes);
-    *this = yld_Element(index, label, needed.places(), meshIndex, numNodes, type, category, geometryClass,
-                        shapeAttribute, classIndex, needed.labels(), &scopedNodes,
-                        shr_CountedHld<sto_Mesh>(new sto_Mesh(mesh)));
+    *this =
+        yld_Element(index, label, needed.places(), meshIndex, numNodes, type, category, geometryClass, shapeAttribute,
+                    classIndex, needed.labels(), &scopedNodes, shr_CountedHld<sto_Mesh>(new sto_Mesh(mesh)));
 }
 
 yld_Element::yld_Element(const yld_Element&) = default;

@@ -13,8 +13,7 @@ namespace {
 
 /// One map, said once and searched both ways. The first row that has the value wins, so a later row with a
 /// number that already occurred on one side is a road in the other direction only.
-template<class Store, class Public, std::size_t count>
-struct EnumTable
+template<class Store, class Public, std::size_t count> struct EnumTable
 {
     struct Row
     {
@@ -102,17 +101,16 @@ constexpr EnumTable<kvp_SourceTypeEnm, yld_Enum::yld_XYSourceTypeEnm, 5> s_sourc
      {kvp_SourceTypeEnm::HISTORY_OUTPUT, yld_Enum::XY_FROM_HISTORY_OUTPUT},
      {kvp_SourceTypeEnm::OPERATION, yld_Enum::XY_FROM_OPERATION}}};
 
-constexpr EnumTable<prtC_AxisEnm, yld_Enum::yld_AxisEnum, 3> s_axes = {
-    s_invariantMessage,
-    {{prtC_AxisEnm::AXIS_1, yld_Enum::AXIS_1},
-     {prtC_AxisEnm::AXIS_2, yld_Enum::AXIS_2},
-     {prtC_AxisEnm::AXIS_3, yld_Enum::AXIS_3}}};
+constexpr EnumTable<prtC_AxisEnm, yld_Enum::yld_AxisEnum, 3> s_axes = {s_invariantMessage,
+                                                                       {{prtC_AxisEnm::AXIS_1, yld_Enum::AXIS_1},
+                                                                        {prtC_AxisEnm::AXIS_2, yld_Enum::AXIS_2},
+                                                                        {prtC_AxisEnm::AXIS_3, yld_Enum::AXIS_3}}};
 
-constexpr EnumTable<prtC_OrientationMethodEnm, yld_Enum::yld_OrientationMethodEnum, 3> s_orientationMethods =
-    {s_invariantMessage,
-     {{prtC_OrientationMethodEnm::COSINES, yld_Enum::ORIENTATION_BY_COSINES},
-      {prtC_OrientationMethodEnm::CSYS, yld_Enum::ORIENTATION_BY_CSYS},
-      {prtC_OrientationMethodEnm::VECTOR, yld_Enum::ORIENTATION_BY_VECTOR}}};
+constexpr EnumTable<prtC_OrientationMethodEnm, yld_Enum::yld_OrientationMethodEnum, 3> s_orientationMethods = {
+    s_invariantMessage,
+    {{prtC_OrientationMethodEnm::COSINES, yld_Enum::ORIENTATION_BY_COSINES},
+     {prtC_OrientationMethodEnm::CSYS, yld_Enum::ORIENTATION_BY_CSYS},
+     {prtC_OrientationMethodEnm::VECTOR, yld_Enum::ORIENTATION_BY_VECTOR}}};
 
 constexpr EnumTable<axs_CsysTypeEnm, yld_Enum::yld_DatumCsysTypeEnum, 4> s_csysTypes = {
     s_invariantMessage,
@@ -180,15 +178,9 @@ constexpr EnumTable<prtC_StackDirectionEnm, yld_Enum::yld_StackDirectionEnum, 4>
 
 } // namespace
 
-yld_Enum::yld_DataTypeEnum mapDataType(fld_DataTypeEnm type)
-{
-    return s_dataTypes.toPublic(type);
-}
+yld_Enum::yld_DataTypeEnum mapDataType(fld_DataTypeEnm type) { return s_dataTypes.toPublic(type); }
 
-fld_DataTypeEnm unMapDataType(yld_Enum::yld_DataTypeEnum type)
-{
-    return s_dataTypes.toStore(type);
-}
+fld_DataTypeEnm unMapDataType(yld_Enum::yld_DataTypeEnum type) { return s_dataTypes.toStore(type); }
 
 yld_Enum::yld_ResultPositionEnum mapOutputPosition(fld_OutputPositionEnm position)
 {
@@ -200,35 +192,17 @@ fld_OutputPositionEnm unMapOutputPosition(yld_Enum::yld_ResultPositionEnum posit
     return s_positions.toStore(position);
 }
 
-yld_Enum::yld_InvariantEnum mapInvarEnum(fld_InvariantEnm invariant)
-{
-    return s_invariants.toPublic(invariant);
-}
+yld_Enum::yld_InvariantEnum mapInvarEnum(fld_InvariantEnm invariant) { return s_invariants.toPublic(invariant); }
 
-fld_InvariantEnm unMapInvarEnum(yld_Enum::yld_InvariantEnum invariant)
-{
-    return s_invariants.toStore(invariant);
-}
+fld_InvariantEnm unMapInvarEnum(yld_Enum::yld_InvariantEnum invariant) { return s_invariants.toStore(invariant); }
 
-yld_Enum::yld_XYSourceTypeEnm mapSourceType(kvp_SourceTypeEnm source)
-{
-    return s_sourceTypes.toPublic(source);
-}
+yld_Enum::yld_XYSourceTypeEnm mapSourceType(kvp_SourceTypeEnm source) { return s_sourceTypes.toPublic(source); }
 
-kvp_SourceTypeEnm unMapSourceType(yld_Enum::yld_XYSourceTypeEnm source)
-{
-    return s_sourceTypes.toStore(source);
-}
+kvp_SourceTypeEnm unMapSourceType(yld_Enum::yld_XYSourceTypeEnm source) { return s_sourceTypes.toStore(source); }
 
-yld_Enum::yld_AxisEnum mapAxisEnum(prtC_AxisEnm axis)
-{
-    return s_axes.toPublic(axis);
-}
+yld_Enum::yld_AxisEnum mapAxisEnum(prtC_AxisEnm axis) { return s_axes.toPublic(axis); }
 
-prtC_AxisEnm unMapAxisEnum(yld_Enum::yld_AxisEnum axis)
-{
-    return s_axes.toStore(axis);
-}
+prtC_AxisEnm unMapAxisEnum(yld_Enum::yld_AxisEnum axis) { return s_axes.toStore(axis); }
 
 yld_Enum::yld_OrientationMethodEnum mapOrientationMethod(prtC_OrientationMethodEnm method)
 {
@@ -240,10 +214,7 @@ prtC_OrientationMethodEnm unMapOrientationMethod(yld_Enum::yld_OrientationMethod
     return s_orientationMethods.toStore(method);
 }
 
-axs_CsysTypeEnm unMapDatumCsysType(yld_Enum::yld_DatumCsysTypeEnum type)
-{
-    return s_csysTypes.toStore(type);
-}
+axs_CsysTypeEnm unMapDatumCsysType(yld_Enum::yld_DatumCsysTypeEnum type) { return s_csysTypes.toStore(type); }
 
 yld_Enum::yld_RelativePositionEnm mapRelativePositionEnm(ntsC_RelativePositionEnm position)
 {
@@ -265,15 +236,9 @@ ntsC_ArrowHeadStyleEnm unMapArrowHeadStyleEnm(yld_Enum::yld_ArrowHeadStyleEnm st
     return s_arrowHeads.toStore(style);
 }
 
-yld_Enum::yld_LineStyleEnm mapLineStyleEnm(ntsC_LineStyleEnm style)
-{
-    return s_lineStyles.toPublic(style);
-}
+yld_Enum::yld_LineStyleEnm mapLineStyleEnm(ntsC_LineStyleEnm style) { return s_lineStyles.toPublic(style); }
 
-ntsC_LineStyleEnm unMapLineStyleEnm(yld_Enum::yld_LineStyleEnm style)
-{
-    return s_lineStyles.toStore(style);
-}
+ntsC_LineStyleEnm unMapLineStyleEnm(yld_Enum::yld_LineStyleEnm style) { return s_lineStyles.toStore(style); }
 
 yld_Enum::yld_LineThicknessEnm mapLineThicknessEnm(ntsC_LineThicknessEnm thickness)
 {

@@ -45,20 +45,11 @@ yld_Exception& yld_Exception::operator=(const yld_Exception&) = default;
 
 yld_Exception::~yld_Exception() = default;
 
-void yld_Exception::Propagate() const
-{
-    throw yld_Exception(*this);
-}
+void yld_Exception::Propagate() const { throw yld_Exception(*this); }
 
-yld_Exception* yld_Exception::Copy() const
-{
-    return new yld_Exception(*this);
-}
+yld_Exception* yld_Exception::Copy() const { return new yld_Exception(*this); }
 
-unsigned yld_Exception::DynTypeId() const
-{
-    return TypeId();
-}
+unsigned yld_Exception::DynTypeId() const { return TypeId(); }
 
 void yld_Exception::DBWrite(pcl_WriteVisitor& visitor) const
 {
@@ -81,11 +72,10 @@ shr_String yld_Exception::JournalMessage() const
         return msg_Format("The database is from a previous version of ZANTRA. \n"
                           "Run zantra -upgrade -job <newFileName> -yld <oldYldFileName> to upgrade it.");
     case yld_DATABASE_TOO_NEW:
-        return msg_Format(
-            "%1$s is from a more recent version of ZANTRA.\n\n"
-            " The current ZANTRA installation must be upgraded before this output database can be "
-            "opened.",
-            m_FileName);
+        return msg_Format("%1$s is from a more recent version of ZANTRA.\n\n"
+                          " The current ZANTRA installation must be upgraded before this output database can be "
+                          "opened.",
+                          m_FileName);
     case yld_CONVERSION_FAILED:
         return msg_Format("cannot convert database %1$s, %2$s", m_FileName, m_ErrMsg);
     case yld_VERSION_CHECK_FAILED:
@@ -117,15 +107,9 @@ shr_String yld_Exception::JournalMessage() const
     return shr_String();
 }
 
-const char* yld_Exception::PythonType() const
-{
-    return "YldError";
-}
+const char* yld_Exception::PythonType() const { return "YldError"; }
 
-unsigned yld_Exception::TypeId()
-{
-    return 0x290001;
-}
+unsigned yld_Exception::TypeId() { return 0x290001; }
 
 void yld_Exception::initClassMetadata(pcl_MetadataRegistrar& registrar)
 {
@@ -151,10 +135,7 @@ int yld_Exception::majorVersion(int version, Release current)
     return version < 15 ? 1 : version < 42 ? 2 : current.major;
 }
 
-int yld_Exception::minorVersion(int version, Release current)
-{
-    return version < 42 ? 0 : current.minor;
-}
+int yld_Exception::minorVersion(int version, Release current) { return version < 42 ? 0 : current.minor; }
 
 yld_String yld_Exception::versionLabel(int version, Release current)
 {

@@ -34,7 +34,8 @@ int rowCount(long long count)
 yld_FieldAddDataSet::yld_FieldAddDataSet(const yld_FieldOutput& field, yld_Enum::yld_ResultPositionEnum position,
                                          const yld_Set& set, const yld_RowArray& data,
                                          const yld_SectionPoint& sectionPoint, const yld_RowArray& conjugate)
-    : m_field(field), m_position(position), m_set(set), m_data(data), m_sectionPoint(sectionPoint), m_conjugate(conjugate)
+    : m_field(field), m_position(position), m_set(set), m_data(data), m_sectionPoint(sectionPoint),
+      m_conjugate(conjugate)
 {
 }
 
@@ -82,9 +83,10 @@ void yld_FieldAddDataSet::checkSet(int type) const
         case 12:
         case 13:
         case 15:
-            yld_raise("Mismatch in setType & position for addData.\nElementSet %s is provided while position is not set "
-                      "to be one of ELEMENT_NODAL, INTEGRATION_POINT, CENTROID or WHOLE_ELEMENT",
-                      name);
+            yld_raise(
+                "Mismatch in setType & position for addData.\nElementSet %s is provided while position is not set "
+                "to be one of ELEMENT_NODAL, INTEGRATION_POINT, CENTROID or WHOLE_ELEMENT",
+                name);
         default:
             yld_raise("undefined position specified for addData.\nElementSet %s is provided.", name);
         }
@@ -94,12 +96,14 @@ void yld_FieldAddDataSet::checkSet(int type) const
     case 5:
     case 6:
     case 7:
-        yld_raise("Error. Invalid setType provided. addData can be called only for nodesets or elementSets. check set %s",
-                  name);
+        yld_raise(
+            "Error. Invalid setType provided. addData can be called only for nodesets or elementSets. check set %s",
+            name);
     default:
-        yld_raise("Error. undefined setType provided. addData can be called only for nodesets or elementSets. check set "
-                  "%s",
-                  name);
+        yld_raise(
+            "Error. undefined setType provided. addData can be called only for nodesets or elementSets. check set "
+            "%s",
+            name);
     }
 }
 
@@ -134,8 +138,9 @@ int yld_FieldAddDataSet::validate() const
     if (!isOpen) yld_raise("Specified yldSet %s is not associated with a valid output database", m_set.name());
     const auto& ofAssembly = m_field.m_assembly.ConstGet().modelFile();
     if (set.shortCut().file() != ofAssembly) {
-        yld_raise("Specified yldSet %s belongs to YLD : %s, while AddData is attempted on YLD : %s. This is not permitted.",
-                  m_set.name(), set.shortCut().file()->path().c_str(), ofAssembly->path().c_str());
+        yld_raise(
+            "Specified yldSet %s belongs to YLD : %s, while AddData is attempted on YLD : %s. This is not permitted.",
+            m_set.name(), set.shortCut().file()->path().c_str(), ofAssembly->path().c_str());
     }
     return meshIndex;
 }
@@ -189,7 +194,8 @@ void yld_FieldAddDataSet::checkElementType(int typeCode)
         return;
     default:
         if (typeCode >= 0 && typeCode <= 15) {
-            yld_raise("Invalid dataType for writing element data. Permitted datatypes are SCALAR and VECTOR and TENSOR.");
+            yld_raise(
+                "Invalid dataType for writing element data. Permitted datatypes are SCALAR and VECTOR and TENSOR.");
         }
         yld_raise("Undefined dataType for writing element data. Permitted datatypes are SCALAR and VECTOR and TENSOR.");
     }
@@ -314,17 +320,20 @@ void yld_FieldAddDataSet::writeElements(const sto_PartInstance& instance)
     }
 }
 
-void yld_FieldAddDataSet::copyRows(const fld_FieldDescription& description, int first, int end, const yld_RowArray& data,
-                                   const yld_RowArray& conjugate, float* holder, float* conjugateHolder)
+void yld_FieldAddDataSet::copyRows(const fld_FieldDescription& description, int first, int end,
+                                   const yld_RowArray& data, const yld_RowArray& conjugate, float* holder,
+                                   float* conjugateHolder)
 {
     const int width = description.m_width;
     if (end - first != description.m_length) {
-        yld_raise("Error while computing offsets for data.\n Expecting to fill %d rows of data. Computed indices = %d rows. "
-                  "Report to ZANTRA,Inc.",
-                  description.m_length, end - first);
+        yld_raise(
+            "Error while computing offsets for data.\n Expecting to fill %d rows of data. Computed indices = %d rows. "
+            "Report to ZANTRA,Inc.",
+            description.m_length, end - first);
     }
     if (end > data.size()) {
-        yld_raise("Expecting at least %d rows of data. Input data has %d rows.Please check input data", end, data.size());
+        yld_raise("Expecting at least %d rows of data. Input data has %d rows.Please check input data", end,
+                  data.size());
     }
     if (conjugate.size() > 0 && end > conjugate.size()) {
         yld_raise("Expecting at least %d rows of conjugate data. Input data has %d rows.Please check input data", end,
@@ -340,9 +349,10 @@ void yld_FieldAddDataSet::copyRows(const fld_FieldDescription& description, int 
     }
     for (int row = first; row < end && conjugate.size() > 0; ++row) {
         if (conjugate.width(row) > width) {
-            yld_raise("**ERROR in input data array.\nInvalid width of conjugate data in row %d.Expected max width = %d, "
-                      "current data Width = %d",
-                      row, width, conjugate.width(row));
+            yld_raise(
+                "**ERROR in input data array.\nInvalid width of conjugate data in row %d.Expected max width = %d, "
+                "current data Width = %d",
+                row, width, conjugate.width(row));
         }
         std::copy_n(conjugate.row(row), conjugate.width(row),
                     conjugateHolder + static_cast<std::ptrdiff_t>(row - first) * width);

@@ -1,9 +1,9 @@
 #include "yld/impl/yld_FieldAddDataUtils.h"
 
 #include "platform/math/eng_Quaternion.h"
-#include "platform/store/fio_Extents.h"
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_FieldStep.h"
+#include "platform/store/fio_Extents.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld/impl/yld_SetCache.h"
 #include "yld_EnumMap.h"
@@ -37,8 +37,9 @@ yld_FieldAddDataUtils::yld_FieldAddDataUtils(yld_FieldOutput& field, yld_Enum::y
                                              const sto_PartInstance& instance, const int* labels, int numLabels,
                                              const yld_RowArray& data, const yld_SectionPoint& sectionPoint,
                                              const yld_SystemArray& systems, const yld_RowArray& conjugate)
-    : m_field(field), m_position(position), m_instance(instance), m_labels(labels), m_numLabels(numLabels), m_data(data),
-      m_sectionPoint(sectionPoint), m_systems(systems), m_conjugate(conjugate), m_isPair(conjugate.size() > 0)
+    : m_field(field), m_position(position), m_instance(instance), m_labels(labels), m_numLabels(numLabels),
+      m_data(data), m_sectionPoint(sectionPoint), m_systems(systems), m_conjugate(conjugate),
+      m_isPair(conjugate.size() > 0)
 {
 }
 
@@ -153,10 +154,11 @@ void yld_FieldAddDataUtils::run()
 
     const long long expected = m_isPair ? 2LL * m_data.size() : m_data.size();
     if (m_total != expected) {
-        yld_raise("field.addData() request not processed correctly. %1$s data sequences written from the %2$s supplied. "
-                  "Write data for each element position, element type, and section definition separately for more "
-                  "detailed error messages.",
-                  fittingInt(m_total), m_data.size());
+        yld_raise(
+            "field.addData() request not processed correctly. %1$s data sequences written from the %2$s supplied. "
+            "Write data for each element position, element type, and section definition separately for more "
+            "detailed error messages.",
+            fittingInt(m_total), m_data.size());
     }
 }
 
@@ -184,7 +186,8 @@ void yld_FieldAddDataUtils::checkSectionPoint()
         if (!isGiven) continue;
         const sto_ElementClass onClass = m_mesh.elementData().elementClass(classIndex);
         if (m_sectionIndex >= onClass.numLocation()) yld_raise("Section Point number %s.", m_sectionPoint.number());
-        const std::string label = m_sectionIndex < 0 ? std::string() : std::string(onClass.sectionPointLabel(m_sectionIndex));
+        const std::string label =
+            m_sectionIndex < 0 ? std::string() : std::string(onClass.sectionPointLabel(m_sectionIndex));
         if (label != m_sectionPoint.description().cStr()) yld_raise("Section point not valid for all elements.");
     }
 }
@@ -332,7 +335,8 @@ fio_Buffer yld_FieldAddDataUtils::fill(const fld_FieldDescription& description, 
     if (isAsItStands) {
         // Whole stretches as they stand.
         for (const Stretch& stretch : block.stretches) {
-            values = std::copy_n(rows.row<T>(stretch.first), static_cast<std::ptrdiff_t>(stretch.count) * width, values);
+            values =
+                std::copy_n(rows.row<T>(stretch.first), static_cast<std::ptrdiff_t>(stretch.count) * width, values);
         }
         return buffer;
     }
@@ -361,7 +365,8 @@ template<class T> fio_Buffer yld_FieldAddDataUtils::fillSystems(const Block& blo
     if (m_systems.size() == 1) {
         T components[4];
         convert(0, components);
-        eachRow(block, [&](int, int to) { std::copy_n(components, width, values + static_cast<std::ptrdiff_t>(to) * width); });
+        eachRow(block,
+                [&](int, int to) { std::copy_n(components, width, values + static_cast<std::ptrdiff_t>(to) * width); });
     } else {
         eachRow(block, [&](int from, int to) { convert(from, values + static_cast<std::ptrdiff_t>(to) * width); });
     }
@@ -388,8 +393,7 @@ template<class T> void yld_FieldAddDataUtils::writeValues(const Block& block, fl
     sto_FieldStep step = m_field.m_fieldStep.ConstGet();
     sto_FieldFrame frame = m_field.m_fieldFrame.ConstGet();
     const bool hasOrientation = !m_systems.isEmpty();
-    const bool isPlanar =
-        m_field.m_type == yld_Enum::TENSOR_2D_PLANAR || m_field.m_type == yld_Enum::TENSOR_2D_SURFACE;
+    const bool isPlanar = m_field.m_type == yld_Enum::TENSOR_2D_PLANAR || m_field.m_type == yld_Enum::TENSOR_2D_SURFACE;
     constexpr int storageType = sizeof(T) == sizeof(double) ? 1 : 0;
     const int firstWidth = block.numRows > 0 ? m_data.width(block.stretches.front().first) : 0;
     const fio_Buffer values = fill<T>(wanted, m_data, block, firstWidth);
@@ -404,7 +408,8 @@ template<class T> void yld_FieldAddDataUtils::writeValues(const Block& block, fl
     }
     const sto_FieldDescription description = enter(step, std::move(wanted), systemsType, orientationKey, m_key);
     const sto_Field orientation =
-        hasOrientation ? frame.Orientation(description.orientation(), orientationKey, systems, storageType) : sto_Field();
+        hasOrientation ? frame.Orientation(description.orientation(), orientationKey, systems, storageType)
+                       : sto_Field();
     const sto_Field stored = frame.Field(description, m_key, values, conjugate, orientation, storageType);
     m_total += (m_isPair ? 2LL : 1LL) * block.numRows;
     appendBlock(m_field, m_key, stored);

@@ -37,7 +37,8 @@ public:
     static void appendBlock(yld_FieldOutput& field, int key, const sto_Field& stored);
     /// Raises when a block has another number of rows than its description says.
     /// @param rows  with the conjugate ones
-    static void checkLength(const fld_FieldDescription& description, long long rows, const sto_ElementClass& elementClass);
+    static void checkLength(const fld_FieldDescription& description, long long rows,
+                            const sto_ElementClass& elementClass);
     /// The rows an element has at a position of the store; 1 for a position with one value an element.
     static int rowsPerElement(fld_OutputPositionEnm position, const sto_ElementClass& elementClass);
 

@@ -39,8 +39,7 @@ T* perValue(const T* ofBlock, int length, int valuesPerElement, const yld_Sequen
 }
 
 // Rows that stand as close as the type has components, as nearly all do, go in one piece.
-template<class Real>
-void fillMises(int code, const Real* rows, int count, int width, bool engineering, float* values)
+template<class Real> void fillMises(int code, const Real* rows, int count, int width, bool engineering, float* values)
 {
     if (width == eng_DataType::numTensorComponents(code)) {
         eng_mises(code, rows, sizeOf(count), engineering, values);
@@ -138,10 +137,7 @@ void yld_FieldBulkData::duplicateOwned(const yld_FieldBulkData& other)
     m_facesPerValue = duplicate(other.m_facesPerValue, m_length);
 }
 
-int yld_FieldBulkData::numberOfElements() const
-{
-    return m_valuesPerElement < 1 ? 0 : m_length / m_valuesPerElement;
-}
+int yld_FieldBulkData::numberOfElements() const { return m_valuesPerElement < 1 ? 0 : m_length / m_valuesPerElement; }
 
 const int* yld_FieldBulkData::elementLabels() const
 {

@@ -123,9 +123,10 @@ bool yld_FieldCopy::isCompatible(const yld_SubField& block) const
     if (onClass.isValid()) {
         const int found = findClass(mesh, onClass, -1);
         if (found < 0) {
-            prg_WIPBase::Warning(msg_Format("No elements with type \"%1$s\" and sectionCategory \"%2$s\" in set \"%3$s\" "
-                                            "found in the target database.",
-                                            onClass.typeLabel().c_str(), onClass.categoryLabel().c_str(), label.c_str()));
+            prg_WIPBase::Warning(
+                msg_Format("No elements with type \"%1$s\" and sectionCategory \"%2$s\" in set \"%3$s\" "
+                           "found in the target database.",
+                           onClass.typeLabel().c_str(), onClass.categoryLabel().c_str(), label.c_str()));
             return false;
         }
         const int location = description->m_locationIndex;
@@ -216,7 +217,8 @@ sto_Set yld_FieldCopy::setFor(const yld_SubField& block, const Place& place, con
         if (candidate.isValid() && isWhole && candidate.shortCut() == stored.shortCut()) return candidate;
     }
     Members wanted = membersOf(stored, mesh, description->m_classIndex);
-    if (!isWhole) wanted = shown(wanted, rows, rowsPerMember(*description, sto_FieldDescription::elementClass(*description)));
+    if (!isWhole)
+        wanted = shown(wanted, rows, rowsPerMember(*description, sto_FieldDescription::elementClass(*description)));
     for (const sto_Set& candidate : candidates) {
         if (candidate.isValid() && membersOf(candidate, place.mesh, place.classIndex) == wanted) return candidate;
     }
@@ -313,8 +315,8 @@ void yld_FieldCopy::copy(const yld_SubField& block)
         yld_FieldAddDataUtils::enter(step, std::move(wanted), systemsType, systemsKey, key);
     if (hasOrientation) {
         const sto_Field& turned = block.field().orientation();
-        systems = frame.Orientation(description.orientation(), systemsKey, gather(turned, rows).values,
-                                    turned.storageType());
+        systems =
+            frame.Orientation(description.orientation(), systemsKey, gather(turned, rows).values, turned.storageType());
     }
     const Halves halves = gather(block.field(), rows);
     const sto_Field stored =

@@ -246,14 +246,19 @@ void yld_FieldOutput::checkValidInvariants(yld_Enum::yld_DataTypeEnum type,
 {
     using Permitted = std::initializer_list<yld_Enum::yld_InvariantEnum>;
     static constexpr Permitted ofVectors = {yld_Enum::MAGNITUDE};
-    static constexpr Permitted ofFullTensors = {yld_Enum::MAX_PRINCIPAL, yld_Enum::MID_PRINCIPAL, yld_Enum::MIN_PRINCIPAL,
-                                                yld_Enum::MISES,         yld_Enum::TRESCA,        yld_Enum::PRESS,
-                                                yld_Enum::INV3};
-    static constexpr Permitted ofPlanarTensors = {
-        yld_Enum::MAX_PRINCIPAL,         yld_Enum::MID_PRINCIPAL,         yld_Enum::MIN_PRINCIPAL,
-        yld_Enum::MAX_INPLANE_PRINCIPAL, yld_Enum::MIN_INPLANE_PRINCIPAL, yld_Enum::OUTOFPLANE_PRINCIPAL,
-        yld_Enum::MISES,                 yld_Enum::TRESCA,                yld_Enum::PRESS,
-        yld_Enum::INV3};
+    static constexpr Permitted ofFullTensors = {
+        yld_Enum::MAX_PRINCIPAL, yld_Enum::MID_PRINCIPAL, yld_Enum::MIN_PRINCIPAL, yld_Enum::MISES,
+        yld_Enum::TRESCA,        yld_Enum::PRESS,         yld_Enum::INV3};
+    static constexpr Permitted ofPlanarTensors = {yld_Enum::MAX_PRINCIPAL,
+                                                  yld_Enum::MID_PRINCIPAL,
+                                                  yld_Enum::MIN_PRINCIPAL,
+                                                  yld_Enum::MAX_INPLANE_PRINCIPAL,
+                                                  yld_Enum::MIN_INPLANE_PRINCIPAL,
+                                                  yld_Enum::OUTOFPLANE_PRINCIPAL,
+                                                  yld_Enum::MISES,
+                                                  yld_Enum::TRESCA,
+                                                  yld_Enum::PRESS,
+                                                  yld_Enum::INV3};
     static constexpr Permitted ofSurfaceTensors = {yld_Enum::MAX_PRINCIPAL, yld_Enum::MIN_PRINCIPAL,
                                                    yld_Enum::MAX_INPLANE_PRINCIPAL, yld_Enum::MIN_INPLANE_PRINCIPAL};
     Permitted permitted;

@@ -82,7 +82,8 @@ void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const s
     const yld_RowArray conjugateRows(conjugateData);
     const yld_SystemArray systems(localCoordSystems);
     yld_guard([&] {
-        yld_FieldAddDataUtils(*this, position, instance, first, count, rows, sectionPoint, systems, conjugateRows).run();
+        yld_FieldAddDataUtils(*this, position, instance, first, count, rows, sectionPoint, systems, conjugateRows)
+            .run();
     });
 }
 
@@ -109,7 +110,8 @@ void yld_FieldOutput::addRows(yld_Enum::yld_ResultPositionEnum position, const y
 {
     checkAttached();
     const sto_PartInstance stored = storedInstance(m_assembly, position, instance);
-    if (numLabels < 0 || numRows < 0 || width < 0 || numSystems < 0) yld_raise("addBulkData() takes no negative count.");
+    if (numLabels < 0 || numRows < 0 || width < 0 || numSystems < 0)
+        yld_raise("addBulkData() takes no negative count.");
     const yld_SystemArray systems =
         localCoordSystems ? yld_SystemArray(localCoordSystems, numSystems) : yld_SystemArray();
     yld_guard([&] {

@@ -71,8 +71,7 @@ bool isSurface(fld_DataTypeEnm type)
 }
 
 // Rows in single precision, of another width if need be.
-template<class T>
-fio_Buffer floatRows(const fio_Buffer& from, int count, int storedWidth, int width, const int* places)
+template<class T> fio_Buffer floatRows(const fio_Buffer& from, int count, int storedWidth, int width, const int* places)
 {
     if constexpr (sizeof(T) == sizeof(float)) {
         if (storedWidth == width) return from;
@@ -105,7 +104,8 @@ void yld_FieldSubset::extract(const std::vector<int>& indices, yld_Enum::yld_Res
     if (!canBeTaken(mapOutputPosition(m_description->position()))) return;
     m_numRows = static_cast<int>(indices.size());
     if (isQuaternion(storedType)) prg_WIPBase::Warning("Quaternion results not processed.");
-    else if (!hasNoOrientation(storedType) && !isTensor(storedType)) prg_WIPBase::Warning("Unknown datatype not processed.");
+    else if (!hasNoOrientation(storedType) && !isTensor(storedType))
+        prg_WIPBase::Warning("Unknown datatype not processed.");
     else if (m_block.field.storageType() == 1) extractRows<double>(indices);
     else extractRows<float>(indices);
     extractLabels(indices, target);
@@ -118,8 +118,7 @@ template<class T> void yld_FieldSubset::extractRows(const std::vector<int>& indi
     if (fld_FieldDescription::isTensor(storedType)) yld_checkTensor<T>(field);
     const int storedWidth = field.shortCut().fetch()->m_width;
     if (storedWidth != m_description->m_width) m_block.refuse("the widths differ");
-    const bool isFilledUp =
-        fld_FieldDescription::isTensor(storedType) && mapDataType(storedType) != m_block.type;
+    const bool isFilledUp = fld_FieldDescription::isTensor(storedType) && mapDataType(storedType) != m_block.type;
     m_width = isFilledUp ? fullTensorWidth : storedWidth;
     const int* places = !isFilledUp ? nullptr : isSurface(storedType) ? ofSurface : inOrder;
     m_values = floatRows<T>(field.rowsAt<T>(indices), m_numRows, storedWidth, m_width, places);
@@ -127,7 +126,8 @@ template<class T> void yld_FieldSubset::extractRows(const std::vector<int>& indi
         m_conjugate = floatRows<T>(field.rowsAt<T>(indices, true), m_numRows, storedWidth, m_width, places);
     }
 
-    if (!field.hasOrientation() || storedType == fld_DataTypeEnm::SCALAR || storedType == fld_DataTypeEnm::MATRIX) return;
+    if (!field.hasOrientation() || storedType == fld_DataTypeEnm::SCALAR || storedType == fld_DataTypeEnm::MATRIX)
+        return;
     const sto_Field& orientation = field.orientation();
     switch (orientation.fieldDescription().dataType()) {
     case fld_DataTypeEnm::QUATERNION_2D:
@@ -143,7 +143,8 @@ template<class T> void yld_FieldSubset::extractRows(const std::vector<int>& indi
     if (orientation.shortCut().fetch()->m_width != m_orientationWidth) {
         m_block.refuse("its local systems have another number of values");
     }
-    m_orientation = floatRows<T>(orientation.rowsAt<T>(indices), m_numRows, m_orientationWidth, m_orientationWidth, nullptr);
+    m_orientation =
+        floatRows<T>(orientation.rowsAt<T>(indices), m_numRows, m_orientationWidth, m_orientationWidth, nullptr);
 }
 
 void yld_FieldSubset::extractLabels(const std::vector<int>& indices, yld_Enum::yld_ResultPositionEnum target)
@@ -151,7 +152,8 @@ void yld_FieldSubset::extractLabels(const std::vector<int>& indices, yld_Enum::y
     const bool isNodal = m_block.description.setType() == setC_Set::nodeSet;
     const std::vector<int> members = m_block.members();
     const auto memberOf = [&](std::size_t entity) {
-        if (entity >= members.size()) m_block.refuse(isNodal ? "fewer nodes than values" : "fewer elements than values");
+        if (entity >= members.size())
+            m_block.refuse(isNodal ? "fewer nodes than values" : "fewer elements than values");
         return members[entity];
     };
     std::vector<int> taken;
@@ -190,8 +192,9 @@ void yld_FieldSubset::writeWithTempSet(yld_SubFieldBody& into, yld_Enum::yld_Res
 {
     checkOrientation();
     const int type = position == yld_Enum::NODAL ? setC_Set::nodeSet : setC_Set::elementSet;
-    const sto_Set set =
-        mesh.isValid() ? mesh.temporarySet(type, temporarySet, m_labels.data(), static_cast<int>(m_labels.size())) : sto_Set();
+    const sto_Set set = mesh.isValid()
+                            ? mesh.temporarySet(type, temporarySet, m_labels.data(), static_cast<int>(m_labels.size()))
+                            : sto_Set();
     if (!set.isValid() || set.numSubsets() != 1) yld_raise("Subfield spanning subsets is invalid.");
     writeOrphanField(into, position, set, 0);
 }

@@ -19,8 +19,7 @@ bool isTensor(yld_Enum::yld_DataTypeEnum type)
     return type >= yld_Enum::TENSOR_3D_FULL && type <= yld_Enum::TENSOR_2D_SURFACE;
 }
 
-template<class Real>
-yld_Sequence<yld_Sequence<Real>> cosinesOf(const Real* components, int length)
+template<class Real> yld_Sequence<yld_Sequence<Real>> cosinesOf(const Real* components, int length)
 {
     yld_Sequence<yld_Sequence<Real>> rows;
     int code = 0;
@@ -36,7 +35,10 @@ yld_Sequence<yld_Sequence<Real>> cosinesOf(const Real* components, int length)
 
 } // namespace
 
-yld_FieldValueData::yld_FieldValueData(int length, yld_Enum::yld_PrecisionEnum precision) { reserve(length, precision); }
+yld_FieldValueData::yld_FieldValueData(int length, yld_Enum::yld_PrecisionEnum precision)
+{
+    reserve(length, precision);
+}
 
 yld_FieldValueData::yld_FieldValueData(const float* components, int length)
 {
@@ -288,8 +290,7 @@ yld_Sequence<yld_Sequence<double>> yld_FieldValue::localCoordSystemDouble() cons
 namespace {
 
 // The invariant of a tensor in the precision that the value says; 0 where components and type do not fit.
-template<class Invariant>
-float tensorInvariant(const yld_FieldValue& value, bool engineering, Invariant invariant)
+template<class Invariant> float tensorInvariant(const yld_FieldValue& value, bool engineering, Invariant invariant)
 {
     if (!isTensor(value.type())) return 0.0F;
     const int code = static_cast<int>(unMapDataType(value.type()));

@@ -28,8 +28,7 @@ fio_Buffer bufferFor(long long count, std::size_t valueSize)
 }
 
 // Rows of fewer components in rows of more, the rest zero.
-template<class T>
-fio_Buffer widened(const T* rows, int count, int width, int wanted)
+template<class T> fio_Buffer widened(const T* rows, int count, int width, int wanted)
 {
     fio_Buffer buffer = bufferFor(static_cast<long long>(count) * wanted, sizeof(T));
     T* to = valuesIn<T>(buffer);
@@ -79,8 +78,7 @@ void yld_FieldValueList::read(const yld_SubField& block)
         m_numValues = m_field.rows();
         if (m_numValues != description->m_length) refuse("the lengths differ");
         const yld_Enum::yld_DataTypeEnum storedType = mapDataType(description->dataType());
-        const bool isWidened =
-            fld_FieldDescription::isTensor(description->dataType()) && storedType != m_dataType;
+        const bool isWidened = fld_FieldDescription::isTensor(description->dataType()) && storedType != m_dataType;
         m_width = isWidened ? fullTensorWidth : storedWidth;
         m_isPair = description->m_isPair && m_field.hasConjugate();
         m_engineeringTensor = description->m_engineeringTensor;
@@ -221,7 +219,8 @@ void yld_FieldValueList::readLabels(const sto_FieldDescription& description)
 {
     const sto_Mesh mesh = description.mesh();
     if (!mesh.isValid()) {
-        prg_WIPBase::Warning(msg_Format("Unable to determine part or assembly instance for field %s", description.label()));
+        prg_WIPBase::Warning(
+            msg_Format("Unable to determine part or assembly instance for field %s", description.label()));
         return;
     }
     m_numNodes = 0;
@@ -282,7 +281,8 @@ void yld_FieldValueList::readNodeLabels(const sto_Mesh& mesh, const sto_Set& set
 namespace {
 
 // The members of one class on one mesh; of a surface, those that are faces.
-const sto_Subset* subsetOf(const sto_Set& set, int meshIndex, int classIndex, int subsetType, std::vector<sto_Subset>& room)
+const sto_Subset* subsetOf(const sto_Set& set, int meshIndex, int classIndex, int subsetType,
+                           std::vector<sto_Subset>& room)
 {
     for (int i = 0; i < set.numSubsets(); ++i) {
         const sto_Subset members = set.subSet(i);

@@ -20,10 +20,7 @@ public:
     /// Whether read() has found values.
     bool isRead() const { return m_numValues != 0; }
     /// Whether it is the read form of the block as the block stands.
-    bool isReadFrom(const yld_SubField& block) const
-    {
-        return isRead() && m_indexCount == block.indices().size();
-    }
+    bool isReadFrom(const yld_SubField& block) const { return isRead() && m_indexCount == block.indices().size(); }
     /// Reads a block. Warns where its position or type has no values to show; raises where the file makes no sense.
     void read(const yld_SubField& block);
     void clear() { *this = yld_FieldValueList(); }

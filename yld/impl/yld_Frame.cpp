@@ -54,10 +54,7 @@ yld_FieldOutputRepository::yld_FieldOutputRepository(const yld_FieldOutputReposi
 yld_FieldOutputRepository& yld_FieldOutputRepository::operator=(const yld_FieldOutputRepository&) = default;
 yld_FieldOutputRepository::~yld_FieldOutputRepository() = default;
 
-bool yld_FieldOutputRepository::hasStore() const
-{
-    return m_fieldFrame.IsValid() && m_fieldFrame.ConstGet().isValid();
-}
+bool yld_FieldOutputRepository::hasStore() const { return m_fieldFrame.IsValid() && m_fieldFrame.ConstGet().isValid(); }
 
 int yld_FieldOutputRepository::size() const
 {
@@ -186,7 +183,8 @@ yld_Frame::yld_Frame(int index, const shr_COW<sto_Frame>& frame, const shr_Array
 }
 
 yld_Frame::yld_Frame(int index, const shr_COW<sto_Frame>& frame, const shr_ArrayCOW<sto_Assembly>& assembly,
-                     yld_Enum::yld_DomainEnum domain, const shr_CountedHld<yld_Step>& step, const yld_LoadCase& loadCase)
+                     yld_Enum::yld_DomainEnum domain, const shr_CountedHld<yld_Step>& step,
+                     const yld_LoadCase& loadCase)
     : m_frameIndex(index), m_domain(domain), m_frame(frame), m_assembly(assembly), m_step(step), m_loadCase(loadCase)
 {
     bindFields();
@@ -261,8 +259,8 @@ bool yld_Frame::update() { return m_fieldOutputs.update(); }
 
 yld_FieldOutput& yld_Frame::addField(const yld_String& name, const yld_String& description,
                                      yld_Enum::yld_DataTypeEnum type, const yld_Sequence<yld_String>& componentLabels,
-                                     const yld_Sequence<yld_Enum::yld_InvariantEnum>& validInvariants, int rows, int cols,
-                                     yld_Enum::yld_DataSubtypeEnum subtype)
+                                     const yld_Sequence<yld_Enum::yld_InvariantEnum>& validInvariants, int rows,
+                                     int cols, yld_Enum::yld_DataSubtypeEnum subtype)
 {
     const yld_FieldOutput field(name, description, type, componentLabels, validInvariants, m_assembly,
                                 m_fieldOutputs.fieldFrame(), m_fieldOutputs.fieldStep(), m_frameIndex, rows, cols,
@@ -282,9 +280,8 @@ yld_FieldOutput& yld_Frame::FieldOutput(const yld_String& name, const yld_String
     if (invariants.isMember(yld_Enum::MISES) && !invariants.isMember(yld_Enum::PRESS)) {
         invariants.append(yld_Enum::PRESS);
     }
-    yld_FieldOutput field(name, description, type, componentLabels, invariants, m_assembly,
-                          m_fieldOutputs.fieldFrame(), m_fieldOutputs.fieldStep(), m_frameIndex, 0, 1,
-                          yld_Enum::UNDEFINED_DATASUBTYPE);
+    yld_FieldOutput field(name, description, type, componentLabels, invariants, m_assembly, m_fieldOutputs.fieldFrame(),
+                          m_fieldOutputs.fieldStep(), m_frameIndex, 0, 1, yld_Enum::UNDEFINED_DATASUBTYPE);
     field.setDefaultComponents(componentLabels);
     m_fieldOutputs.insert(field);
     return m_fieldOutputs.get(name);

@@ -17,12 +17,12 @@ enum MessageEnm
     WIDTH
 };
 
-constexpr const char* s_messages[] = {
-    "History time and data array of unequal length.",
-    "Data sequences added to a history variable should be of equal length.",
-    "Cannot add data to an orphan history object. The object was likely created using the getSubset method, or by a C++ "
-    "user who did not use the reference to the history objects.",
-    "Data added to a history variable should be of width 2"};
+constexpr const char* s_messages[] = {"History time and data array of unequal length.",
+                                      "Data sequences added to a history variable should be of equal length.",
+                                      "Cannot add data to an orphan history object. The object was likely created "
+                                      "using the getSubset method, or by a C++ "
+                                      "user who did not use the reference to the history objects.",
+                                      "Data added to a history variable should be of width 2"};
 
 // Pairs are read in pieces of this size where they are looked at one by one.
 constexpr long long pieceRows = 8192;

@@ -99,7 +99,8 @@ yld_HistoryPoint yld_HistoryPlaces::pointOf(const sto_History& history)
         if (!set.isValid()) return yld_HistoryPoint(yld_Set());
         return yld_HistoryPoint(yld_Set(yld_String(set.setLabel().c_str()), set, assembly().instance().meshes()));
     }
-    case type::model: return yld_HistoryPoint(assembly());
+    case type::model:
+        return yld_HistoryPoint(assembly());
     case type::node:
     case type::integrationPoint:
     case type::elementFace:
@@ -109,8 +110,10 @@ yld_HistoryPoint yld_HistoryPlaces::pointOf(const sto_History& history)
     case type::instance:
     case type::nodeByElement:
     case type::elementFacePoint:
-    case type::surfacePoint: break;
-    default: return unknownPoint(history);
+    case type::surfacePoint:
+        break;
+    default:
+        return unknownPoint(history);
     }
 
     const yld_Instance* place = placeOf(history);
@@ -119,23 +122,30 @@ yld_HistoryPoint yld_HistoryPlaces::pointOf(const sto_History& history)
     if (code != type::instance) {
         yld_Mesh& mesh = *place->mesh();
         const bool isNode = code == type::node || code == type::nodeByElement;
-        const yld_Node node =
-            isNode || code == type::elementNode ? mesh.nodeAt(history.nodeNumber()) : yld_Node();
+        const yld_Node node = isNode || code == type::elementNode ? mesh.nodeAt(history.nodeNumber()) : yld_Node();
         const yld_Element element =
             isNode ? yld_Element() : mesh.elementAtClass(history.elementClass().classIndex(), history.elementNumber());
         switch (code) {
         case type::integrationPoint:
             point = yld_HistoryPoint(element, fromOne(history.integrationPoint()), sectionPointOf(history));
             break;
-        case type::elementFace: point = yld_HistoryPoint(element, faceOf(history), 0); break;
-        case type::elementNode: point = yld_HistoryPoint(element, node); break;
+        case type::elementFace:
+            point = yld_HistoryPoint(element, faceOf(history), 0);
+            break;
+        case type::elementNode:
+            point = yld_HistoryPoint(element, node);
+            break;
         case type::wholeElement:
-        case type::centroid: point = yld_HistoryPoint(element, 0); break;
+        case type::centroid:
+            point = yld_HistoryPoint(element, 0);
+            break;
         case type::elementFacePoint:
         case type::surfacePoint:
             point = yld_HistoryPoint(element, faceOf(history), fromOne(history.integrationPoint()));
             break;
-        default: point = yld_HistoryPoint(node); break;
+        default:
+            point = yld_HistoryPoint(node);
+            break;
         }
     }
     point.setInstance(*place);

@@ -149,10 +149,14 @@ const char* wordOf(const yld_Set& region)
 {
     // Of the stored set, which tells its type without complaint.
     switch (region.set().isValid() ? yld_guard([&region] { return region.set().setType(); }) : -1) {
-    case setC_Set::nodeSet: return "NodeSet ";
-    case setC_Set::elementSet: return "ElementSet ";
-    case setC_Set::surface: return "Surface ";
-    default: return "Region ";
+    case setC_Set::nodeSet:
+        return "NodeSet ";
+    case setC_Set::elementSet:
+        return "ElementSet ";
+    case setC_Set::surface:
+        return "Surface ";
+    default:
+        return "Region ";
     }
 }
 
@@ -168,17 +172,37 @@ yld_String yld_HistoryPoint::shortText() const
     const std::string point = " Int Point " + std::to_string(m_ipNumber);
     std::string text;
     switch (m_position) {
-    case yld_Enum::NODAL: text = node; break;
-    case yld_Enum::ELEMENT_NODAL: text = element + " " + node; break;
-    case yld_Enum::INTEGRATION_POINT: text = element + point; break;
-    case yld_Enum::ELEMENT_FACE: text = element + face; break;
+    case yld_Enum::NODAL:
+        text = node;
+        break;
+    case yld_Enum::ELEMENT_NODAL:
+        text = element + " " + node;
+        break;
+    case yld_Enum::INTEGRATION_POINT:
+        text = element + point;
+        break;
+    case yld_Enum::ELEMENT_FACE:
+        text = element + face;
+        break;
     case yld_Enum::ELEMENT_FACE_INTEGRATION_POINT:
-    case yld_Enum::SURFACE_INTEGRATION_POINT: text = element + face + point; break;
-    case yld_Enum::WHOLE_ELEMENT: text = element; break;
-    case yld_Enum::WHOLE_REGION: text = wordOf(region()) + std::string(region().name().cStr()); break;
-    case yld_Enum::WHOLE_PART_INSTANCE: text = "Instance " + instanceName; break;
-    case yld_Enum::WHOLE_MODEL: text = "Assembly " + std::string(assembly().name().cStr()); break;
-    default: text = "Unknown region"; break;
+    case yld_Enum::SURFACE_INTEGRATION_POINT:
+        text = element + face + point;
+        break;
+    case yld_Enum::WHOLE_ELEMENT:
+        text = element;
+        break;
+    case yld_Enum::WHOLE_REGION:
+        text = wordOf(region()) + std::string(region().name().cStr());
+        break;
+    case yld_Enum::WHOLE_PART_INSTANCE:
+        text = "Instance " + instanceName;
+        break;
+    case yld_Enum::WHOLE_MODEL:
+        text = "Assembly " + std::string(assembly().name().cStr());
+        break;
+    default:
+        text = "Unknown region";
+        break;
     }
     if (m_sectionPoint.number() > 0) text += " Section Point " + std::to_string(m_sectionPoint.number());
     return yld_String(text.c_str());

@@ -50,7 +50,8 @@ yld_HistoryRegion yld_HistoryRegion::getSubset(double start, double end) const
 
 yld_HistoryRegion yld_HistoryRegion::getSubset(double start) const
 {
-    return withOutputs(cutAll(m_historyOutputs, [=](const yld_HistoryOutput& output) { return output.getSubset(start); }));
+    return withOutputs(
+        cutAll(m_historyOutputs, [=](const yld_HistoryOutput& output) { return output.getSubset(start); }));
 }
 
 yld_HistoryRegion yld_HistoryRegion::getSubset(const yld_String& variableName) const

@@ -72,18 +72,21 @@ yld_HistoryOutput& yld_HistoryRegionPers::HistoryOutput(const yld_String& name, 
         sto_HistoryFloat curve;
         switch (place) {
         case yld_Enum::UNDEFINED_POSITION:
-        case yld_Enum::WHOLE_MODEL: curve = step.FloatHistory(clock, position, name, description); break;
+        case yld_Enum::WHOLE_MODEL:
+            curve = step.FloatHistory(clock, position, name, description);
+            break;
         case yld_Enum::NODAL: {
             const sto_Set& set = results(instance, true);
             curve = step.FloatHistory(clock, position, instance, name, description, point.node().label(), set);
             break;
         }
-        case yld_Enum::ELEMENT_NODAL: yld_raise("yld_Enum::ELEMENT_NODAL history not allowed.");
+        case yld_Enum::ELEMENT_NODAL:
+            yld_raise("yld_Enum::ELEMENT_NODAL history not allowed.");
         case yld_Enum::INTEGRATION_POINT: {
             const sto_Set& set = results(instance, false);
-            curve = step.FloatHistory(clock, position, fromZero(point.ipNumber()), instance, classOf(set), name,
-                                      description, fromZero(point.sectionPoint().number()), set,
-                                      point.element().label());
+            curve =
+                step.FloatHistory(clock, position, fromZero(point.ipNumber()), instance, classOf(set), name,
+                                  description, fromZero(point.sectionPoint().number()), set, point.element().label());
             break;
         }
         case yld_Enum::WHOLE_ELEMENT: {
@@ -95,7 +98,8 @@ yld_HistoryOutput& yld_HistoryRegionPers::HistoryOutput(const yld_String& name, 
         case yld_Enum::WHOLE_REGION:
             curve = step.FloatHistory(clock, position, instance, name, description, point.region().set());
             break;
-        default: yld_raise("HistoryOutput cannot be created for this output location");
+        default:
+            yld_raise("HistoryOutput cannot be created for this output location");
         }
         curve.setName(this->name());
         if (!loadCase().name().empty()) curve.setLoadCaseName(loadCase().name());
@@ -108,8 +112,8 @@ bool yld_HistoryRegionPers::addStored(const sto_History& history)
 {
     const yld_String label(history.variableLabel());
     constexpr int inDouble = 1;
-    const sto_HistoryFloat values = history.storageType() == inDouble ? sto_HistoryFloat(sto_HistoryDouble(history))
-                                                                      : sto_HistoryFloat(history);
+    const sto_HistoryFloat values =
+        history.storageType() == inDouble ? sto_HistoryFloat(sto_HistoryDouble(history)) : sto_HistoryFloat(history);
     return historyOutputs().insert(label, yld_HistoryOutput(label, yld_String(history.variableDescription()),
                                                             yld_Enum::SCALAR, history.clock(), values));
 }

@@ -17,20 +17,11 @@ constexpr int platformSchema = 1;
 
 bool spatialVectors = false;
 
-void startValues()
-{
-    pcl_MetadataRegistrar::initClassMetadata(val_PrimEnumBase::DeclareMetadata, platformSchema);
-}
+void startValues() { pcl_MetadataRegistrar::initClassMetadata(val_PrimEnumBase::DeclareMetadata, platformSchema); }
 
-void startCalculator()
-{
-    spatialVectors = true;
-}
+void startCalculator() { spatialVectors = true; }
 
-void stopRoot()
-{
-    lnk_Root::Instance().detachAll();
-}
+void stopRoot() { lnk_Root::Instance().detachAll(); }
 
 void startEvolution()
 {
@@ -51,10 +42,7 @@ void startConnectors()
     hvyC_formalize();
 }
 
-void stopConnectors()
-{
-    kcnC_CORMLabelMap::Finalize();
-}
+void stopConnectors() { kcnC_CORMLabelMap::Finalize(); }
 
 // What a library does at its first start and last stop stands behind its name.
 constinit bas_Library mmo_library("mmo");
@@ -98,15 +86,9 @@ constexpr Entries startOrder[] = {YLD_LIBRARIES(YLD_ENTRIES)};
 
 } // namespace
 
-#define YLD_DEFINE_LIBRARY(prefix)                                                                           \
-    void prefix##_initialize(int& token)                                                                     \
-    {                                                                                                        \
-        prefix##_library.initialize(token);                                                                  \
-    }                                                                                                        \
-    void prefix##_finalize(int& token)                                                                       \
-    {                                                                                                        \
-        prefix##_library.finalize(token);                                                                    \
-    }
+#define YLD_DEFINE_LIBRARY(prefix)                                                                                     \
+    void prefix##_initialize(int& token) { prefix##_library.initialize(token); }                                       \
+    void prefix##_finalize(int& token) { prefix##_library.finalize(token); }
 YLD_LIBRARIES(YLD_DEFINE_LIBRARY)
 #undef YLD_DEFINE_LIBRARY
 
@@ -124,7 +106,4 @@ void yld_stopLibraries(int& token)
     }
 }
 
-bool calC_vectorsAreSpatial()
-{
-    return spatialVectors;
-}
+bool calC_vectorsAreSpatial() { return spatialVectors; }

@@ -2,14 +2,16 @@
 #define YLD_LIBRARIES_H
 
 // The libraries in the order in which they start; they stop in the reverse order.
-#define YLD_LIBRARIES(X)                                                                                     \
-    X(mmo)                                                                                                   \
-    X(arc) X(lok) X(prn) X(bas) X(msg) X(shr) X(exc) X(prg) X(gfx) X(osu) X(aux) X(val) X(shc) X(geo) X(mrp) \
-        X(eng) X(fio) X(hdr) X(clv) X(dgn) X(lnk) X(setC) X(ldcC) X(sto) X(kcnC) X(calC) X(clvS)
+#define YLD_LIBRARIES(X)                                                                                               \
+    X(mmo)                                                                                                             \
+    X(arc)                                                                                                             \
+    X(lok)                                                                                                             \
+    X(prn) X(bas) X(msg) X(shr) X(exc) X(prg) X(gfx) X(osu) X(aux) X(val) X(shc) X(geo) X(mrp) X(eng) X(fio) X(hdr)    \
+        X(clv) X(dgn) X(lnk) X(setC) X(ldcC) X(sto) X(kcnC) X(calC) X(clvS)
 
 // mmo_initialize(int& token), mmo_finalize(int& token), and so on: nesting start and stop of one library.
-#define YLD_DECLARE_LIBRARY(prefix)                                                                          \
-    void prefix##_initialize(int& token);                                                                    \
+#define YLD_DECLARE_LIBRARY(prefix)                                                                                    \
+    void prefix##_initialize(int& token);                                                                              \
     void prefix##_finalize(int& token);
 YLD_LIBRARIES(YLD_DECLARE_LIBRARY)
 #undef YLD_DECLARE_LIBRARY

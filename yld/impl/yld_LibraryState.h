@@ -9,10 +9,10 @@ class yld_WipReporter;
 /// What the library knows of its own start: plain process-wide data.
 struct yld_LibraryState
 {
-    std::uint32_t apiCount = 0;          ///< nested yld_initializeAPI()
-    int moduleToken = 0;                 ///< libraries that are up, by yld_initializeAPI()
-    std::uint32_t libraryCount = 0;      ///< nested yld_initialize()
-    yld_WipReporter* reporter = nullptr; ///< the one that the latest start made
+    std::uint32_t apiCount = 0;                    ///< nested yld_initializeAPI()
+    int moduleToken = 0;                           ///< libraries that are up, by yld_initializeAPI()
+    std::uint32_t libraryCount = 0;                ///< nested yld_initialize()
+    yld_WipReporter* reporter = nullptr;           ///< the one that the latest start made
     yld_StoToolsetClient* toolsetClient = nullptr; ///< registered with the store while the library is up
 };
 

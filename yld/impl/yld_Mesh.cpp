@@ -13,21 +13,35 @@ yld_Enum::yld_ElementGeometryClass geometryOf(const shc_Topology* shape)
 {
     if (!shape) return yld_Enum::UNKNOWN_GEOMETRY;
     switch (shape->Family()) {
-    case 0: return yld_Enum::POINT_GEOMETRY;
-    case 1: return yld_Enum::LINEAR_LINE;
-    case 2: return yld_Enum::QUADRATIC_LINE;
-    case 3: return yld_Enum::LINEAR_TRIANGLE;
-    case 4: return yld_Enum::QUADRATIC_TRIANGLE;
-    case 5: return yld_Enum::LINEAR_QUADRILATERAL;
+    case 0:
+        return yld_Enum::POINT_GEOMETRY;
+    case 1:
+        return yld_Enum::LINEAR_LINE;
+    case 2:
+        return yld_Enum::QUADRATIC_LINE;
+    case 3:
+        return yld_Enum::LINEAR_TRIANGLE;
+    case 4:
+        return yld_Enum::QUADRATIC_TRIANGLE;
+    case 5:
+        return yld_Enum::LINEAR_QUADRILATERAL;
     case 6:
-    case 7: return yld_Enum::QUADRATIC_QUADRILATERAL;
-    case 8: return yld_Enum::LINEAR_HEXAHEDRON;
-    case 9: return yld_Enum::QUADRATIC_HEXAHEDRON;
-    case 10: return yld_Enum::LINEAR_WEDGE;
-    case 11: return yld_Enum::QUADRATIC_WEDGE;
-    case 12: return yld_Enum::LINEAR_TETRAHEDRON;
-    case 13: return yld_Enum::QUADRATIC_TETRAHEDRON;
-    default: return yld_Enum::UNKNOWN_GEOMETRY;
+    case 7:
+        return yld_Enum::QUADRATIC_QUADRILATERAL;
+    case 8:
+        return yld_Enum::LINEAR_HEXAHEDRON;
+    case 9:
+        return yld_Enum::QUADRATIC_HEXAHEDRON;
+    case 10:
+        return yld_Enum::LINEAR_WEDGE;
+    case 11:
+        return yld_Enum::QUADRATIC_WEDGE;
+    case 12:
+        return yld_Enum::LINEAR_TETRAHEDRON;
+    case 13:
+        return yld_Enum::QUADRATIC_TETRAHEDRON;
+    default:
+        return yld_Enum::UNKNOWN_GEOMETRY;
     }
 }
 
@@ -194,7 +208,8 @@ void yld_Mesh::moveTo(int index, bool includeInternal)
     }
     const sto_ElementData elements = m_store->elementData();
     int start = m_classStart;
-    const int size = m_startClass == m_currentClass ? m_classSize : elements.elementClass(m_startClass, 0).numElements();
+    const int size =
+        m_startClass == m_currentClass ? m_classSize : elements.elementClass(m_startClass, 0).numElements();
     if (index >= start && index - start < size) {
         if (m_startClass != m_currentClass) loadClass(m_startClass, elements.elementClass(m_startClass, start));
         m_indexInClass = index - start;
@@ -277,8 +292,7 @@ bool yld_Mesh::findLabel(int label, Found& found) const
     for (int step = 0; step < classes; ++step) {
         const int i = from + step < classes ? from + step : from + step - classes;
         const sto_ElementClass each = elements.elementClass(i, 0);
-        const int index =
-            each.GetElementIndexFromLabel(label, i == m_currentClass ? std::max(m_indexInClass, 0) : 0);
+        const int index = each.GetElementIndexFromLabel(label, i == m_currentClass ? std::max(m_indexInClass, 0) : 0);
         if (index >= 0) {
             found = {i, each, index};
             return true;
@@ -388,9 +402,7 @@ void yld_Mesh::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_
     const int dimension = store().nodeData().Dim();
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, dimension);
     const std::vector<int> given = yld_MeshInput::values(labels);
-    yld_guard([&] {
-        m_store->addNodes(given.data(), points.data(), static_cast<int>(given.size()), setName.cStr());
-    });
+    yld_guard([&] { m_store->addNodes(given.data(), points.data(), static_cast<int>(given.size()), setName.cStr()); });
     refresh();
 }
 

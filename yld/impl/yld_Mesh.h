@@ -57,7 +57,8 @@ public:
     yld_Sequence<int> connectivityOf(int classIndex, int indexInClass) const;
     /// Finds the first element of another class that has all nodes of the given one, for example the solid under a
     /// skin element. Raises "Element index not found.".
-    void locateElementByNodes(int classIndex, int indexInClass, int& classOut, int& indexOut, int& meshElementIndex) const;
+    void locateElementByNodes(int classIndex, int indexInClass, int& classOut, int& indexOut,
+                              int& meshElementIndex) const;
 
     bool hasSet(const yld_String& label) const;
     /// How often the cursor has gone to another class: once a class on a walk in order.
@@ -94,8 +95,8 @@ private:
     shr_CountedHld<sto_Mesh> m_store;
     yld_String m_name;
     int m_currentClass = -1;
-    int m_classStart = -1;  // mesh index of the first element of m_startClass
-    int m_startClass = -1;  // a search by label moves the current class away from it
+    int m_classStart = -1; // mesh index of the first element of m_startClass
+    int m_startClass = -1; // a search by label moves the current class away from it
     int m_numElements = -1;
     int m_classSize = 0;
     int m_numNodes = 0;

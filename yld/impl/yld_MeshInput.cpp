@@ -20,8 +20,7 @@ std::vector<int> yld_MeshInput::values(const yld_Sequence<int>& sequence)
 namespace {
 
 // All rows in one array. A row of another length goes to `odd`, which writes what belongs there or raises.
-template<class T, class Odd>
-std::vector<T> flatten(const yld_Sequence<yld_Sequence<T>>& rows, int width, Odd&& odd)
+template<class T, class Odd> std::vector<T> flatten(const yld_Sequence<yld_Sequence<T>>& rows, int width, Odd&& odd)
 {
     std::vector<T> all(static_cast<std::size_t>(rows.size()) * static_cast<std::size_t>(width));
     T* to = all.data();

@@ -37,10 +37,7 @@ template<> struct Access<yld_Element>
 
 } // namespace
 
-template<class Sequence, class Item>
-yld_MeshSequence<Sequence, Item>::yld_MeshSequence() : m_mesh(new yld_Mesh)
-{
-}
+template<class Sequence, class Item> yld_MeshSequence<Sequence, Item>::yld_MeshSequence() : m_mesh(new yld_Mesh) {}
 
 template<class Sequence, class Item>
 yld_MeshSequence<Sequence, Item>::yld_MeshSequence(const yld_MeshHandle& mesh) : m_wholeMesh(true), m_mesh(mesh)
@@ -67,41 +64,33 @@ yld_MeshSequence<Sequence, Item>& yld_MeshSequence<Sequence, Item>::operator=(co
     m_mesh = other.m_mesh;
     return *this;
 }
-template<class Sequence, class Item>
-yld_MeshSequence<Sequence, Item>::~yld_MeshSequence()
-{
-}
+template<class Sequence, class Item> yld_MeshSequence<Sequence, Item>::~yld_MeshSequence() {}
 
-template<class Sequence, class Item>
-int yld_MeshSequence<Sequence, Item>::size() const
+template<class Sequence, class Item> int yld_MeshSequence<Sequence, Item>::size() const
 {
     if (!m_wholeMesh) return m_indices.size();
     return yld_guard([this] { return Access<Item>::count(*m_mesh); });
 }
 
-template<class Sequence, class Item>
-Item yld_MeshSequence<Sequence, Item>::get(unsigned index) const
+template<class Sequence, class Item> Item yld_MeshSequence<Sequence, Item>::get(unsigned index) const
 {
     if (!m_wholeMesh && index >= static_cast<unsigned>(m_indices.size())) yld_raise(Access<Item>::outOfRange);
     const int place = static_cast<int>(index);
     return yld_guard([&] { return Access<Item>::at(*m_mesh, m_wholeMesh ? place : m_indices[place]); });
 }
 
-template<class Sequence, class Item>
-yld_String yld_MeshSequence<Sequence, Item>::instanceName() const
+template<class Sequence, class Item> yld_String yld_MeshSequence<Sequence, Item>::instanceName() const
 {
     return m_mesh->name();
 }
 
-template<class Sequence, class Item>
-void yld_MeshSequence<Sequence, Item>::append(const Item& item)
+template<class Sequence, class Item> void yld_MeshSequence<Sequence, Item>::append(const Item& item)
 {
     if (m_mesh->name().empty()) yld_raise(Access<Item>::noEntity);
     m_indices.append(yld_guard([&] { return Access<Item>::placeOf(*m_mesh, item.label()); }));
 }
 
-template<class Sequence, class Item>
-void yld_MeshSequence<Sequence, Item>::append(const Sequence& other)
+template<class Sequence, class Item> void yld_MeshSequence<Sequence, Item>::append(const Sequence& other)
 {
     if (!(m_mesh->name() == other.m_mesh->name())) yld_raise("Cannot Append. Sequence belongs to different part.");
     m_indices.append(other.m_indices);
@@ -116,8 +105,7 @@ Sequence yld_MeshSequence<Sequence, Item>::slice(const int& from, const int& to)
     return Sequence(places, m_mesh);
 }
 
-template<class Sequence, class Item>
-bool yld_MeshSequence<Sequence, Item>::isMember(const Item& item) const
+template<class Sequence, class Item> bool yld_MeshSequence<Sequence, Item>::isMember(const Item& item) const
 {
     const int count = size();
     for (int i = 0; i < count; ++i) {
@@ -126,8 +114,7 @@ bool yld_MeshSequence<Sequence, Item>::isMember(const Item& item) const
     return false;
 }
 
-template<class Sequence, class Item>
-bool yld_MeshSequence<Sequence, Item>::isEqual(const Sequence& other) const
+template<class Sequence, class Item> bool yld_MeshSequence<Sequence, Item>::isEqual(const Sequence& other) const
 {
     if (!(m_mesh->name() == other.m_mesh->name())) return false;
     const int count = size();

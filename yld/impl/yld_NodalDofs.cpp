@@ -41,7 +41,8 @@ yld_Set yld_NodalDofs::nset() const
     return yld_guard([this] {
         yld_MeshList meshes;
         for (int i = 0; i < m_set->numSubsets(); ++i) {
-            meshes.append(yld_MeshHandle(new yld_Mesh(meshOf(*m_model, m_set->subSet(i).meshIndex()), yld_String(), false)));
+            meshes.append(
+                yld_MeshHandle(new yld_Mesh(meshOf(*m_model, m_set->subSet(i).meshIndex()), yld_String(), false)));
         }
         return yld_Set(yld_String(m_set->setLabel().c_str()), *m_set, meshes);
     });

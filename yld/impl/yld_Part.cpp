@@ -91,9 +91,8 @@ void yld_Part::addElements(const yld_Sequence<int>& labels, const yld_Sequence<y
     const std::vector<int> given = yld_MeshInput::values(labels);
     const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, category);
     if (!setName.empty()) readSets(setC_Set::elementSet, false, m_elementSets);
-    yld_guard([&] {
-        m_stored->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr);
-    });
+    yld_guard(
+        [&] { m_stored->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr); });
     if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);
 }
 
@@ -123,9 +122,14 @@ yld_Part& yld_PartRepository::Part(const yld_String& name, yld_Enum::yld_Dimensi
     }
     int code = mshK_Part::spaceThreeD;
     switch (space) {
-    case yld_Enum::THREE_D: break;
-    case yld_Enum::TWO_D_PLANAR: code = mshK_Part::spaceTwoDPlanar; break;
-    case yld_Enum::AXISYMMETRIC: code = mshK_Part::spaceAxisymmetric; break;
+    case yld_Enum::THREE_D:
+        break;
+    case yld_Enum::TWO_D_PLANAR:
+        code = mshK_Part::spaceTwoDPlanar;
+        break;
+    case yld_Enum::AXISYMMETRIC:
+        code = mshK_Part::spaceAxisymmetric;
+        break;
     default:
         prg_WIP::Error(yld_String("Only yld_Enum::THREE_D, yld_Enum::TWO_D_PLANAR, or yld_Enum::AXISYMMETRIC parts "
                                   "allowed."));
@@ -133,9 +137,9 @@ yld_Part& yld_PartRepository::Part(const yld_String& name, yld_Enum::yld_Dimensi
     }
     yld_guard([&] {
         const sto_Part made = m_model->Part(yld_MeshInput::text(name), code, mshK_Part::typeDeformable);
-        insert(name, yld_Part(name, mapDimension(static_cast<fld_DimensionEnm>(made.space())),
-                              mapPartType(static_cast<prtC_PartTypeEnm>(made.type())), made,
-                              yld_MeshHandle(new yld_Mesh)));
+        insert(name,
+               yld_Part(name, mapDimension(static_cast<fld_DimensionEnm>(made.space())),
+                        mapPartType(static_cast<prtC_PartTypeEnm>(made.type())), made, yld_MeshHandle(new yld_Mesh)));
     });
     return get(name);
 }

@@ -123,9 +123,8 @@ yld_Set& yld_PartOrInstance<Entity>::Surface(const yld_String& name, const yld_S
     if (labels.size() != faces.size()) yld_raise(Messages<Entity>::facesDiffer);
     sto_Mesh mesh = yld_guard([this] { return m_stored->mesh(); });
     const std::vector<sto_SurfaceSubset> subsets = yld_MeshInput::classify(labels, faces, mesh);
-    return yld_guard([&]() -> yld_Set& {
-        return join(sets, name, mesh.Surface(yld_MeshInput::text(name), subsets, isInternal));
-    });
+    return yld_guard(
+        [&]() -> yld_Set& { return join(sets, name, mesh.Surface(yld_MeshInput::text(name), subsets, isInternal)); });
 }
 
 template<class Entity>
@@ -182,18 +181,17 @@ void yld_PartOrInstance<Entity>::assignBeamOrientation(const yld_Set& set, yld_E
     requireOrientable(set);
     if (vector.size() < 3) yld_raise("The vector of a beam orientation needs 3 entries.");
     yld_guard([&] {
-        m_stored->assignBeamOrientation(regionOf(set), unMapOrientationMethod(method),
-                                        geo_Vector(static_cast<double>(vector[0]), static_cast<double>(vector[1]),
-                                                   static_cast<double>(vector[2])));
+        m_stored->assignBeamOrientation(
+            regionOf(set), unMapOrientationMethod(method),
+            geo_Vector(static_cast<double>(vector[0]), static_cast<double>(vector[1]), static_cast<double>(vector[2])));
     });
 }
 
 template<class Entity>
-yld_DatumCsys yld_PartOrInstance<Entity>::DatumCsysByThreePoints(const yld_String& name,
-                                                                 yld_Enum::yld_DatumCsysTypeEnum type,
-                                                                 const yld_Sequence<float>& origin,
-                                                                 const yld_Sequence<float>& point1,
-                                                                 const yld_Sequence<float>& point2)
+yld_DatumCsys
+yld_PartOrInstance<Entity>::DatumCsysByThreePoints(const yld_String& name, yld_Enum::yld_DatumCsysTypeEnum type,
+                                                   const yld_Sequence<float>& origin, const yld_Sequence<float>& point1,
+                                                   const yld_Sequence<float>& point2)
 {
     float points[9];
     yld_DatumCsysRepository::threePoints(origin, point1, point2, points);

@@ -6,56 +6,49 @@
 #define YLD_ROW(name) val_PrimEnumRow{#name, yld_Enum::name}
 // clang-format on
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_AnalysisCodeEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_AnalysisCodeEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(UNKNOWN_ANALYSIS_CODE), YLD_ROW(ZANTRA_STANDARD),
                                                YLD_ROW(ZANTRA_EXPLICIT), val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_PrecisionEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_PrecisionEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(SINGLE_PRECISION), YLD_ROW(DOUBLE_PRECISION),
                                                val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ProductAddOnEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ProductAddOnEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(WELD_MARINE), YLD_ROW(ZANTRA_DESIGN),
                                                val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DimensionEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DimensionEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(THREE_D), YLD_ROW(TWO_D_PLANAR), YLD_ROW(AXISYMMETRIC),
                                                YLD_ROW(UNKNOWN_DIMENSION), val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_PartTypeEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_PartTypeEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(DEFORMABLE_BODY), YLD_ROW(DISCRETE_RIGID_SURFACE),
                                                YLD_ROW(ANALYTIC_RIGID_SURFACE), val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DomainEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DomainEnum>::Table()
 {
-    static constexpr val_PrimEnumRow rows[] = {YLD_ROW(TIME), YLD_ROW(FREQUENCY), YLD_ROW(MODAL),
-                                               YLD_ROW(ARC_LENGTH), val_PrimEnumRow{nullptr, 0}};
+    static constexpr val_PrimEnumRow rows[] = {YLD_ROW(TIME), YLD_ROW(FREQUENCY), YLD_ROW(MODAL), YLD_ROW(ARC_LENGTH),
+                                               val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DataTypeEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DataTypeEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(QUATERNION_3D),
                                                YLD_ROW(QUATERNION_2D),
@@ -71,16 +64,14 @@ const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DataTypeEnum>::Table()
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DataSubtypeEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DataSubtypeEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(SYMMETRIC_MATRIX), YLD_ROW(UNDEFINED_DATASUBTYPE),
                                                val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ResultPositionEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ResultPositionEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(UNDEFINED_POSITION),
                                                YLD_ROW(NODAL),
@@ -98,8 +89,7 @@ const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ResultPositionEnum>::Table()
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_InvariantEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_InvariantEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(UNDEFINED_INVARIANT),
                                                YLD_ROW(MAGNITUDE),
@@ -117,8 +107,7 @@ const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_InvariantEnum>::Table()
     return rows;
 }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ElementFaceEnum>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ElementFaceEnum>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(FACE_UNKNOWN),
                                                YLD_ROW(FACE1),
@@ -137,15 +126,14 @@ const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ElementFaceEnum>::Table()
 }
 
 #undef YLD_ROW
-#define YLD_ROW(name) val_PrimEnumRow{#name, yld_DiagnosticData::name}
+#define YLD_ROW(name)                                                                                                  \
+    val_PrimEnumRow { #name, yld_DiagnosticData::name }
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_DiagnosticData::JobStatus>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_DiagnosticData::JobStatus>::Table()
 {
-    static constexpr val_PrimEnumRow rows[] = {YLD_ROW(JOB_STATUS_UNKNOWN), YLD_ROW(JOB_STATUS_COMPLETED_SUCCESSFULLY),
-                                               YLD_ROW(JOB_STATUS_EXITED_WITH_ERROR),
-                                               YLD_ROW(JOB_STATUS_TERMINATED_BY_EXTERNAL_REQUEST),
-                                               val_PrimEnumRow{nullptr, 0}};
+    static constexpr val_PrimEnumRow rows[] = {
+        YLD_ROW(JOB_STATUS_UNKNOWN), YLD_ROW(JOB_STATUS_COMPLETED_SUCCESSFULLY), YLD_ROW(JOB_STATUS_EXITED_WITH_ERROR),
+        YLD_ROW(JOB_STATUS_TERMINATED_BY_EXTERNAL_REQUEST), val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
@@ -154,8 +142,7 @@ const val_PrimEnumRow* val_PrimEnum<yld_DiagnosticData::JobStatus>::Table()
 #define YLD_ROW(name) val_PrimEnumRow{#name, yld_AnalysisWarningError::name}
 // clang-format on
 
-template<>
-const val_PrimEnumRow* val_PrimEnum<yld_AnalysisWarningError::Category>::Table()
+template<> const val_PrimEnumRow* val_PrimEnum<yld_AnalysisWarningError::Category>::Table()
 {
     static constexpr val_PrimEnumRow rows[] = {YLD_ROW(INTERNAL),
                                                YLD_ROW(NODE),

@@ -8,8 +8,7 @@
 /// handed to yld_raise, so that the developer's report names the caller.
 struct yld_RaiseFormat
 {
-    yld_RaiseFormat(const char* text, const char* callersFile = __builtin_FILE(),
-                    int callersLine = __builtin_LINE())
+    yld_RaiseFormat(const char* text, const char* callersFile = __builtin_FILE(), int callersLine = __builtin_LINE())
         : format(text), file(callersFile), line(callersLine)
     {
     }
@@ -20,15 +19,13 @@ struct yld_RaiseFormat
 };
 
 /// Raises yld_Exception of the general kind with a finished message.
-template<class... Values>
-[[noreturn]] void yld_raise(const yld_RaiseFormat& message, const Values&... values)
+template<class... Values> [[noreturn]] void yld_raise(const yld_RaiseFormat& message, const Values&... values)
 {
     yld_Exception(yld_GENERAL, msg_Format(message.format, values...)).Throw(message.file, message.line);
 }
 
 /// Runs an action of the public interface: what the store raises in it leaves as yld_Exception with the same text.
-template<class Action>
-auto yld_guard(Action&& action) -> decltype(action())
+template<class Action> auto yld_guard(Action&& action) -> decltype(action())
 {
     try {
         return action();

@@ -38,7 +38,8 @@ public:
     /// A row in the precision that the array has.
     template<class T> const T* row(int index) const
     {
-        const std::ptrdiff_t start = isUniform() ? static_cast<std::ptrdiff_t>(index) * m_width : m_starts[place(index)];
+        const std::ptrdiff_t start =
+            isUniform() ? static_cast<std::ptrdiff_t>(index) * m_width : m_starts[place(index)];
         if constexpr (std::is_same_v<T, double>) return m_doubles + start;
         else return m_values + start;
     }
@@ -48,8 +49,8 @@ private:
     void takeRow(const yld_Sequence<float>& row, int at);
     void takeOtherWidths(int at);
 
-    fio_Buffer m_rows;         // of one width
-    std::vector<float> m_held; // rows of several widths
+    fio_Buffer m_rows;                    // of one width
+    std::vector<float> m_held;            // rows of several widths
     std::vector<std::ptrdiff_t> m_starts; // one more than rows
     const float* m_values = nullptr;
     const double* m_doubles = nullptr;

@@ -70,8 +70,8 @@ yld_SequenceFieldValue yld_SequenceFieldValue::getSubset(const yld_Set& set) con
     const yld_Enum::yld_SetTypeEnum type = set.type();
     const yld_String name = set.name();
     // Blocks that are the set's own stay as they are.
-    yld_SequenceFieldValue subset = filtered(
-        [&](const yld_SubField& block) { return block.setType() == type && block.setName() == name; });
+    yld_SequenceFieldValue subset =
+        filtered([&](const yld_SubField& block) { return block.setType() == type && block.setName() == name; });
     if (subset.numBlocks() > 0) return subset;
     for (const yld_SubField& block : m_blocks) {
         const yld_Sequence<int> indices = block.indicesInSet(set);

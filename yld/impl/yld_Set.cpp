@@ -29,10 +29,14 @@ yld_Enum::yld_SetTypeEnum yld_Set::type() const
 {
     const int stored = m_set->isValid() ? yld_guard([this] { return m_set->setType(); }) : -1;
     switch (stored) {
-    case setC_Set::nodeSet: return yld_Enum::NODE_SET;
-    case setC_Set::elementSet: return yld_Enum::ELEMENT_SET;
-    case setC_Set::surface: return yld_Enum::SURFACE_SET;
-    default: yld_raise("Unknown Set type.");
+    case setC_Set::nodeSet:
+        return yld_Enum::NODE_SET;
+    case setC_Set::elementSet:
+        return yld_Enum::ELEMENT_SET;
+    case setC_Set::surface:
+        return yld_Enum::SURFACE_SET;
+    default:
+        yld_raise("Unknown Set type.");
     }
 }
 
@@ -204,8 +208,12 @@ void yld_Set::clearMembers()
 {
     m_filled = false;
     switch (type()) {
-    case yld_Enum::NODE_SET: m_nodes.clearAll(); break;
-    case yld_Enum::ELEMENT_SET: m_elements.clearAll(); break;
+    case yld_Enum::NODE_SET:
+        m_nodes.clearAll();
+        break;
+    case yld_Enum::ELEMENT_SET:
+        m_elements.clearAll();
+        break;
     default:
         m_nodes.clearAll();
         m_elements.clearAll();

@@ -100,7 +100,8 @@ sto_Set yld_SetCache::find(std::uint64_t hash, const sto_Mesh& mesh, int type, c
     const auto [begin, end] = m_entries.equal_range(hash);
     for (auto entry = begin; entry != end; ++entry) {
         const Entry& known = entry->second;
-        if (known.mesh != mesh.shortCut().id() || known.family != family || known.file.lock() != mesh.modelFile()) continue;
+        if (known.mesh != mesh.shortCut().id() || known.family != family || known.file.lock() != mesh.modelFile())
+            continue;
         const sto_Set set(lnk_ShortCut<setC_Set>(mesh.modelFile(), known.set));
         if (set.setType() == type && holds(set, mesh, labels, count)) return set;
     }
@@ -133,7 +134,8 @@ sto_Set yld_SetCache::get(const sto_Mesh& mesh, int type, const int* labels, int
         made = on.Elset(free, labels, count, true);
     }
     // Now and then: files that are closed leave nothing behind.
-    if (m_entries.size() % 256 == 0) std::erase_if(m_entries, [](const auto& entry) { return entry.second.file.expired(); });
+    if (m_entries.size() % 256 == 0)
+        std::erase_if(m_entries, [](const auto& entry) { return entry.second.file.expired(); });
     m_entries.emplace(hash, Entry{mesh.modelFile(), mesh.shortCut().id(), made.shortCut().id(), nextName});
     return made;
 }

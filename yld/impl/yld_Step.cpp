@@ -5,10 +5,10 @@
 #include "platform/sto/sto_FieldDescription.h"
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_Frame.h"
-#include "platform/sto/sto_Procedure.h"
-#include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_ModelOf.h"
+#include "platform/sto/sto_Procedure.h"
+#include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StoStep.h"
 #include "yld/impl/yld_Raise.h"
 #include "yld/impl/yld_StepHistory.h"
@@ -78,10 +78,7 @@ void yld_SequenceFrame::append(const yld_Frame&) { throw exc_TextException("\"Se
 
 yld_Step::yld_Step() = default;
 
-yld_Step::yld_Step(const sto_StoStep& modelStep)
-    : m_name(modelStep.name()), m_modelStep(new sto_StoStep(modelStep))
-{
-}
+yld_Step::yld_Step(const sto_StoStep& modelStep) : m_name(modelStep.name()), m_modelStep(new sto_StoStep(modelStep)) {}
 
 yld_Step::yld_Step(const yld_String& name, const sto_Step& step, const yld_String& description,
                    const shr_ArrayCOW<sto_Assembly>& assembly, yld_Enum::yld_DomainEnum domain,

@@ -93,9 +93,8 @@ yld_HistoryRegion& yld_Step::HistoryRegion(const yld_String& name, const yld_Str
         yld_raise("A historyRegion named '%1$s' already exists in step '%2$s'.", name, m_name);
     }
     if (m_step.IsNull()) yld_raise("Step \"%s\" has no results.", m_name);
-    return yld_guard([&]() -> yld_HistoryRegion& {
-        return history.add(name, description, point, *m_step, m_assembly.ConstGet());
-    });
+    return yld_guard(
+        [&]() -> yld_HistoryRegion& { return history.add(name, description, point, *m_step, m_assembly.ConstGet()); });
 }
 
 yld_HistoryRegion& yld_Step::HistoryRegion(const yld_String& name, const yld_String& description,

@@ -77,9 +77,8 @@ yld_Step& yld_StepRepository::factory(const yld_String& name, const yld_String& 
                                       const stpC_Step& settings)
 {
     setInitialStep();
-    const sto_StoStep made = yld_guard([&] {
-        return m_store.ConstGet().model(defaultModel).Step(size(), name, description, settings, previous);
-    });
+    const sto_StoStep made = yld_guard(
+        [&] { return m_store.ConstGet().model(defaultModel).Step(size(), name, description, settings, previous); });
     file(yld_Step(made), previous);
     return get(name);
 }
@@ -144,11 +143,10 @@ yld_Step& yld_StepRepository::StaticRiksStep(const yld_String& name, const yld_S
                                              const yld_String& description, const yld_String& nlgeom, bool argument2,
                                              double argument3, bool argument4, double argument5, int argument6,
                                              const yld_Set& region, const yld_String& incrementation, int argument9,
-                                             double argument10, double argument11, double argument12,
-                                             double argument13, const yld_String& matrixSolver,
-                                             const yld_String& extrapolation, const yld_String& argument16,
-                                             bool argument17, bool argument18, int argument19, int argument20,
-                                             bool argument21)
+                                             double argument10, double argument11, double argument12, double argument13,
+                                             const yld_String& matrixSolver, const yld_String& extrapolation,
+                                             const yld_String& argument16, bool argument17, bool argument18,
+                                             int argument19, int argument20, bool argument21)
 {
     const auto settings = yld_guard([&] {
         return stpC_StaticRiksStep(nlgeom, argument2, argument3, argument4, argument5, argument6, regionOf(region),

@@ -256,8 +256,8 @@ public:
             if (type == setC_Set::nodeSet) {
                 // As many subsets of the set as the block's own set has, from the first on; of a search in element data
                 // all.
-                const int last = isNodalSearch ? set.numSubsets()
-                                               : std::min(set.numSubsets(), block.description.set().numSubsets());
+                const int last =
+                    isNodalSearch ? set.numSubsets() : std::min(set.numSubsets(), block.description.set().numSubsets());
                 for (int k = 0; k < last; ++k) addNodes(set.subSet(k));
             } else if (subset.classIndex() == block.elementClass) {
                 const std::vector<int> more = block.elementLabels(subset.members());

@@ -10,35 +10,17 @@ yld_Union::yld_Union(Tag tag)
 {
 }
 
-yld_Union::yld_Union(int value) : yld_Union(INTEGER)
-{
-    m_integer = value;
-}
+yld_Union::yld_Union(int value) : yld_Union(INTEGER) { m_integer = value; }
 
-yld_Union::yld_Union(float value) : yld_Union(SINGLE)
-{
-    m_single = value;
-}
+yld_Union::yld_Union(float value) : yld_Union(SINGLE) { m_single = value; }
 
-yld_Union::yld_Union(double value) : yld_Union(DOUBLE)
-{
-    m_double = value;
-}
+yld_Union::yld_Union(double value) : yld_Union(DOUBLE) { m_double = value; }
 
-yld_Union::yld_Union(bool value) : yld_Union(BOOLEAN)
-{
-    m_boolean = value;
-}
+yld_Union::yld_Union(bool value) : yld_Union(BOOLEAN) { m_boolean = value; }
 
-yld_Union::yld_Union(const yld_String& value) : yld_Union(STRING)
-{
-    m_string = value;
-}
+yld_Union::yld_Union(const yld_String& value) : yld_Union(STRING) { m_string = value; }
 
-yld_Union::yld_Union(const char* value) : yld_Union(STRING)
-{
-    m_string = value;
-}
+yld_Union::yld_Union(const char* value) : yld_Union(STRING) { m_string = value; }
 
 yld_Union::yld_Union(const yld_Union&) = default;
 

@@ -83,9 +83,9 @@ void yld_UserData::ReadUserXYData(const yld_String& name) const
         const yld_String sourceDescription = stored.sourceDescription();
         const yld_String sourceFileName = stored.sourceFileName();
         const yld_Enum::yld_XYSourceTypeEnm sourceType = mapSourceType(stored.sourceType());
-        m_curves.insert(name, yld_UserXYData(stored.name(), sourceType, sourceFileName, sourceDescription,
-                                             contentDescription, positionDescription, xAxisLabel, yAxisLabel,
-                                             legendLabel, stored));
+        m_curves.insert(name,
+                        yld_UserXYData(stored.name(), sourceType, sourceFileName, sourceDescription, contentDescription,
+                                       positionDescription, xAxisLabel, yAxisLabel, legendLabel, stored));
     });
 }
 

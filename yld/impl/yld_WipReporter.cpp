@@ -8,10 +8,7 @@ namespace {
 
 bool landmarks = false;
 
-shr_String firstOf(const prg_MessageList& list)
-{
-    return list.empty() ? shr_String() : list.front();
-}
+shr_String firstOf(const prg_MessageList& list) { return list.empty() ? shr_String() : list.front(); }
 
 } // namespace
 
@@ -32,20 +29,11 @@ void yld_WipReporter::Error(const msg_StringBase& text, int)
     yld_Exception(yld_GENERAL, text).Throw(__FILE__, __LINE__);
 }
 
-void yld_WipReporter::Warning(const msg_StringBase& text)
-{
-    writeLine("Warning: ", text);
-}
+void yld_WipReporter::Warning(const msg_StringBase& text) { writeLine("Warning: ", text); }
 
-void yld_WipReporter::Error(const prg_MessageList& list, int level)
-{
-    Error(firstOf(list), level);
-}
+void yld_WipReporter::Error(const prg_MessageList& list, int level) { Error(firstOf(list), level); }
 
-void yld_WipReporter::Warning(const prg_MessageList& list)
-{
-    Warning(firstOf(list));
-}
+void yld_WipReporter::Warning(const prg_MessageList& list) { Warning(firstOf(list)); }
 
 void yld_WipReporter::Landmark(const msg_StringBase& text)
 {
@@ -92,10 +80,7 @@ void yld_WipReporter::InterruptedThrow()
     exc_AssertException::Raise("\"InterruptedThrow is unimplemented\" == 0", __FILE__, __LINE__);
 }
 
-void yld_WipReporter::GenerateWipMessages(bool on)
-{
-    landmarks = on;
-}
+void yld_WipReporter::GenerateWipMessages(bool on) { landmarks = on; }
 
 void yld_WipReporter::writeLine(const char* prefix, const msg_StringBase& text)
 {

@@ -1,20 +1,20 @@
 #include "yld_Yld.h"
 
-#include "platform/sto/sto_Assembly.h"
-#include "platform/sto/sto_ElementClass.h"
-#include "platform/sto/sto_Mesh.h"
 #include "platform/attribute/ntsC_AnnotationClient.h"
 #include "platform/attribute/prtC_Enum.h"
 #include "platform/result/fld_Enum.h"
+#include "platform/sto/sto_Assembly.h"
+#include "platform/sto/sto_ElementClass.h"
+#include "platform/sto/sto_Mesh.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Part.h"
 #include "platform/sto/sto_PartInstance.h"
 #include "platform/sto/sto_Procedure.h"
 #include "platform/sto/sto_Result.h"
 #include "platform/sto/sto_Step.h"
-#include "platform/sto/sto_StoContainer.h"
 #include "platform/sto/sto_StepContainer.h"
 #include "platform/sto/sto_Sto.h"
+#include "platform/sto/sto_StoContainer.h"
 #include "platform/sto/sto_StoStep.h"
 #include "platform/sto/sto_UserData.h"
 #include "platform/store/lnk_Root.h"
@@ -125,8 +125,7 @@ yld_Yld::yld_Yld(yld_String name, yld_String analysisTitle, yld_String descripti
       m_constraints(yld_ConstraintRepository(store.model(defaultModel))),
       m_fieldOutputRequests(yld_FieldOutputRequestRepository(store.model(defaultModel))),
       m_historyOutputRequests(yld_HistoryOutputRequestRepository(store.model(defaultModel))), m_readOnly(readOnly),
-      m_apiExtensions(ApiExtensions()),
-      m_globalJob(store.model(defaultModel).globalJob().c_str())
+      m_apiExtensions(ApiExtensions()), m_globalJob(store.model(defaultModel).globalJob().c_str())
 {
     if (store.hasUserData()) {
         m_userData = yld_UserData(store.userData());
@@ -516,10 +515,9 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
     }
     const int position = all.size();
     const sto_Sto store = m_sto.ConstGet();
-    const sto_StoStep modelStep =
-        makeModelStep(store.model(defaultModel), position, name, description, domain, timePeriod,
-                      previousStepName.compare("Initial") == 0 ? yld_String(stpC_InitialStepName()) : previousStepName,
-                      procedure);
+    const sto_StoStep modelStep = makeModelStep(
+        store.model(defaultModel), position, name, description, domain, timePeriod,
+        previousStepName.compare("Initial") == 0 ? yld_String(stpC_InitialStepName()) : previousStepName, procedure);
     double begin = totalTime;
     if (begin < 0.0) {
         begin = 0.0;

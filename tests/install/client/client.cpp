@@ -15,8 +15,7 @@ try {
     yld_Sequence<yld_Sequence<float>> rows;
     for (int i = 0; i < 8; ++i) {
         // Round the bottom, then round the top.
-        const float point[] = {i % 4 == 1 || i % 4 == 2 ? 1.0f : 0.0f, i % 4 >= 2 ? 1.0f : 0.0f,
-                               i >= 4 ? 1.0f : 0.0f};
+        const float point[] = {i % 4 == 1 || i % 4 == 2 ? 1.0f : 0.0f, i % 4 >= 2 ? 1.0f : 0.0f, i >= 4 ? 1.0f : 0.0f};
         const float row[] = {3.0f * static_cast<float>(i), 0.0f, 4.0f * static_cast<float>(i)};
         nodes.append(i + 1);
         points.append(yld_Sequence<float>(point, 3));

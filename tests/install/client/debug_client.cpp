@@ -12,12 +12,12 @@ namespace {
 
 int failures = 0;
 
-#define DEMAND(...)                                                                                          \
-    do {                                                                                                     \
-        if (!(__VA_ARGS__)) {                                                                                \
-            std::printf("line %d: %s\n", __LINE__, #__VA_ARGS__);                                            \
-            ++failures;                                                                                      \
-        }                                                                                                    \
+#define DEMAND(...)                                                                                                    \
+    do {                                                                                                               \
+        if (!(__VA_ARGS__)) {                                                                                          \
+            std::printf("line %d: %s\n", __LINE__, #__VA_ARGS__);                                                      \
+            ++failures;                                                                                                \
+        }                                                                                                              \
     } while (false)
 
 // Every member of an array, a list and a sequence; a and b differ.
@@ -204,7 +204,8 @@ void writeJob(const char* path)
     const double precise[] = {0.1, 0.2, 0.3, 0.4};
     frame.FieldOutput("T", "single", yld_Enum::SCALAR).addBulkData(yld_Enum::NODAL, instance, labels, 4, single, 4, 1);
     frame.FieldOutput("D", "double", yld_Enum::SCALAR).addBulkData(yld_Enum::NODAL, instance, labels, 4, precise, 4, 1);
-    yld_HistoryOutput& curve = step.HistoryRegion("corner", "", instance.nodes(0)).HistoryOutput("V", "", yld_Enum::SCALAR);
+    yld_HistoryOutput& curve =
+        step.HistoryRegion("corner", "", instance.nodes(0)).HistoryOutput("V", "", yld_Enum::SCALAR);
     for (int i = 0; i < 3; ++i) curve.addData(0.5 * i, i);
     saveYld(db);
     db.close();

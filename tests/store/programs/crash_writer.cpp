@@ -144,11 +144,13 @@ public:
                 std::filesystem::remove(path);
             }
         }
-        std::printf("%d kills: %d before the file was made, %d with a journal left behind, %d of a state beyond the last "
-                    "confirmed one; %lld states confirmed; the file that lasted reached state %d\n",
-                    m_settings.kills, m_beforeFile, m_withJournal, m_beyond, m_confirmedStates, m_lasting);
+        std::printf(
+            "%d kills: %d before the file was made, %d with a journal left behind, %d of a state beyond the last "
+            "confirmed one; %lld states confirmed; the file that lasted reached state %d\n",
+            m_settings.kills, m_beforeFile, m_withJournal, m_beyond, m_confirmedStates, m_lasting);
         // Kills that never struck inside a transaction would have shown nothing.
-        if (m_settings.kills >= 100 && (m_withJournal < m_settings.kills / 20 || m_confirmedStates < m_settings.kills / 4)) {
+        if (m_settings.kills >= 100 &&
+            (m_withJournal < m_settings.kills / 20 || m_confirmedStates < m_settings.kills / 4)) {
             std::printf("too few kills struck a transaction\n");
             return 1;
         }

@@ -33,7 +33,10 @@ struct Scale
 };
 
 // Exact in a float, and different in every frame and field.
-float valueAt(int frame, int field, int node) { return static_cast<float>((node * 31 + frame * 7919 + field * 257) & 0xffffff); }
+float valueAt(int frame, int field, int node)
+{
+    return static_cast<float>((node * 31 + frame * 7919 + field * 257) & 0xffffff);
+}
 
 yld_String fieldName(int field)
 {
@@ -128,9 +131,11 @@ void releaseFrames(const std::string& path, const Scale& scale)
     readFrame(it.currentValue(), 0, scale); // what is needed once is there from now on
     it.currentValue().ClearFrameContainer();
     const long long frame = static_cast<long long>(scale.fields) * scale.kilobytes;
-    giveBack("ClearFrameContainer", frame, [&] { readFrame(it.currentValue(), 1, scale); },
-             [&] { it.currentValue().ClearFrameContainer(); });
-    giveBack("the next step", frame, [&] { readFrame(it.currentValue(), 3, scale); }, [&] { it.next(); });
+    giveBack(
+        "ClearFrameContainer", frame, [&] { readFrame(it.currentValue(), 1, scale); },
+        [&] { it.currentValue().ClearFrameContainer(); });
+    giveBack(
+        "the next step", frame, [&] { readFrame(it.currentValue(), 3, scale); }, [&] { it.next(); });
     demand(std::strcmp(it.currentKey().cStr(), "Step-2") == 0, "the steps are out of order");
     readFrame(it.currentValue(), 1, scale);
     it.next();

@@ -84,7 +84,8 @@ void readField(const std::string& path, int blocks)
         const auto ref = field->m_blocks.at(b);
         {
             const auto block = ref.fetch();
-            demand(block->m_number == b && block->m_values.size() == valuesInBlock, "a block is not the one that was written");
+            demand(block->m_number == b && block->m_values.size() == valuesInBlock,
+                   "a block is not the one that was written");
             if (b % 2 == 0) { // whole, and given back
                 const float* values = block->m_values.data();
                 for (long long i = 0; i < valuesInBlock; ++i) {
@@ -108,8 +109,8 @@ void readField(const std::string& path, int blocks)
 
 int main(int count, char** arguments)
 {
-    const std::filesystem::path parent = count > 1 ? std::filesystem::path(arguments[1])
-                                                   : std::filesystem::temp_directory_path();
+    const std::filesystem::path parent =
+        count > 1 ? std::filesystem::path(arguments[1]) : std::filesystem::temp_directory_path();
     std::string folder = (parent / "yld-large-XXXXXX").string();
     if (!mkdtemp(folder.data())) {
         std::fprintf(stderr, "%s: %s\n", folder.c_str(), std::strerror(errno));

@@ -1,5 +1,5 @@
-// A curve of ten million pairs, and ten thousand curves of a thousand pairs in one step, in little memory: appended pair by
-// pair, as solvers do, and read back in pieces.
+// A curve of ten million pairs, and ten thousand curves of a thousand pairs in one step, in little memory: appended
+// pair by pair, as solvers do, and read back in pieces.
 //
 //     large_history [FOLDER]
 
@@ -36,8 +36,8 @@ void writeLong(const std::string& path)
     const Library library;
     yld_Yld& db = Yld(path.c_str(), "", "", path.c_str());
     yld_Step& step = db.Step("long", "", yld_Enum::TIME, 1.0);
-    yld_HistoryOutput& output = step.HistoryRegion("model", "", yld_HistoryPoint(db.rootAssembly()))
-                                    .HistoryOutput("v", "", yld_Enum::SCALAR);
+    yld_HistoryOutput& output =
+        step.HistoryRegion("model", "", yld_HistoryPoint(db.rootAssembly())).HistoryOutput("v", "", yld_Enum::SCALAR);
     for (int i = 0; i < longPairs; ++i) {
         output.addData(0.1 * i, static_cast<double>(valueAt(0, i)));
         if ((i + 1) % (longPairs / savesInLong) == 0) db.save();
@@ -88,8 +88,8 @@ void writeMany(const std::string& path)
     yld_Step& step = db.Step("many", "", yld_Enum::TIME, 1.0);
     std::vector<yld_HistoryOutput*> outputs;
     for (int i = 0; i < curves; ++i) {
-        outputs.push_back(&step.HistoryRegion(nameOf(i).c_str(), "", instance.nodes(i))
-                               .HistoryOutput("v", "", yld_Enum::SCALAR));
+        outputs.push_back(
+            &step.HistoryRegion(nameOf(i).c_str(), "", instance.nodes(i)).HistoryOutput("v", "", yld_Enum::SCALAR));
     }
     for (int k = 0; k < pairsInCurve; ++k) {
         for (int i = 0; i < curves; ++i) {
@@ -106,7 +106,8 @@ void readMany(const std::string& path)
     yld_Yld& db = openYld(path.c_str(), true);
     const auto& regions = db.steps().get("many").historyRegions();
     demand(regions.size() == curves, "the step has another number of regions");
-    for (int i = 0; i < curves; ++i) checkCurve(regions.constGet(nameOf(i).c_str()).historyOutput("v"), i, pairsInCurve);
+    for (int i = 0; i < curves; ++i)
+        checkCurve(regions.constGet(nameOf(i).c_str()).historyOutput("v"), i, pairsInCurve);
     db.close();
 }
 
@@ -114,8 +115,8 @@ void readMany(const std::string& path)
 
 int main(int count, char** arguments)
 {
-    const std::filesystem::path parent = count > 1 ? std::filesystem::path(arguments[1])
-                                                   : std::filesystem::temp_directory_path();
+    const std::filesystem::path parent =
+        count > 1 ? std::filesystem::path(arguments[1]) : std::filesystem::temp_directory_path();
     std::string folder = (parent / "yld-history-XXXXXX").string();
     if (!mkdtemp(folder.data())) {
         std::fprintf(stderr, "%s: %s\n", folder.c_str(), std::strerror(errno));
@@ -128,9 +129,10 @@ int main(int count, char** arguments)
                       inChild("write many curves", [&] { writeMany(manyPath); }) &&
                       inChild("read many curves", [&] { readMany(manyPath); });
     if (good) {
-        std::printf("%llu and %llu bytes a pair on disk\n",
-                    static_cast<unsigned long long>(std::filesystem::file_size(longPath) / longPairs),
-                    static_cast<unsigned long long>(std::filesystem::file_size(manyPath) / (1ULL * curves * pairsInCurve)));
+        std::printf(
+            "%llu and %llu bytes a pair on disk\n",
+            static_cast<unsigned long long>(std::filesystem::file_size(longPath) / longPairs),
+            static_cast<unsigned long long>(std::filesystem::file_size(manyPath) / (1ULL * curves * pairsInCurve)));
     }
     std::error_code ignored;
     std::filesystem::remove_all(folder, ignored);
