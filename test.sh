@@ -7,6 +7,9 @@ cd "$(dirname "$0")"
 yld_install_packages
 yld_reuse_objects
 
+echo "== format"
+scripts/format.sh --check
+
 for preset in ${YLD_PRESETS:-release asan}; do
     echo "== $preset"
     cmake --preset "$preset" >/dev/null

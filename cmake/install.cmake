@@ -10,6 +10,7 @@ install(FILES ${container_headers} DESTINATION ${YLD_HEADER_DIR}/containers)
 # What public headers include from the floors below: value types and the bases of strings and exceptions; and the
 # table of remote connections, which clients fill. The install test finds out when one is missing.
 set(YLD_SUPPORT_HEADERS
+    platform/base/bas_Export.h
     platform/base/mmo_Memory.h
     platform/base/sys_complex.h
     platform/base/sys_Timer.h
@@ -18,8 +19,7 @@ set(YLD_SUPPORT_HEADERS
     platform/store/pcl_Uid.h
     platform/text/exc_Exception.h
     platform/text/msg_StringBase.h
-    platform/text/prg_WipReporter.h
-    platform/text/shr_String.h)
+    platform/text/prg_WipReporter.h)
 foreach(header IN LISTS YLD_SUPPORT_HEADERS)
     get_filename_component(folder ${header} DIRECTORY)
     install(FILES ${CMAKE_SOURCE_DIR}/${header} DESTINATION ${YLD_HEADER_DIR}/${folder})

@@ -1,7 +1,7 @@
 #ifndef SHR_BTREECOMPARE_H
 #define SHR_BTREECOMPARE_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 #include <type_traits>
 

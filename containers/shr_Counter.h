@@ -1,7 +1,7 @@
 #ifndef SHR_COUNTER_H
 #define SHR_COUNTER_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 #include <cstddef>
 

@@ -2,13 +2,13 @@
 // Then the same once more below the public classes, whose rows the walk above does not reach all.
 
 #include "fuzz_files.h"
-#include "platform/attribute/mshK_Step.h"
 #include "platform/attribute/stpC_Steps.h"
 #include "platform/model/mshK_Assembly.h"
 #include "platform/model/mshK_Mesh.h"
 #include "platform/model/mshK_Model.h"
 #include "platform/model/mshK_Part.h"
 #include "platform/model/mshK_PartInstance.h"
+#include "platform/model/mshK_Step.h"
 #include "platform/result/fld_Field.h"
 #include "platform/result/fld_FieldDescription.h"
 #include "platform/result/fld_Frame.h"

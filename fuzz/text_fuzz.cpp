@@ -1,8 +1,8 @@
 // Texts that the library takes apart. The first byte of the input chooses who does it.
 
 #include "fuzz_target.h"
-#include "platform/base/osu_FilePath.h"
-#include "platform/base/osu_UrlParser.h"
+#include "platform/os/osu_FilePath.h"
+#include "platform/os/osu_UrlParser.h"
 #include "platform/store/fio_File.h"
 #include "platform/text/exc_Exception.h"
 #include "platform/text/msg_NaturalOrder.h"

@@ -1,7 +1,7 @@
 #ifndef YLD_API_H
 #define YLD_API_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 /// Brackets all use of the library: a program calls yld_initializeAPI() before anything else of it and
 /// yld_finalizeAPI() behind everything else. Calls nest: the first start does the work, the last stop undoes

@@ -1,7 +1,7 @@
 #ifndef YLD_ANALYSIS_WARNING_ERROR_H
 #define YLD_ANALYSIS_WARNING_ERROR_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 /// A warning or an error that the analysis gave.
 class YLD_API yld_AnalysisWarningError

@@ -1,7 +1,7 @@
 #ifndef YLD_API_EXTENSION_H
 #define YLD_API_EXTENSION_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_String.h"
 
 /// What a program adds to a database's interface under one of the types of yld_Enum::yld_ApiType: its name, and text

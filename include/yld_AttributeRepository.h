@@ -2,7 +2,7 @@
 #define YLD_ATTRIBUTE_REPOSITORY_H
 
 #include "containers/shr_COW.h"
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Repository.h"
 #include "yld_String.h"
 

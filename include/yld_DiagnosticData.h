@@ -1,7 +1,7 @@
 #ifndef YLD_DIAGNOSTIC_DATA_H
 #define YLD_DIAGNOSTIC_DATA_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Sequence.h"
 
 #include <memory>

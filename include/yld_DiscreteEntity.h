@@ -1,9 +1,9 @@
 #ifndef YLD_DISCRETE_ENTITY_H
 #define YLD_DISCRETE_ENTITY_H
 
+#include "platform/base/bas_Export.h"
 #include "yld_Element.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 #include "yld_MeshList.h"
 #include "yld_Node.h"
 #include "yld_Repository.h"

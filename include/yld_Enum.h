@@ -1,7 +1,7 @@
 #ifndef YLD_ENUM_H
 #define YLD_ENUM_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 /// The public enumerations, all members of one class so that their names never meet those of a client.
 ///

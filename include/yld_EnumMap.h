@@ -1,8 +1,8 @@
 #ifndef YLD_ENUM_MAP_H
 #define YLD_ENUM_MAP_H
 
+#include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 
 // The store's enumerations are named here and defined with the classes that keep them. A client needs the
 // names only to hand on a number that it was given.

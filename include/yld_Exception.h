@@ -48,7 +48,7 @@ public:
     void DBWrite(pcl_WriteVisitor& visitor) const override;
     /// The user's text: fixed by the error number, with the file's name, version or the message in it; for
     /// yld_GENERAL the message unchanged.
-    shr_String JournalMessage() const override;
+    msg_StringBase JournalMessage() const override;
     /// "YldError".
     const char* PythonType() const override;
 

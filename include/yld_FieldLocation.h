@@ -1,8 +1,8 @@
 #ifndef YLD_FIELD_LOCATION_H
 #define YLD_FIELD_LOCATION_H
 
+#include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 #include "yld_SectionCategory.h"
 #include "yld_Sequence.h"
 

@@ -2,8 +2,8 @@
 #define YLD_FIELD_OUTPUT_H
 
 #include "containers/shr_COW.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 #include "yld_FieldBulkData.h"
 #include "yld_FieldLocation.h"
 #include "yld_FieldValue.h"

@@ -2,8 +2,8 @@
 #define YLD_FIELD_VALUE_H
 
 #include "containers/shr_COW.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 #include "yld_SectionCategory.h"
 #include "yld_Sequence.h"
 #include "yld_String.h"

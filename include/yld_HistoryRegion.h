@@ -2,7 +2,7 @@
 #define YLD_HISTORY_REGION_H
 
 #include "containers/shr_COW.h"
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Frame.h"
 #include "yld_HistoryOutput.h"
 #include "yld_HistoryPoint.h"

@@ -1,8 +1,8 @@
 #ifndef YLD_JOB_DATA_H
 #define YLD_JOB_DATA_H
 
+#include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 #include "yld_Sequence.h"
 #include "yld_String.h"
 

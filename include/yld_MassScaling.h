@@ -1,7 +1,7 @@
 #ifndef YLD_MASS_SCALING_H
 #define YLD_MASS_SCALING_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Sequence.h"
 #include "yld_Set.h"
 

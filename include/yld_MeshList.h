@@ -3,7 +3,7 @@
 
 #include "containers/shr_COW.h"
 #include "containers/shr_List.h"
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_String.h"
 
 class yld_Mesh;

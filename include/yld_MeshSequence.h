@@ -1,7 +1,7 @@
 #ifndef YLD_MESH_SEQUENCE_H
 #define YLD_MESH_SEQUENCE_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_MeshList.h"
 #include "yld_Sequence.h"
 

@@ -2,7 +2,7 @@
 #define YLD_NODAL_DOFS_H
 
 #include "containers/shr_COW.h"
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Sequence.h"
 #include "yld_Set.h"
 

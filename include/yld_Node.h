@@ -1,7 +1,7 @@
 #ifndef YLD_NODE_H
 #define YLD_NODE_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 class sto_Node;
 

@@ -1,8 +1,8 @@
 #ifndef YLD_PROPAGATING_COMPONENT_H
 #define YLD_PROPAGATING_COMPONENT_H
 
+#include "platform/base/bas_Export.h"
 #include "platform/base/sys_complex.h"
-#include "yld_Export.h"
 
 class sto_ComponentArg;
 

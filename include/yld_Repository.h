@@ -2,7 +2,7 @@
 #define YLD_REPOSITORY_H
 
 #include "containers/shr_BtreeIterator.h"
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Sequence.h"
 
 /// Raises yld_Exception, error number 6, "Key \"%s\" not found in repository" with the key filled in.

@@ -2,7 +2,7 @@
 #define YLD_RESTART_REQUEST_H
 
 #include "containers/shr_COW.h"
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 class sto_Restart;
 

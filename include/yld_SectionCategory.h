@@ -1,7 +1,7 @@
 #ifndef YLD_SECTION_CATEGORY_H
 #define YLD_SECTION_CATEGORY_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Repository.h"
 #include "yld_Sequence.h"
 #include "yld_String.h"

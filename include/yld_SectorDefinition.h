@@ -1,7 +1,7 @@
 #ifndef YLD_SECTOR_DEFINITION_H
 #define YLD_SECTOR_DEFINITION_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Sequence.h"
 
 class sto_Sto;

@@ -2,7 +2,7 @@
 #define YLD_SEQUENCE_H
 
 #include "containers/shr_1DArrayList.h"
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 #include "yld_String.h"
 
 #include <type_traits>

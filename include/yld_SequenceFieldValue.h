@@ -3,8 +3,8 @@
 
 #include "containers/shr_1DArray.h"
 #include "containers/shr_COW.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 #include "yld_FieldValue.h"
 #include "yld_Sequence.h"
 #include "yld_SubField.h"

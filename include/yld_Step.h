@@ -2,8 +2,8 @@
 #define YLD_STEP_H
 
 #include "containers/shr_COW.h"
+#include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 #include "yld_Frame.h"
 #include "yld_HistoryRegionPers.h"
 #include "yld_MassScaling.h"

@@ -1,7 +1,7 @@
 #ifndef YLD_STRING_H
 #define YLD_STRING_H
 
-#include "platform/text/shr_String.h"
+#include "containers/shr_String.h"
 
 /// The text of the public interface: a zero-terminated byte string with a shared body.
 ///

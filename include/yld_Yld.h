@@ -2,10 +2,10 @@
 #define YLD_YLD_H
 
 #include "containers/shr_COW.h"
+#include "platform/base/bas_Export.h"
 #include "yld_ApiExtension.h"
 #include "yld_Assembly.h"
 #include "yld_Enum.h"
-#include "yld_Export.h"
 #include "yld_Part.h"
 #include "yld_SectionCategory.h"
 #include "yld_SectorDefinition.h"

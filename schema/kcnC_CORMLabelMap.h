@@ -1,8 +1,8 @@
 #ifndef KCNC_CORMLABELMAP_H
 #define KCNC_CORMLABELMAP_H
 
+#include "platform/auxiliary/aux_TranslationMap.h"
 #include "platform/base/lok_GlobalSingleton.h"
-#include "platform/text/aux_TranslationMap.h"
 
 /// The connector classes' number in the table of components.
 constexpr int kcnC_componentNumber = 684;

@@ -4,7 +4,7 @@
 #include "platform/sto/sto_Model.h"
 #include "platform/store/fio_File.h"
 #include "test_files.h"
-#include "yld/impl/yld_Mesh.h"
+#include "yld/impl/model/yld_Mesh.h"
 #include "yld_Assembly.h"
 #include "yld_Exception.h"
 #include "yld_Part.h"

@@ -1,8 +1,8 @@
 #ifndef STPC_ARGUMENTS_H
 #define STPC_ARGUMENTS_H
 
-#include "platform/attribute/val_PrimEnum.h"
 #include "platform/store/pcl_Persistent.h"
+#include "platform/value/val_PrimEnum.h"
 
 #include <string>
 #include <tuple>

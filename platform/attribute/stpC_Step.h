@@ -1,8 +1,8 @@
 #ifndef STPC_STEP_H
 #define STPC_STEP_H
 
-#include "platform/attribute/val_PrimEnum.h"
 #include "platform/store/lnk_ShortCut.h"
+#include "platform/value/val_PrimEnum.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #ifndef MMO_MEMORY_H
 #define MMO_MEMORY_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 #include <cstddef>
 

@@ -1,7 +1,7 @@
 #ifndef SYS_TIMER_H
 #define SYS_TIMER_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 /// A stop watch for wall time and for the processor time of the whole process. Sums up all stretches between
 /// Start() and Stop(); a running watch can be read.

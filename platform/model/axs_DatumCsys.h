@@ -1,8 +1,8 @@
 #ifndef AXS_DATUM_CSYS_H
 #define AXS_DATUM_CSYS_H
 
-#include "platform/attribute/axs_Enum.h"
 #include "platform/math/geo_Vector.h"
+#include "platform/model/axs_Enum.h"
 #include "platform/store/pcl_Persistent.h"
 
 /// The nodes that a datum system follows: of each, the number of its mesh in the model and its label.

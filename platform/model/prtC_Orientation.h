@@ -1,8 +1,8 @@
 #ifndef PRTC_ORIENTATION_H
 #define PRTC_ORIENTATION_H
 
-#include "platform/attribute/prtC_Enum.h"
 #include "platform/model/dfrC_DatumRef.h"
+#include "platform/model/prtC_Enum.h"
 #include "platform/model/setC_Region.h"
 
 /// The local directions of the material, or of the rebars, in a region: a datum system, turned about one of its axes.

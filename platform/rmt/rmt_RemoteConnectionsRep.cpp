@@ -2,7 +2,7 @@
 
 #include "containers/shr_BtreeIterator.h"
 #include "platform/base/lok_GlobalSingleton.h"
-#include "platform/base/osu_UrlParser.h"
+#include "platform/os/osu_UrlParser.h"
 #include "platform/text/exc_Exception.h"
 #include "platform/text/msg_Format.h"
 

@@ -1,8 +1,8 @@
 #ifndef RMT_REMOTE_CONNECTIONS_REP_H
 #define RMT_REMOTE_CONNECTIONS_REP_H
 
+#include "containers/shr_String.h"
 #include "platform/store/mrp_MapOfCowsRepository.h"
-#include "platform/text/shr_String.h"
 
 /// How the files of one host are reached.
 struct rmt_RemoteConnection

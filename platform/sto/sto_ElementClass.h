@@ -1,9 +1,9 @@
 #ifndef STO_ELEMENT_CLASS_H
 #define STO_ELEMENT_CLASS_H
 
+#include "containers/shr_String.h"
 #include "platform/model/grd_ElementClass.h"
 #include "platform/store/mrp_Container.h"
-#include "platform/text/shr_String.h"
 
 class grd_NodeData;
 class shc_Topology;

@@ -1,9 +1,9 @@
 #ifndef STO_FIELDDESCRIPTION_H
 #define STO_FIELDDESCRIPTION_H
 
+#include "containers/shr_String.h"
 #include "platform/result/fld_FieldDescription.h"
 #include "platform/sto/sto_Assembly.h"
-#include "platform/text/shr_String.h"
 
 /// A handle on the description of stored fields. Everything that is asked of it comes from its row; no value is read.
 class sto_FieldDescription

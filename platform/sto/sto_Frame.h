@@ -1,8 +1,8 @@
 #ifndef STO_FRAME_H
 #define STO_FRAME_H
 
+#include "containers/shr_String.h"
 #include "platform/result/fld_Frame.h"
-#include "platform/text/shr_String.h"
 
 class sto_FieldFrame;
 

@@ -1,9 +1,9 @@
 #ifndef STO_HISTORY_H
 #define STO_HISTORY_H
 
+#include "containers/shr_String.h"
 #include "platform/sto/sto_Assembly.h"
 #include "platform/sto/sto_HistoryClock.h"
-#include "platform/text/shr_String.h"
 
 /// A handle on a stored curve: what it is and where it was taken. What it tells comes from the curve's row alone.
 class sto_History

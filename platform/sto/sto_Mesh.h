@@ -1,7 +1,7 @@
 #ifndef STO_MESH_H
 #define STO_MESH_H
 
-#include "platform/model/aux_CoordCont3D.h"
+#include "platform/auxiliary/aux_CoordCont3D.h"
 #include "platform/model/mshK_Mesh.h"
 #include "platform/sto/sto_ElementClass.h"
 #include "platform/sto/sto_NodeData.h"

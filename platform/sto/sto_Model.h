@@ -1,13 +1,13 @@
 #ifndef STO_MODEL_H
 #define STO_MODEL_H
 
+#include "containers/shr_String.h"
 #include "platform/attribute/secC_Section.h"
 #include "platform/model/mshK_Model.h"
 #include "platform/sto/sto_Assembly.h"
 #include "platform/sto/sto_Datum.h"
 #include "platform/sto/sto_ModelSectorDefinition.h"
 #include "platform/sto/sto_Part.h"
-#include "platform/text/shr_String.h"
 
 class sto_StoStep;
 class stpC_Step;

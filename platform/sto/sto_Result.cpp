@@ -1,6 +1,6 @@
 #include "platform/sto/sto_Result.h"
 
-#include "platform/attribute/mshK_Step.h"
+#include "platform/model/mshK_Step.h"
 #include "platform/result/fld_Frame.h"
 #include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StepContainer.h"

@@ -1,9 +1,9 @@
 #ifndef STO_RESULT_H
 #define STO_RESULT_H
 
+#include "containers/shr_String.h"
 #include "platform/result/fld_Result.h"
 #include "platform/store/lnk_ShortCut.h"
-#include "platform/text/shr_String.h"
 
 class sto_Step;
 class sto_StepContainer;

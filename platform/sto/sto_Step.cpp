@@ -1,7 +1,7 @@
 #include "platform/sto/sto_Step.h"
 
-#include "platform/attribute/mshK_Step.h"
 #include "platform/model/mshK_Model.h"
+#include "platform/model/mshK_Step.h"
 #include "platform/result/fld_FieldDescription.h"
 #include "platform/result/fld_Frame.h"
 #include "platform/sto/sto_FieldStep.h"

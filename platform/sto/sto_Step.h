@@ -1,9 +1,9 @@
 #ifndef STO_STEP_H
 #define STO_STEP_H
 
+#include "containers/shr_String.h"
 #include "platform/result/fld_Step.h"
 #include "platform/sto/sto_FrameContainer.h"
-#include "platform/text/shr_String.h"
 
 #include <memory>
 #include <string>

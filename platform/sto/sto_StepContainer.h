@@ -1,7 +1,7 @@
 #ifndef STO_STEPCONTAINER_H
 #define STO_STEPCONTAINER_H
 
-#include "platform/attribute/mshK_Step.h"
+#include "platform/model/mshK_Step.h"
 #include "platform/result/fld_Step.h"
 #include "platform/sto/sto_Step.h"
 

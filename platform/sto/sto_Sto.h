@@ -1,11 +1,11 @@
 #ifndef STO_STO_H
 #define STO_STO_H
 
+#include "containers/shr_String.h"
 #include "platform/sto/sto_ApiExtension.h"
 #include "platform/store/fio_File.h"
 #include "platform/store/mrp_Container.h"
 #include "platform/store/pcl_Persistent.h"
-#include "platform/text/shr_String.h"
 
 class dgn_DiagnosticData;
 class fld_Result;

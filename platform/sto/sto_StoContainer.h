@@ -1,8 +1,8 @@
 #ifndef STO_STO_CONTAINER_H
 #define STO_STO_CONTAINER_H
 
+#include "containers/shr_String.h"
 #include "platform/sto/sto_Sto.h"
-#include "platform/text/shr_String.h"
 
 /// The way to the stores of this thread: makes, saves and closes them.
 class sto_StoContainer

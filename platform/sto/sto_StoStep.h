@@ -1,9 +1,9 @@
 #ifndef STO_STOSTEP_H
 #define STO_STOSTEP_H
 
-#include "platform/attribute/mshK_Step.h"
+#include "containers/shr_String.h"
+#include "platform/model/mshK_Step.h"
 #include "platform/store/lnk_ShortCut.h"
-#include "platform/text/shr_String.h"
 
 class sto_Restart;
 

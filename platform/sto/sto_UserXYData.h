@@ -2,10 +2,10 @@
 #define STO_USERXYDATA_H
 
 #include "containers/shr_1DArrayList.h"
+#include "containers/shr_String.h"
 #include "platform/attribute/kvp_Enum.h"
 #include "platform/store/mrp_Container.h"
 #include "platform/store/pcl_Persistent.h"
-#include "platform/text/shr_String.h"
 
 /// A curve that a user has put in a database, with what is told of it. Its points are rows of numbers, most often two.
 class sto_UserXYDataContent : public pcl_Class<sto_UserXYDataContent>

@@ -5,5 +5,5 @@
 void fio_raise(const std::string& path, const std::string& what)
 {
     const std::string text = path + ": " + what;
-    throw exc_TextException(shr_String(text.c_str()));
+    throw exc_TextException(msg_StringBase(text.c_str()));
 }

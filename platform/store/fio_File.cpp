@@ -1,6 +1,6 @@
 #include "platform/store/fio_File.h"
 
-#include "platform/base/osu_UrlParser.h"
+#include "platform/os/osu_UrlParser.h"
 #include "platform/store/fio_Error.h"
 #include "platform/store/pcl_Row.h"
 

@@ -3,7 +3,7 @@
 
 #include "containers/shr_Btree.h"
 #include "containers/shr_COW.h"
-#include "platform/text/shr_String.h"
+#include "containers/shr_String.h"
 
 /// Named values of one class, shared with whoever holds a copy until one side writes.
 template<class T> class mrp_MapOfCowsRepository : private shr_Btree<shr_String, shr_COW<T>>

@@ -19,18 +19,18 @@ exc_Exception& exc_Exception::operator=(const exc_Exception&) = default;
 
 exc_Exception::~exc_Exception() = default;
 
-shr_String exc_Exception::DeveloperReport() const
+msg_StringBase exc_Exception::DeveloperReport() const
 {
-    shr_String report;
+    msg_StringBase report;
     if (m_throwFile) {
-        report.append(m_throwFile).append(":").append(shr_String(m_throwLine)).append(": ");
+        report.append(m_throwFile).append(":").append(msg_StringBase(m_throwLine)).append(": ");
     }
     return report.append(AsString());
 }
 
-shr_String exc_Exception::UserReport() const { return AsString(); }
+msg_StringBase exc_Exception::UserReport() const { return AsString(); }
 
-shr_String exc_Exception::AsString() const { return m_text; }
+msg_StringBase exc_Exception::AsString() const { return m_text; }
 
 void exc_Exception::Propagate() const { throw exc_Exception(*this); }
 
@@ -40,7 +40,7 @@ unsigned exc_Exception::DynTypeId() const { return TypeId(); }
 
 void exc_Exception::DBWrite(pcl_WriteVisitor&) const {}
 
-shr_String exc_Exception::JournalMessage() const { return m_text; }
+msg_StringBase exc_Exception::JournalMessage() const { return m_text; }
 
 const char* exc_Exception::PythonType() const { return "RuntimeError"; }
 
@@ -76,7 +76,7 @@ exc_CommandException& exc_CommandException::operator=(const exc_CommandException
 
 exc_CommandException::~exc_CommandException() = default;
 
-shr_String exc_CommandException::AsString() const { return JournalMessage(); }
+msg_StringBase exc_CommandException::AsString() const { return JournalMessage(); }
 
 void exc_CommandException::Propagate() const { throw exc_CommandException(*this); }
 

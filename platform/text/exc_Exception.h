@@ -1,7 +1,7 @@
 #ifndef EXC_EXCEPTION_H
 #define EXC_EXCEPTION_H
 
-#include "platform/text/shr_String.h"
+#include "platform/text/msg_StringBase.h"
 
 #include <exception>
 
@@ -18,10 +18,10 @@ public:
     ~exc_Exception() override;
 
     /// For the developer: the text, preceded by the source position if the exception went through Throw().
-    virtual shr_String DeveloperReport() const;
+    virtual msg_StringBase DeveloperReport() const;
     /// For the user: the text alone.
-    virtual shr_String UserReport() const;
-    virtual shr_String AsString() const;
+    virtual msg_StringBase UserReport() const;
+    virtual msg_StringBase AsString() const;
     /// Throws a copy of this object with its dynamic type.
     [[noreturn]] virtual void Propagate() const;
     /// A copy on the heap, with the dynamic type; the caller owns it.
@@ -30,7 +30,7 @@ public:
     /// Hands the persistent fields to the visitor. This class and its platform subclasses have none.
     virtual void DBWrite(pcl_WriteVisitor& visitor) const;
     /// The user's text.
-    virtual shr_String JournalMessage() const;
+    virtual msg_StringBase JournalMessage() const;
     /// The name by which a scripting layer knows the exception; a static text.
     virtual const char* PythonType() const;
 
@@ -48,10 +48,10 @@ public:
     static unsigned TypeId();
 
 private:
-    shr_String m_text;
+    msg_StringBase m_text;
     const char* m_throwFile = nullptr;
     int m_throwLine = 0;
-    mutable shr_String m_what;
+    mutable msg_StringBase m_what;
 };
 
 /// Root of the exceptions that a user's command can cause. The inheritance is virtual so that a class which
@@ -66,7 +66,7 @@ public:
     ~exc_CommandException() override;
 
     /// The text for the command's user, the same as JournalMessage().
-    shr_String AsString() const override;
+    msg_StringBase AsString() const override;
     [[noreturn]] void Propagate() const override;
     exc_CommandException* Copy() const override;
     unsigned DynTypeId() const override;

@@ -5,7 +5,7 @@
 
 /// A finished message: the format, translated, with the values in its placeholders in their order. Values are
 /// texts (const char*, any string of the library) or integers, at most nine.
-template<class... Values> shr_String msg_Format(const char* format, const Values&... values)
+template<class... Values> msg_StringBase msg_Format(const char* format, const Values&... values)
 {
     static_assert(sizeof...(Values) <= msg_translate::mostValues);
     msg_translate message(format);

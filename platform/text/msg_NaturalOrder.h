@@ -1,7 +1,7 @@
 #ifndef MSG_NATURALORDER_H
 #define MSG_NATURALORDER_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 /// Whether names are ordered with their numbers taken by value, so that Step-2 comes before Step-10.
 /// Process-wide, off at the start; containers that hold names already must not see it change.

@@ -1,7 +1,7 @@
 #ifndef MSG_STRINGBASE_H
 #define MSG_STRINGBASE_H
 
-#include "yld_Export.h"
+#include "platform/base/bas_Export.h"
 
 #include <compare>
 #include <cstdint>

@@ -33,23 +33,26 @@ void msg_translate::msg_SubstituteFormat(int position, const msg_StringBase& val
 
 void msg_translate::msg_SubstituteFormat(int position, const char* value)
 {
-    msg_SubstituteFormat(position, shr_String(value));
+    msg_SubstituteFormat(position, msg_StringBase(value));
 }
 
-void msg_translate::msg_SubstituteFormat(int position, int value) { msg_SubstituteFormat(position, shr_String(value)); }
+void msg_translate::msg_SubstituteFormat(int position, int value)
+{
+    msg_SubstituteFormat(position, msg_StringBase(value));
+}
 
 void msg_translate::msg_SubstituteFormat(int position, unsigned int value)
 {
-    msg_SubstituteFormat(position, shr_String(value));
+    msg_SubstituteFormat(position, msg_StringBase(value));
 }
 
 // Built in one pass over the format: what a value brings in is never looked at again.
-shr_String msg_translate::Result() const
+msg_StringBase msg_translate::Result() const
 {
     if (m_format.find("%") < 0) {
         return m_format;
     }
-    shr_String result;
+    msg_StringBase result;
     int next = 1;
     const char* text = m_format.cStr();
     while (*text) {

@@ -1,7 +1,7 @@
 #ifndef MSG_TRANSLATE_H
 #define MSG_TRANSLATE_H
 
-#include "platform/text/shr_String.h"
+#include "platform/text/msg_StringBase.h"
 
 /// Texts of messages in the user's language, by their original text.
 class msg_Catalogue
@@ -38,13 +38,13 @@ public:
     void msg_SubstituteFormat(int position, unsigned int value);
 
     /// The finished text.
-    shr_String Result() const;
+    msg_StringBase Result() const;
 
     static constexpr int mostValues = 9;
 
 private:
-    shr_String m_format;
-    shr_String m_values[mostValues];
+    msg_StringBase m_format;
+    msg_StringBase m_values[mostValues];
     unsigned m_given = 0;
 };
 

@@ -28,7 +28,7 @@ void prg_WIPBase::Error(const prg_MessageList& list, int level)
         reporter->Error(list, level);
         return;
     }
-    exc_TextException(list.empty() ? shr_String() : list.front()).Throw(__FILE__, __LINE__);
+    exc_TextException(list.empty() ? msg_StringBase() : list.front()).Throw(__FILE__, __LINE__);
 }
 
 void prg_WIPBase::Warning(const msg_StringBase& text)

@@ -1,12 +1,12 @@
 #ifndef PRG_WIPREPORTER_H
 #define PRG_WIPREPORTER_H
 
-#include "platform/text/shr_String.h"
+#include "platform/text/msg_StringBase.h"
 
 #include <vector>
 
 /// Texts of one message, the first of them the one that a reporter with a single line shows.
-using prg_MessageList = std::vector<shr_String>;
+using prg_MessageList = std::vector<msg_StringBase>;
 
 /// Where reports of work in progress go. This base takes them and does nothing; a subclass shows them.
 class YLD_API prg_WipReporter

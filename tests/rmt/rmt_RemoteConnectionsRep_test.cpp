@@ -1,6 +1,6 @@
 #include "platform/rmt/rmt_RemoteConnectionsRep.h"
 
-#include "platform/base/osu_UrlParser.h"
+#include "platform/os/osu_UrlParser.h"
 #include "platform/text/exc_Exception.h"
 
 #include <gtest/gtest.h>

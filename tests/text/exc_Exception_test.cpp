@@ -1,6 +1,6 @@
 #include "platform/text/exc_Exception.h"
 
-#include "platform/text/val_ValueErrorException.h"
+#include "platform/value/val_ValueErrorException.h"
 
 #include <gtest/gtest.h>
 

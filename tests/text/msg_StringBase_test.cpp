@@ -1,6 +1,6 @@
 #include "platform/text/msg_StringBase.h"
 
-#include "platform/text/shr_String.h"
+#include "containers/shr_String.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
+#include "containers/shr_String.h"
 #include "platform/text/msg_StringBase.h"
-#include "platform/text/shr_String.h"
 
 #include <gtest/gtest.h>
 

@@ -51,7 +51,7 @@ TEST(msg_translate, fills_placeholders_in_their_order)
 TEST(msg_translate, fills_placeholders_by_number)
 {
     msg_translate message("%2$s, %1$s and %2$d");
-    message.msg_SubstituteFormat(1, shr_String("a"));
+    message.msg_SubstituteFormat(1, msg_StringBase("a"));
     message.msg_SubstituteFormat(2, 4000000000u);
     EXPECT_EQ(message.Result(), "4000000000, a and 4000000000");
 }
@@ -88,16 +88,16 @@ TEST(msg_translate, ignores_positions_that_do_not_exist)
 TEST(msg_translate, more_placeholders_than_values_can_be)
 {
     EXPECT_EQ(msg_Format("%s%s%s%s%s%s%s%s%s%s%s", 1, 2, 3, 4, 5, 6, 7, 8, 9), "123456789%s%s");
-    shr_String many;
+    msg_StringBase many;
     for (int i = 0; i < 70; ++i) {
         many.append("%s");
     }
-    EXPECT_EQ(msg_Format(many.cStr(), "x"), shr_String("x").append(many, 2, shr_String::toEnd));
+    EXPECT_EQ(msg_Format(many.cStr(), "x"), msg_StringBase("x").append(many, 2, msg_StringBase::toEnd));
 }
 
 TEST(msg_Format, has_a_form_for_every_need)
 {
-    const shr_String a("a");
+    const msg_StringBase a("a");
     EXPECT_EQ(msg_Format("plain"), "plain");
     EXPECT_EQ(msg_Format("<%s>", a), "<a>");
     EXPECT_EQ(msg_Format("<%1$s%2$s>", a, "b"), "<ab>");

@@ -54,7 +54,7 @@ private:
 
 void reportAllButErrors()
 {
-    prg_WIP::Warning(shr_String("one"));
+    prg_WIP::Warning(msg_StringBase("one"));
     prg_WIP::Warning(prg_MessageList{"two", "three"});
     prg_WIP::FacilityMessage("fac", "text");
     prg_WIP::Verbose("talk");
@@ -111,7 +111,7 @@ TEST(prg_WIP, each_thread_has_its_own_reporter)
     const Installed installed(&notes);
     std::thread([] {
         EXPECT_EQ(lok_ThreadSingleton<prg_WIP>::Instance().Reporter(), nullptr);
-        prg_WIP::Warning(shr_String("elsewhere"));
+        prg_WIP::Warning(msg_StringBase("elsewhere"));
     }).join();
     EXPECT_EQ(notes.all, "");
 }

@@ -5,7 +5,7 @@
 #include "platform/store/fio_File.h"
 #include "result_model.h"
 #include "stored_blocks.h"
-#include "yld/impl/yld_Mesh.h"
+#include "yld/impl/model/yld_Mesh.h"
 
 #include <cmath>
 

@@ -1,7 +1,0 @@
-#ifndef YLD_EXPORT_H
-#define YLD_EXPORT_H
-
-/// Marks what clients of the shared library may reach; everything else stays hidden.
-#define YLD_API __attribute__((visibility("default")))
-
-#endif

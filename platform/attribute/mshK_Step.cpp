@@ -1,3 +1,0 @@
-#include "platform/attribute/mshK_Step.h"
-
-const char* mshK_Step::InitialStepName() { return "Initial"; }

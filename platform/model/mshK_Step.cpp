@@ -1,0 +1,3 @@
+#include "platform/model/mshK_Step.h"
+
+const char* mshK_Step::InitialStepName() { return "Initial"; }

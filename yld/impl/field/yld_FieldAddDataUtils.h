@@ -1,0 +1,103 @@
+#ifndef YLD_FIELDADDDATAUTILS_H
+#define YLD_FIELDADDDATAUTILS_H
+
+#include "yld_FieldOutput.h"
+
+#include "platform/result/fld_FieldDescription.h"
+#include "platform/sto/sto_Field.h"
+#include "platform/sto/sto_FieldDescription.h"
+#include "platform/sto/sto_PartInstance.h"
+#include "platform/store/fio_Buffer.h"
+#include "yld/impl/field/yld_RowArray.h"
+
+#include <vector>
+
+class sto_FieldStep;
+
+/// Writes results: sorts rows that come by user label into the store's blocks, one for each element class.
+class yld_FieldAddDataUtils
+{
+public:
+    /// @param instance   a handle that is not valid for WHOLE_MODEL
+    /// @param labels     numLabels user labels, borrowed
+    /// @param conjugate  the imaginary half; no rows for none
+    yld_FieldAddDataUtils(yld_FieldOutput& field, yld_Enum::yld_ResultPositionEnum position,
+                          const sto_PartInstance& instance, const int* labels, int numLabels, const yld_RowArray& data,
+                          const yld_SectionPoint& sectionPoint, const yld_SystemArray& systems,
+                          const yld_RowArray& conjugate);
+    void run();
+
+    /// What every block that a field writes has in common: name, description, type, labels, invariants and width.
+    static fld_FieldDescription describe(const yld_FieldOutput& field);
+    /// The description of a block in a step: one that is there already, or a new one.
+    /// @param systems  the type of the block's local systems, which get a description too; UNDEFINED for none
+    static sto_FieldDescription enter(sto_FieldStep& step, fld_FieldDescription wanted, fld_DataTypeEnm systems,
+                                      int systemsKey, int key);
+    /// Appends a block to the field, with its location and its key.
+    static void appendBlock(yld_FieldOutput& field, int key, const sto_Field& stored);
+    /// Raises when a block has another number of rows than its description says.
+    /// @param rows  with the conjugate ones
+    static void checkLength(const fld_FieldDescription& description, long long rows,
+                            const sto_ElementClass& elementClass);
+    /// The rows an element has at a position of the store; 1 for a position with one value an element.
+    static int rowsPerElement(fld_OutputPositionEnm position, const sto_ElementClass& elementClass);
+
+private:
+    // Rows that stand side by side.
+    struct Stretch
+    {
+        int first;
+        int count;
+    };
+    // An element of the caller's: its place in its class, and its first row.
+    struct Placed
+    {
+        int place;
+        long long offset;
+    };
+    // The rows of one block, in the order of the block.
+    struct Block
+    {
+        sto_ElementClass elementClass;
+        int classIndex = -1;
+        int length = 0; // locations
+        std::vector<Stretch> stretches;
+        int numRows = 0;
+    };
+
+    bool isOnElements() const;
+    void makeSet();
+    void checkSectionPoint();
+    void mapRows();
+    void cut(const sto_Subset& members, Block& block) const;
+    Block blockOf(int index) const;
+    void writeOneBlock(const Block& block);
+    template<class T>
+    fio_Buffer fill(const fld_FieldDescription& description, const yld_RowArray& rows, const Block& block,
+                    int firstWidth) const;
+    template<class T> fio_Buffer fillSystems(const Block& block, bool isPlanar) const;
+    template<class T> void writeValues(const Block& block, fld_FieldDescription wanted);
+    template<class Visit> static void eachRow(const Block& block, Visit visit);
+
+    yld_FieldOutput& m_field;
+    yld_Enum::yld_ResultPositionEnum m_position;
+    sto_PartInstance m_instance;
+    const int* m_labels;
+    int m_numLabels;
+    const yld_RowArray& m_data;
+    const yld_SectionPoint& m_sectionPoint;
+    const yld_SystemArray& m_systems;
+    const yld_RowArray& m_conjugate;
+
+    sto_Mesh m_mesh;
+    sto_Set m_set;
+    int m_numBlocks = 1;
+    int m_sectionIndex = -1;
+    int m_key = 0;
+    long long m_total = 0;
+    bool m_isPair = false;
+    std::vector<std::vector<Placed>> m_placed; // by class, in the caller's order
+    fld_FieldDescription m_common;
+};
+
+#endif

@@ -1,0 +1,176 @@
+#include "yld/impl/step/yld_HistoryPlaces.h"
+
+#include "platform/shape/shc_Topology.h"
+#include "platform/sto/sto_History.h"
+#include "platform/sto/sto_Model.h"
+#include "platform/text/prg_WIP.h"
+#include "yld/impl/base/yld_Raise.h"
+#include "yld/impl/model/yld_Mesh.h"
+#include "yld_EnumMap.h"
+
+#include <limits>
+
+namespace {
+
+// The type codes of stored curves: position codes, which differ from the public ones.
+namespace type {
+constexpr int node = 1;
+constexpr int integrationPoint = 2;
+constexpr int elementFace = 3;
+constexpr int elementNode = 4;
+constexpr int wholeElement = 5;
+constexpr int centroid = 6;
+constexpr int region = 7;
+constexpr int instance = 8;
+constexpr int model = 9;
+constexpr int nodeByElement = 12;
+constexpr int elementFacePoint = 16;
+constexpr int surfacePoint = 17;
+} // namespace type
+
+// Numbers of the store count from 0. One that cannot be counted on comes from a damaged file and stays.
+int fromOne(int number) { return number < std::numeric_limits<int>::max() ? number + 1 : number; }
+
+yld_Enum::yld_ElementFaceEnum faceOf(const sto_History& history)
+{
+    const shc_Topology* shape = history.elementClass().shape();
+    constexpr int plane = 2;
+    return mapFaceIndex(history.faceId(), shape && shape->Is3DShell(), shape && shape->SpaceDimension() == plane);
+}
+
+yld_SectionPoint sectionPointOf(const sto_History& history)
+{
+    const int index = history.locationIndex();
+    if (index < 0) return yld_SectionPoint(0, yld_String());
+    const sto_ElementClass elementClass = history.elementClass();
+    // A number that the class has not comes from a file alone.
+    const yld_String text(index < elementClass.numLocation() ? elementClass.sectionPointLabel(index).c_str() : "");
+    return yld_SectionPoint(fromOne(index), text);
+}
+
+yld_HistoryPoint unknownPoint(const sto_History& history)
+{
+    prg_WIPBase::Warning(msg_Format("Unknown History Output position."));
+    yld_String name(history.variableDescription());
+    name += " : ";
+    name += yld_String(history.variableLabel());
+    return yld_HistoryPoint(name);
+}
+
+} // namespace
+
+yld_Assembly& yld_HistoryPlaces::assembly()
+{
+    if (!m_assembly) {
+        m_assembly.emplace(yld_String(m_store.name().c_str()), m_store, sto_Model());
+        m_assembly->ReadMesh();
+        m_assembly->ReadInstances();
+    }
+    return *m_assembly;
+}
+
+const yld_Instance& yld_HistoryPlaces::own()
+{
+    if (!m_own) {
+        const yld_String name = assembly().name();
+        const yld_MeshHandle mesh(m_store.hasMesh() ? new yld_Mesh(m_store.mesh(), name, true) : new yld_Mesh(name));
+        m_own.emplace(name, yld_Enum::THREE_D, sto_PartInstance(), mesh);
+    }
+    return *m_own;
+}
+
+const yld_Instance* yld_HistoryPlaces::placeOf(const sto_History& history)
+{
+    const sto_PartInstance instance = history.partInstance();
+    if (!instance.isValid()) return assembly().name().empty() ? nullptr : &own();
+    const yld_String name(instance.name().c_str());
+    if (name.empty()) return nullptr;
+    if (!assembly().instance().isMember(name)) m_assembly.reset(); // placed since the last look
+    const yld_InstanceRepository& instances = assembly().instance();
+    return instances.isMember(name) ? &instances.constGet(name) : nullptr;
+}
+
+yld_HistoryPoint yld_HistoryPlaces::pointOf(const sto_History& history)
+{
+    const int code = history.type();
+    switch (code) {
+    case type::region: {
+        const sto_Set set = history.set();
+        if (!set.isValid()) return yld_HistoryPoint(yld_Set());
+        return yld_HistoryPoint(yld_Set(yld_String(set.setLabel().c_str()), set, assembly().instance().meshes()));
+    }
+    case type::model:
+        return yld_HistoryPoint(assembly());
+    case type::node:
+    case type::integrationPoint:
+    case type::elementFace:
+    case type::elementNode:
+    case type::wholeElement:
+    case type::centroid:
+    case type::instance:
+    case type::nodeByElement:
+    case type::elementFacePoint:
+    case type::surfacePoint:
+        break;
+    default:
+        return unknownPoint(history);
+    }
+
+    const yld_Instance* place = placeOf(history);
+    if (!place) place = &own();
+    yld_HistoryPoint point;
+    if (code != type::instance) {
+        yld_Mesh& mesh = *place->mesh();
+        const bool isNode = code == type::node || code == type::nodeByElement;
+        const yld_Node node = isNode || code == type::elementNode ? mesh.nodeAt(history.nodeNumber()) : yld_Node();
+        const yld_Element element =
+            isNode ? yld_Element() : mesh.elementAtClass(history.elementClass().classIndex(), history.elementNumber());
+        switch (code) {
+        case type::integrationPoint:
+            point = yld_HistoryPoint(element, fromOne(history.integrationPoint()), sectionPointOf(history));
+            break;
+        case type::elementFace:
+            point = yld_HistoryPoint(element, faceOf(history), 0);
+            break;
+        case type::elementNode:
+            point = yld_HistoryPoint(element, node);
+            break;
+        case type::wholeElement:
+        case type::centroid:
+            point = yld_HistoryPoint(element, 0);
+            break;
+        case type::elementFacePoint:
+        case type::surfacePoint:
+            point = yld_HistoryPoint(element, faceOf(history), fromOne(history.integrationPoint()));
+            break;
+        default:
+            point = yld_HistoryPoint(node);
+            break;
+        }
+    }
+    point.setInstance(*place);
+    return point;
+}
+
+void yld_HistoryPlaces::readMeshes()
+{
+    m_byMesh.clear();
+    const yld_InstanceRepository& instances = assembly().instance();
+    yld_RepositoryIT<yld_String, yld_Instance> entry(instances);
+    for (entry.first(); !entry.isDone(); entry.next()) {
+        m_byMesh.emplace(entry.currentValue().mesh()->meshIndex(), entry.currentValue());
+    }
+    if (m_store.hasMesh()) m_byMesh.emplace(m_store.mesh().meshIndex(), own());
+}
+
+const yld_Instance* yld_HistoryPlaces::instanceOf(int meshIndex)
+{
+    auto found = m_byMesh.find(meshIndex);
+    if (found == m_byMesh.end()) {
+        m_assembly.reset();
+        m_own.reset();
+        readMeshes();
+        found = m_byMesh.find(meshIndex);
+    }
+    return found == m_byMesh.end() ? nullptr : &found->second;
+}
