@@ -1,7 +1,7 @@
 #ifndef NAMES_H
 #define NAMES_H
 
-#include "yld_Enum.h"
+#include "yld_EnumMap.h"
 #include "yld_Sequence.h"
 #include "yld_String.h"
 
@@ -12,8 +12,11 @@ class yld_Step;
 class yld_Yld;
 
 /// The enumerator as text, for example "NODAL"; its number for one that has no name.
-std::string tool_positionName(yld_Enum::yld_ResultPositionEnum position);
-std::string tool_typeName(yld_Enum::yld_DataTypeEnum type);
+inline std::string tool_positionName(yld_Enum::yld_ResultPositionEnum position)
+{
+    return enumeratorName(position).cStr();
+}
+inline std::string tool_typeName(yld_Enum::yld_DataTypeEnum type) { return enumeratorName(type).cStr(); }
 std::string tool_domainName(yld_Enum::yld_DomainEnum domain);
 
 inline std::string tool_text(const yld_String& text) { return text.cStr(); }

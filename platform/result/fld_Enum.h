@@ -21,7 +21,8 @@ enum class fld_DataTypeEnm : int
     TENSOR_3D_SURFACE = 11,
     TENSOR_2D_PLANAR = 12,
     TENSOR_2D_SURFACE = 13,
-    NOT_FOUND = 15 ///< the answer of a look-up that finds no type
+    UNUSED_14 = 14, ///< no type has ever had it; writers by set let it pass
+    NOT_FOUND = 15  ///< the answer of a look-up that finds no type
 };
 
 /// Where in the mesh stored values belong.
@@ -40,6 +41,9 @@ enum class fld_OutputPositionEnm : int
     GENERAL_PARTICLE = 10,
     WHOLE_FACE = 11,       ///< by element, several values an element; the set tells how many
     NODAL_BY_ELEMENT = 12, ///< nodal values carried by elements, counted and labelled like NODAL
+    UNUSED_13 = 13,        ///< these three no position has ever had
+    UNUSED_14 = 14,
+    UNUSED_15 = 15,
     ELEMENT_FACE_INTEGRATION_POINT = 16,
     SURFACE_INTEGRATION_POINT = 17,
     OTHER = 18 ///< carried, with no meaning of its own here

@@ -1,7 +1,8 @@
 #ifndef FLD_FIELD_DESCRIPTION_H
 #define FLD_FIELD_DESCRIPTION_H
 
-#include "platform/result/fld_Enum.h"
+#include "platform/result/fld_DataType.h"
+#include "platform/result/fld_OutputPosition.h"
 #include "platform/store/pcl_Persistent.h"
 
 #include <string>
@@ -53,15 +54,19 @@ public:
 
     fld_DataTypeEnm dataType() const { return static_cast<fld_DataTypeEnm>(m_dataType); }
     fld_OutputPositionEnm position() const { return static_cast<fld_OutputPositionEnm>(m_position); }
+    /// What the type and the position mean.
+    const fld_DataType& type() const { return fld_DataType::of(m_dataType); }
+    const fld_OutputPosition& place() const { return fld_OutputPosition::of(m_position); }
     /// The name under which the field is known to its frame: the label, rewritten for a contact variable, whose
     /// surfaces stand behind the colon of the key text.
     std::string fieldName() const;
     /// "<position code>:<type code>:<field name>".
     std::string keyName() const;
 
-    /// The number of components of a type that has one of its own; 0 for vectors and matrices.
-    static int typeWidth(fld_DataTypeEnm type);
-    static bool isTensor(fld_DataTypeEnm type);
+    /// Whether blocks with this description say the same of their values as blocks with another. All attributes take
+    /// part but the key, the length and what follows from another attribute; of the orientation whether there is one.
+    /// @param hasOrientation  whether the other's values have local systems, which it may not refer to yet
+    bool isSame(const fld_FieldDescription& other, bool hasOrientation) const;
 
     int m_key = -1;
     std::string m_label;

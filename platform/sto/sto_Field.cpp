@@ -175,26 +175,9 @@ void convert(pcl_Array<From>& from, pcl_Array<To>& to, const From* values, const
     from.toDisk(file);
 }
 
-bool isOfKind(fld_DataTypeEnm type, sto_ValueKind kind)
-{
-    switch (kind) {
-    case sto_ValueKind::SCALAR:
-        return type == fld_DataTypeEnm::SCALAR;
-    case sto_ValueKind::VECTOR:
-        return type == fld_DataTypeEnm::VECTOR;
-    case sto_ValueKind::MATRIX:
-        return type == fld_DataTypeEnm::MATRIX;
-    case sto_ValueKind::TENSOR:
-        return fld_FieldDescription::isTensor(type);
-    case sto_ValueKind::QUATERNION:
-        return type == fld_DataTypeEnm::QUATERNION_2D || type == fld_DataTypeEnm::QUATERNION_3D;
-    }
-    return false;
-}
-
 template<class T> sto_FieldView<T> viewOfKind(const sto_Field& field, sto_ValueKind kind)
 {
-    if (!isOfKind(field.fieldDescription().dataType(), kind)) {
+    if (field.fieldDescription().data()->type().kind != kind) {
         fio_raise(field.shortCut().file()->path(), "the values of a field are taken for others than they are");
     }
     return field.view<T>();

@@ -21,27 +21,12 @@ std::size_t hashOf(const fld_FieldDescription& description)
     return hash;
 }
 
-// Completeness and clamps take part, so that no frame changes what another says.
-bool isSame(const fld_FieldDescription& a, const fld_FieldDescription& b, bool hasOrientation)
-{
-    return a.m_dataType == b.m_dataType && a.m_position == b.m_position && a.m_locationIndex == b.m_locationIndex &&
-           a.m_classIndex == b.m_classIndex && a.m_instance.id() == b.m_instance.id() &&
-           a.m_rootAssembly.id() == b.m_rootAssembly.id() && a.m_set.id() == b.m_set.id() && a.m_isPair == b.m_isPair &&
-           a.m_width == b.m_width && a.m_rows == b.m_rows && a.m_cols == b.m_cols && a.m_matrixKind == b.m_matrixKind &&
-           a.m_engineeringTensor == b.m_engineeringTensor && a.m_completeness == b.m_completeness &&
-           a.m_clampType == b.m_clampType && a.m_minClamp == b.m_minClamp && a.m_maxClamp == b.m_maxClamp &&
-           a.m_loadCoordSystem == b.m_loadCoordSystem && a.m_labelComponents == b.m_labelComponents &&
-           a.m_orientation.isValid() == hasOrientation && a.m_label == b.m_label && a.m_keyText == b.m_keyText &&
-           a.m_description == b.m_description && a.m_componentLabels == b.m_componentLabels &&
-           a.m_invariants == b.m_invariants;
-}
-
 void fillWidth(fld_FieldDescription& description)
 {
     if (description.m_width != 0) return;
-    description.m_width = description.dataType() == fld_DataTypeEnm::VECTOR
-                              ? static_cast<int>(description.m_componentLabels.size())
-                              : fld_FieldDescription::typeWidth(description.dataType());
+    const fld_DataType& type = description.type();
+    description.m_width =
+        type.kind == fld_DataType::Kind::VECTOR ? static_cast<int>(description.m_componentLabels.size()) : type.width;
 }
 
 } // namespace
@@ -77,7 +62,7 @@ sto_FieldDescription sto_FieldStep::find(const fld_FieldDescription& like, bool 
     fillWidth(probe);
     const auto [begin, end] = m_index->m_entries.equal_range(hashOf(probe));
     for (auto entry = begin; entry != end; ++entry) {
-        if (isSame(*entry->second.fetch(), probe, hasOrientation)) return sto_FieldDescription(entry->second);
+        if (entry->second.fetch()->isSame(probe, hasOrientation)) return sto_FieldDescription(entry->second);
     }
     return {};
 }

@@ -1,6 +1,8 @@
 #ifndef STO_FIELDVIEW_H
 #define STO_FIELDVIEW_H
 
+#include "platform/result/fld_DataType.h"
+
 /// The values of a stored field as a plain array, row by row; borrowed from the sto_Field that gave the view, and good
 /// as long as any handle copied from that one lives.
 template<class T> class sto_FieldView
@@ -28,14 +30,7 @@ private:
 class sto_Field;
 
 /// What a typed view is of: the types of stored values, the five tensors and the two quaternions each as one.
-enum class sto_ValueKind
-{
-    SCALAR,
-    VECTOR,
-    MATRIX,
-    TENSOR,
-    QUATERNION
-};
+using sto_ValueKind = fld_DataType::Kind;
 
 /// A view on values of one kind and precision, so that they are not taken for others.
 template<class T, sto_ValueKind kind> class sto_TypedView : public sto_FieldView<T>

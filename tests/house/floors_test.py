@@ -28,7 +28,7 @@ CLIENTS = ("tools", "examples")
 # Headers of free functions, of macros and of families, which have no class of exactly their name.
 WITHOUT_CLASS = {
     "bas_Export.h", "fio_Error.h", "fio_SharingVfs.h", "msg_Format.h", "msg_NaturalOrder.h", "mmo_Memory.h",
-    "shr_BtreeCompare.h", "sto_ModelOf.h", "sys_complex.h", "yld.h", "yld_API.h", "yld_EnumMap.h", "yld_Libraries.h",
+    "shr_BtreeCompare.h", "sto_ModelOf.h", "sys_complex.h", "yld.h", "yld_API.h", "yld_EnumMap.h", "yld_Libraries.h", "yld_Lists.h",
     "yld_PrimEnum.h", "yld_Raise.h",
     # the enumerations of a prefix
     "axs_Enum.h", "fld_Enum.h", "kvp_Enum.h", "ntsC_Enum.h", "prtC_Enum.h",

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <string>
+
 namespace {
 
 std::string nameOf(const char* label, const char* keyText, int position = 1)
@@ -54,14 +57,57 @@ TEST(fld_FieldDescription, keyName)
 
 TEST(fld_FieldDescription, widthsOfTypes)
 {
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::SCALAR), 1);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::VECTOR), 0);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::MATRIX), 0);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::TENSOR_3D_FULL), 6);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::TENSOR_3D_PLANAR), 4);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::TENSOR_2D_PLANAR), 4);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::TENSOR_3D_SURFACE), 3);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::TENSOR_2D_SURFACE), 3);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::QUATERNION_3D), 4);
-    EXPECT_EQ(fld_FieldDescription::typeWidth(fld_DataTypeEnm::QUATERNION_2D), 2);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::SCALAR).width, 1);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::VECTOR).width, 0);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::MATRIX).width, 0);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::TENSOR_3D_FULL).width, 6);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::TENSOR_3D_PLANAR).width, 4);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::TENSOR_2D_PLANAR).width, 4);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::TENSOR_3D_SURFACE).width, 3);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::TENSOR_2D_SURFACE).width, 3);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::QUATERNION_3D).width, 4);
+    EXPECT_EQ(fld_DataType::of(fld_DataTypeEnm::QUATERNION_2D).width, 2);
+}
+
+namespace {
+
+// Gives each kind of attribute another value.
+void change(int& value) { value += 7; }
+void change(float& value) { value += 0.5F; }
+void change(bool& value) { value = !value; }
+void change(std::string& value) { value += "x"; }
+void change(std::vector<int>& value) { value.push_back(3); }
+void change(std::vector<std::string>& value) { value.emplace_back("x"); }
+template<class T> void change(lnk_ShortCut<T>& value) { value = lnk_ShortCut<T>(nullptr, 17); }
+
+} // namespace
+
+TEST(fld_FieldDescription, isTheSameByItsListOfAttributes)
+{
+    // The only ones that may differ: what tells blocks apart, and what follows from others.
+    const std::set<std::string> free = {"key", "length", "instance name", "mesh index", "orientation"};
+    std::vector<std::string> names;
+    const fld_FieldDescription plain;
+    fld_FieldDescription::attributes(plain, [&](const char* name, const auto&) { names.emplace_back(name); });
+    EXPECT_TRUE(plain.isSame(plain, false));
+    EXPECT_FALSE(plain.isSame(plain, true));
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        fld_FieldDescription changed;
+        std::size_t at = 0;
+        fld_FieldDescription::attributes(changed, [&](const char*, auto& value) {
+            if (at++ == i) change(value);
+        });
+        EXPECT_EQ(plain.isSame(changed, false), free.contains(names[i])) << names[i];
+        if (names[i] != "orientation") {
+            EXPECT_EQ(changed.isSame(plain, false), free.contains(names[i])) << names[i];
+        }
+    }
+}
+
+TEST(fld_FieldDescription, isNotTheSameWhereOnlyOneHasLocalSystems)
+{
+    fld_FieldDescription turned;
+    turned.m_orientation = lnk_ShortCut<fld_FieldDescription>(nullptr, 17);
+    EXPECT_TRUE(turned.isSame(fld_FieldDescription(), true));
+    EXPECT_FALSE(turned.isSame(fld_FieldDescription(), false));
 }

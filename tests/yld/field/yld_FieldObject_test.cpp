@@ -26,7 +26,7 @@ protected:
         made.m_dataType = static_cast<int>(type);
         made.m_position = static_cast<int>(fld_OutputPositionEnm::WHOLE_MODEL);
         made.m_length = 1;
-        if (fld_FieldDescription::typeWidth(type) == 0) made.m_width = 4;
+        if (fld_DataType::of(type).width == 0) made.m_width = 4;
         return made;
     }
 

@@ -4,7 +4,8 @@
 #include "platform/attribute/ntsC_Enum.h"
 #include "platform/model/axs_Enum.h"
 #include "platform/model/prtC_Enum.h"
-#include "platform/result/fld_Enum.h"
+#include "platform/result/fld_DataType.h"
+#include "platform/result/fld_OutputPosition.h"
 #include "yld/impl/base/yld_Raise.h"
 
 #include <cstddef>
@@ -38,43 +39,6 @@ template<class Store, class Public, std::size_t count> struct EnumTable
         yld_raise(message);
     }
 };
-
-constexpr EnumTable<fld_DataTypeEnm, yld_Enum::yld_DataTypeEnum, 12> s_dataTypes = {
-    "Could not map DataType Enumeration",
-    {{fld_DataTypeEnm::BOOLEAN, yld_Enum::BOOLEAN},
-     {fld_DataTypeEnm::INTEGER, yld_Enum::INTEGER},
-     {fld_DataTypeEnm::SCALAR, yld_Enum::SCALAR},
-     {fld_DataTypeEnm::VECTOR, yld_Enum::VECTOR},
-     {fld_DataTypeEnm::MATRIX, yld_Enum::MATRIX},
-     {fld_DataTypeEnm::QUATERNION_2D, yld_Enum::QUATERNION_2D},
-     {fld_DataTypeEnm::QUATERNION_3D, yld_Enum::QUATERNION_3D},
-     {fld_DataTypeEnm::TENSOR_3D_FULL, yld_Enum::TENSOR_3D_FULL},
-     {fld_DataTypeEnm::TENSOR_3D_PLANAR, yld_Enum::TENSOR_3D_PLANAR},
-     {fld_DataTypeEnm::TENSOR_3D_SURFACE, yld_Enum::TENSOR_3D_SURFACE},
-     {fld_DataTypeEnm::TENSOR_2D_PLANAR, yld_Enum::TENSOR_2D_PLANAR},
-     {fld_DataTypeEnm::TENSOR_2D_SURFACE, yld_Enum::TENSOR_2D_SURFACE}}};
-
-// Nodal values that elements carry are NODAL to a client, and NODAL is plain nodal to the store: the row of
-// NODAL_BY_ELEMENT stands behind that of NODAL, and the row of public number 14 behind both.
-constexpr EnumTable<fld_OutputPositionEnm, yld_Enum::yld_ResultPositionEnum, 17> s_positions = {
-    "Could not map OutputPosition Enumeration",
-    {{fld_OutputPositionEnm::UNDEFINED, yld_Enum::UNDEFINED_POSITION},
-     {fld_OutputPositionEnm::NODAL, yld_Enum::NODAL},
-     {fld_OutputPositionEnm::INTEGRATION_POINT, yld_Enum::INTEGRATION_POINT},
-     {fld_OutputPositionEnm::ELEMENT_FACE, yld_Enum::ELEMENT_FACE},
-     {fld_OutputPositionEnm::ELEMENT_NODAL, yld_Enum::ELEMENT_NODAL},
-     {fld_OutputPositionEnm::WHOLE_ELEMENT, yld_Enum::WHOLE_ELEMENT},
-     {fld_OutputPositionEnm::CENTROID, yld_Enum::CENTROID},
-     {fld_OutputPositionEnm::WHOLE_REGION, yld_Enum::WHOLE_REGION},
-     {fld_OutputPositionEnm::WHOLE_PART_INSTANCE, yld_Enum::WHOLE_PART_INSTANCE},
-     {fld_OutputPositionEnm::WHOLE_MODEL, yld_Enum::WHOLE_MODEL},
-     {fld_OutputPositionEnm::GENERAL_PARTICLE, yld_Enum::GENERAL_PARTICLE},
-     {fld_OutputPositionEnm::WHOLE_FACE, yld_Enum::RESULT_POSITION_13},
-     {fld_OutputPositionEnm::NODAL_BY_ELEMENT, yld_Enum::NODAL},
-     {fld_OutputPositionEnm::NODAL_BY_ELEMENT, yld_Enum::RESULT_POSITION_14},
-     {fld_OutputPositionEnm::ELEMENT_FACE_INTEGRATION_POINT, yld_Enum::ELEMENT_FACE_INTEGRATION_POINT},
-     {fld_OutputPositionEnm::SURFACE_INTEGRATION_POINT, yld_Enum::SURFACE_INTEGRATION_POINT},
-     {fld_OutputPositionEnm::OTHER, yld_Enum::RESULT_POSITION_15}}};
 
 // Clients compare the text, and the maps of axes, orientation methods and datum systems have always used it.
 constexpr const char* s_invariantMessage = "Could not map Invariant Enumeration";
@@ -178,18 +142,45 @@ constexpr EnumTable<prtC_StackDirectionEnm, yld_Enum::yld_StackDirectionEnum, 4>
 
 } // namespace
 
-yld_Enum::yld_DataTypeEnum mapDataType(fld_DataTypeEnm type) { return s_dataTypes.toPublic(type); }
+yld_Enum::yld_DataTypeEnum mapDataType(fld_DataTypeEnm type)
+{
+    const int number = fld_DataType::of(type).shownAs;
+    if (number < 0) yld_raise("Could not map DataType Enumeration");
+    return static_cast<yld_Enum::yld_DataTypeEnum>(number);
+}
 
-fld_DataTypeEnm unMapDataType(yld_Enum::yld_DataTypeEnum type) { return s_dataTypes.toStore(type); }
+fld_DataTypeEnm unMapDataType(yld_Enum::yld_DataTypeEnum type)
+{
+    const fld_DataType& row = fld_DataType::shownBy(type);
+    if (!row.isOfStore) yld_raise("Could not map DataType Enumeration");
+    return row.store;
+}
 
 yld_Enum::yld_ResultPositionEnum mapOutputPosition(fld_OutputPositionEnm position)
 {
-    return s_positions.toPublic(position);
+    const fld_OutputPosition& row = fld_OutputPosition::of(position);
+    if (!row.isKnown()) yld_raise("Could not map OutputPosition Enumeration");
+    return static_cast<yld_Enum::yld_ResultPositionEnum>(row.shownAs);
 }
 
 fld_OutputPositionEnm unMapOutputPosition(yld_Enum::yld_ResultPositionEnum position)
 {
-    return s_positions.toStore(position);
+    const fld_OutputPosition* row = fld_OutputPosition::askedBy(position);
+    if (!row) yld_raise("Could not map OutputPosition Enumeration");
+    return row->store;
+}
+
+yld_String enumeratorName(yld_Enum::yld_DataTypeEnum type)
+{
+    if (type == yld_Enum::UNDEFINED_DATATYPE) return "UNDEFINED_DATATYPE";
+    const char* name = fld_DataType::shownBy(type).name;
+    return name ? yld_String(name) : yld_String(static_cast<int>(type));
+}
+
+yld_String enumeratorName(yld_Enum::yld_ResultPositionEnum position)
+{
+    const fld_OutputPosition* place = fld_OutputPosition::shownBy(position);
+    return place && place->name ? yld_String(place->name) : yld_String(static_cast<int>(position));
 }
 
 yld_Enum::yld_InvariantEnum mapInvarEnum(fld_InvariantEnm invariant) { return s_invariants.toPublic(invariant); }

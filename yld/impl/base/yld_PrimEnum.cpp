@@ -1,10 +1,24 @@
 #include "yld/impl/base/yld_PrimEnum.h"
 
+#include "platform/result/fld_DataType.h"
+#include "platform/result/fld_OutputPosition.h"
+
 // Rows stand in the order in which clients are told the enumerators, which is not always that of the numbers.
 
 // clang-format off
 #define YLD_ROW(name) val_PrimEnumRow{#name, yld_Enum::name}
 // clang-format on
+
+namespace {
+
+// These two have their texts where they have everything else.
+val_PrimEnumRow typeRow(yld_Enum::yld_DataTypeEnum type) { return {fld_DataType::shownBy(type).name, type}; }
+val_PrimEnumRow positionRow(yld_Enum::yld_ResultPositionEnum position)
+{
+    return {fld_OutputPosition::shownBy(position)->name, position};
+}
+
+} // namespace
 
 template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_AnalysisCodeEnum>::Table()
 {
@@ -50,17 +64,12 @@ template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DomainEnum>::Table(
 
 template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DataTypeEnum>::Table()
 {
-    static constexpr val_PrimEnumRow rows[] = {YLD_ROW(QUATERNION_3D),
-                                               YLD_ROW(QUATERNION_2D),
-                                               YLD_ROW(SCALAR),
-                                               YLD_ROW(VECTOR),
-                                               YLD_ROW(MATRIX),
-                                               YLD_ROW(TENSOR_3D_FULL),
-                                               YLD_ROW(TENSOR_3D_PLANAR),
-                                               YLD_ROW(TENSOR_3D_SURFACE),
-                                               YLD_ROW(TENSOR_2D_PLANAR),
-                                               YLD_ROW(TENSOR_2D_SURFACE),
-                                               val_PrimEnumRow{nullptr, 0}};
+    static const val_PrimEnumRow rows[] = {typeRow(yld_Enum::QUATERNION_3D),    typeRow(yld_Enum::QUATERNION_2D),
+                                           typeRow(yld_Enum::SCALAR),           typeRow(yld_Enum::VECTOR),
+                                           typeRow(yld_Enum::MATRIX),           typeRow(yld_Enum::TENSOR_3D_FULL),
+                                           typeRow(yld_Enum::TENSOR_3D_PLANAR), typeRow(yld_Enum::TENSOR_3D_SURFACE),
+                                           typeRow(yld_Enum::TENSOR_2D_PLANAR), typeRow(yld_Enum::TENSOR_2D_SURFACE),
+                                           val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 
@@ -73,19 +82,19 @@ template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_DataSubtypeEnum>::T
 
 template<> const val_PrimEnumRow* val_PrimEnum<yld_Enum::yld_ResultPositionEnum>::Table()
 {
-    static constexpr val_PrimEnumRow rows[] = {YLD_ROW(UNDEFINED_POSITION),
-                                               YLD_ROW(NODAL),
-                                               YLD_ROW(ELEMENT_NODAL),
-                                               YLD_ROW(INTEGRATION_POINT),
-                                               YLD_ROW(CENTROID),
-                                               YLD_ROW(ELEMENT_FACE),
-                                               YLD_ROW(ELEMENT_FACE_INTEGRATION_POINT),
-                                               YLD_ROW(SURFACE_INTEGRATION_POINT),
-                                               YLD_ROW(WHOLE_ELEMENT),
-                                               YLD_ROW(WHOLE_REGION),
-                                               YLD_ROW(WHOLE_PART_INSTANCE),
-                                               YLD_ROW(WHOLE_MODEL),
-                                               val_PrimEnumRow{nullptr, 0}};
+    static const val_PrimEnumRow rows[] = {positionRow(yld_Enum::UNDEFINED_POSITION),
+                                           positionRow(yld_Enum::NODAL),
+                                           positionRow(yld_Enum::ELEMENT_NODAL),
+                                           positionRow(yld_Enum::INTEGRATION_POINT),
+                                           positionRow(yld_Enum::CENTROID),
+                                           positionRow(yld_Enum::ELEMENT_FACE),
+                                           positionRow(yld_Enum::ELEMENT_FACE_INTEGRATION_POINT),
+                                           positionRow(yld_Enum::SURFACE_INTEGRATION_POINT),
+                                           positionRow(yld_Enum::WHOLE_ELEMENT),
+                                           positionRow(yld_Enum::WHOLE_REGION),
+                                           positionRow(yld_Enum::WHOLE_PART_INSTANCE),
+                                           positionRow(yld_Enum::WHOLE_MODEL),
+                                           val_PrimEnumRow{nullptr, 0}};
     return rows;
 }
 

@@ -16,9 +16,6 @@
 
 namespace {
 
-constexpr int code(fld_OutputPositionEnm position) { return static_cast<int>(position); }
-constexpr int code(fld_DataTypeEnm type) { return static_cast<int>(type); }
-
 // What a load coordinate system is to the store.
 constexpr int componentsTurn = 1;
 constexpr int valuesStay = 3;
@@ -45,10 +42,10 @@ void yld_FieldAddDataSet::run()
     if (m_field.m_fieldFrame.IsNull() || m_field.m_fieldStep.IsNull()) {
         yld_raise("The frame of field \"%s\" is not in a database.", m_field.m_name);
     }
-    m_typeCode = code(unMapDataType(m_field.m_type));
-    m_positionCode = code(unMapOutputPosition(m_position));
-    checkPosition(m_positionCode);
-    if (m_positionCode == code(fld_OutputPositionEnm::NODAL)) {
+    m_typeCode = static_cast<int>(unMapDataType(m_field.m_type));
+    m_place = &fld_OutputPosition::of(unMapOutputPosition(m_position));
+    checkPosition(static_cast<int>(m_place->store));
+    if (m_place->carrier == fld_OutputPosition::Carrier::NODE) {
         componentMap(m_typeCode, m_field.m_componentLabels);
         checkNodeType(m_typeCode);
         writeNodes(instanceOf(m_meshIndex));
@@ -61,35 +58,26 @@ void yld_FieldAddDataSet::run()
 void yld_FieldAddDataSet::checkSet(int type) const
 {
     const yld_String name = m_set.name();
+    const fld_OutputPosition* place = fld_OutputPosition::askedBy(m_position);
     switch (type) {
-    case 0:
+    case setC_Set::nodeSet:
         if (m_position == yld_Enum::NODAL) return;
         yld_raise("Mismatch in setType & position for addData.\nNodeset %s is provided while position is not set to be "
                   "NODAL",
                   name);
-    case 1:
-        switch (static_cast<int>(m_position)) {
-        case yld_Enum::ELEMENT_NODAL:
-        case yld_Enum::INTEGRATION_POINT:
-        case yld_Enum::CENTROID:
-        case yld_Enum::WHOLE_ELEMENT:
+    case setC_Set::elementSet:
+        switch (place ? place->ofElementSet : fld_OutputPosition::OfElementSet::UNDEFINED) {
+        case fld_OutputPosition::OfElementSet::FITTING:
             return;
-        case 0:
-        case 1:
-        case 5:
-        case 9:
-        case 10:
-        case 11:
-        case 12:
-        case 13:
-        case 15:
+        case fld_OutputPosition::OfElementSet::MISMATCH:
             yld_raise(
                 "Mismatch in setType & position for addData.\nElementSet %s is provided while position is not set "
                 "to be one of ELEMENT_NODAL, INTEGRATION_POINT, CENTROID or WHOLE_ELEMENT",
                 name);
-        default:
+        case fld_OutputPosition::OfElementSet::UNDEFINED:
             yld_raise("undefined position specified for addData.\nElementSet %s is provided.", name);
         }
+        return;
     case 2:
     case 3:
     case 4:
@@ -147,37 +135,24 @@ int yld_FieldAddDataSet::validate() const
 
 void yld_FieldAddDataSet::checkPosition(int positionCode)
 {
-    switch (positionCode) {
-    case 1:
-    case 2:
-    case 4:
+    const fld_OutputPosition& place = fld_OutputPosition::of(positionCode);
+    switch (place.bySet) {
+    case fld_OutputPosition::BySet::WRITTEN:
         return;
-    case 5:
-        yld_raise("AddData is not yet implemented for position : WHOLE_ELEMENT");
-    case 6:
-        yld_raise("AddData is not yet implemented for position : ELEMENT_CENTROID");
-    case 0:
-    case 3:
-    case 7:
-    case 8:
-    case 9:
-    case 10:
-    case 11:
-    case 12:
-    case 13:
-    case 14:
-    case 15:
-    case 18:
+    case fld_OutputPosition::BySet::NOT_YET:
+        yld_raise("AddData is not yet implemented for position : %s", place.wordBySet);
+    case fld_OutputPosition::BySet::INVALID:
         yld_raise("Invalid output position type specified for AddData");
-    default:
+    case fld_OutputPosition::BySet::UNDEFINED:
         yld_raise("Undefined output position type specified for AddData");
     }
 }
 
 void yld_FieldAddDataSet::checkNodeType(int typeCode)
 {
-    if (typeCode == code(fld_DataTypeEnm::SCALAR) || typeCode == code(fld_DataTypeEnm::VECTOR)) return;
-    if (typeCode >= 0 && typeCode <= 15) {
+    const fld_DataType& type = fld_DataType::of(typeCode);
+    if (type.isWrittenByNodeSet) return;
+    if (type.isOfStore) {
         yld_raise("Invalid dataType for writing data at Nodes. Permitted datatypes are SCALAR and VECTOR.");
     }
     yld_raise("Undefined dataType for writing data at Nodes. Permitted datatypes are SCALAR and VECTOR.");
@@ -185,55 +160,25 @@ void yld_FieldAddDataSet::checkNodeType(int typeCode)
 
 void yld_FieldAddDataSet::checkElementType(int typeCode)
 {
-    switch (typeCode) {
-    case 3:
-    case 4:
-    case 9:
-    case 10:
-    case 12:
-        return;
-    default:
-        if (typeCode >= 0 && typeCode <= 15) {
-            yld_raise(
-                "Invalid dataType for writing element data. Permitted datatypes are SCALAR and VECTOR and TENSOR.");
-        }
-        yld_raise("Undefined dataType for writing element data. Permitted datatypes are SCALAR and VECTOR and TENSOR.");
+    const fld_DataType& type = fld_DataType::of(typeCode);
+    if (type.isWrittenByElementSet) return;
+    if (type.isOfStore) {
+        yld_raise("Invalid dataType for writing element data. Permitted datatypes are SCALAR and VECTOR and TENSOR.");
     }
+    yld_raise("Undefined dataType for writing element data. Permitted datatypes are SCALAR and VECTOR and TENSOR.");
 }
 
 std::vector<int> yld_FieldAddDataSet::componentMap(int typeCode, const yld_Sequence<yld_String>& labels)
 {
-    int count = 0;
-    switch (typeCode) {
-    case 4:
-        count = 3;
-        break;
-    case 9:
-        count = 6;
-        break;
-    case 10:
-    case 12:
-        count = 4;
-        break;
-    case 0:
-    case 1:
-    case 2:
-    case 3:
-    case 14:
-    case 15:
-        break;
-    case 5:
-    case 6:
-    case 7:
-    case 8:
-    case 11:
-    case 13:
-        yld_raise("Invalid dataType specified in AddData. Permitted datatypes are SCALAR,VECTOR and TENSOR Types.");
-    default:
+    const fld_DataType& type = fld_DataType::of(typeCode);
+    if (!type.isOfStore) {
         yld_raise("Undefined dataType specified in AddData. Permitted datatypes are SCALAR,VECTOR and TENSOR Types.");
     }
+    if (type.labelsBySet == fld_DataType::refused) {
+        yld_raise("Invalid dataType specified in AddData. Permitted datatypes are SCALAR,VECTOR and TENSOR Types.");
+    }
     // A vector may have two labels, or none.
-    count = std::min(count, labels.size());
+    const int count = std::min(type.labelsBySet, labels.size());
     std::vector<int> components;
     for (int i = 0; i < count; ++i) {
         for (int before = 0; before < i; ++before) {
@@ -267,21 +212,25 @@ sto_PartInstance yld_FieldAddDataSet::instanceOf(int meshIndex) const
               meshIndex);
 }
 
+sto_FieldDescriptionBuilder yld_FieldAddDataSet::describe(const sto_PartInstance& instance, int sectionIndex) const
+{
+    sto_FieldDescriptionBuilder wanted = yld_FieldAddDataUtils::describe(m_field);
+    wanted.components(wanted.made().m_componentLabels, componentMap(m_typeCode, m_field.m_componentLabels));
+    wanted.invariants(invariantCodes(m_field.m_validInvariants));
+    wanted.at(m_place->store, sectionIndex);
+    wanted.on(instance);
+    wanted.pair(m_conjugate.size() > 0);
+    return wanted;
+}
+
 void yld_FieldAddDataSet::writeNodes(const sto_PartInstance& instance)
 {
-    fld_FieldDescription wanted = yld_FieldAddDataUtils::describe(m_field);
-    wanted.m_labelComponents = componentMap(m_typeCode, m_field.m_componentLabels);
-    wanted.m_invariants = invariantCodes(m_field.m_validInvariants);
-    wanted.m_position = m_positionCode;
-    wanted.m_instance = instance.shortCut();
-    wanted.m_instanceName = instance.name();
-    wanted.m_meshIndex = m_meshIndex;
-    wanted.m_set = m_set.set().shortCut();
-    wanted.m_isPair = m_conjugate.size() > 0;
-    wanted.m_loadCoordSystem = m_typeCode == code(fld_DataTypeEnm::VECTOR) ? componentsTurn : valuesStay;
-    wanted.m_length = m_set.set().numMembers();
-    const int length = wanted.m_length;
-    write(std::move(wanted), 0, length);
+    sto_FieldDescriptionBuilder wanted = describe(instance, -1);
+    const bool isVector = wanted.made().type().kind == fld_DataType::Kind::VECTOR;
+    wanted.loadCoordSystem(isVector ? componentsTurn : valuesStay);
+    const int length = m_set.set().numMembers();
+    wanted.of(m_set.set(), -1, length);
+    write(wanted, 0, length);
 }
 
 void yld_FieldAddDataSet::writeElements(const sto_PartInstance& instance)
@@ -291,31 +240,20 @@ void yld_FieldAddDataSet::writeElements(const sto_PartInstance& instance)
     const sto_Mesh mesh = instance.mesh();
     int offset = 0;
     for (int i = 0; i < set.numSubsets(); ++i) {
-        fld_FieldDescription wanted = yld_FieldAddDataUtils::describe(m_field);
-        wanted.m_labelComponents = componentMap(m_typeCode, m_field.m_componentLabels);
-        wanted.m_invariants = invariantCodes(m_field.m_validInvariants);
+        sto_FieldDescriptionBuilder wanted = describe(instance, sectionIndex);
         const sto_Subset members = set.subSet(i);
         if (members.meshIndex() != m_meshIndex) {
             yld_raise("Mismatch in mesh Indices. Expected index %d, subset mesh index = %d", m_meshIndex,
                       members.meshIndex());
         }
         const sto_ElementClass onClass = mesh.elementData().elementClass(members.classIndex());
-        wanted.m_position = m_positionCode;
-        wanted.m_locationIndex = sectionIndex;
-        wanted.m_classIndex = members.classIndex();
-        wanted.m_instance = instance.shortCut();
-        wanted.m_instanceName = instance.name();
-        wanted.m_meshIndex = m_meshIndex;
-        wanted.m_set = set.shortCut();
-        wanted.m_isPair = m_conjugate.size() > 0;
-        const bool isScalar = m_typeCode == code(fld_DataTypeEnm::SCALAR);
-        wanted.m_loadCoordSystem = isScalar ? valuesStay : componentsTurn;
-        wanted.m_engineeringTensor = !isScalar && m_typeCode != code(fld_DataTypeEnm::VECTOR);
-        const int rows = rowCount(static_cast<long long>(members.numMembers()) *
-                                  yld_FieldAddDataUtils::rowsPerElement(wanted.position(), onClass));
-        wanted.m_length = rows;
+        const fld_DataType& type = wanted.made().type();
+        wanted.loadCoordSystem(type.kind == fld_DataType::Kind::SCALAR ? valuesStay : componentsTurn);
+        wanted.engineeringTensor(type.isTensor());
+        const int rows = sto_FieldBlock::numRows(*m_place, set.setType(), members, onClass);
+        wanted.of(set, members.classIndex(), rows);
         const int end = rowCount(static_cast<long long>(offset) + rows);
-        write(std::move(wanted), offset, end);
+        write(wanted, offset, end);
         offset = end;
     }
 }
@@ -359,15 +297,15 @@ void yld_FieldAddDataSet::copyRows(const fld_FieldDescription& description, int 
     }
 }
 
-void yld_FieldAddDataSet::write(fld_FieldDescription wanted, int first, int end)
+void yld_FieldAddDataSet::write(const sto_FieldDescriptionBuilder& wanted, int first, int end)
 {
     sto_FieldStep step = m_field.m_fieldStep.ConstGet();
     sto_FieldFrame frame = m_field.m_fieldFrame.ConstGet();
-    sto_FieldDescription description = step.find(wanted, false);
+    sto_FieldDescription description = step.find(wanted.made(), false);
     // The frame may have data of this description already: these are written over.
     sto_Field present = description.isValid() ? frame.find(description) : sto_Field();
     if (present.isValid() && present.storageType() != 0) present = sto_Field();
-    const fld_FieldDescription shape = description.isValid() ? *description.data() : wanted;
+    const fld_FieldDescription shape = description.isValid() ? *description.data() : wanted.made();
     const std::size_t bytes =
         static_cast<std::size_t>(shape.m_length) * static_cast<std::size_t>(shape.m_width) * sizeof(float);
     const auto holderFor = [&](bool isConjugate) {
@@ -388,10 +326,7 @@ void yld_FieldAddDataSet::write(fld_FieldDescription wanted, int first, int end)
         return;
     }
     const int key = step.numberField();
-    if (!description.isValid()) {
-        wanted.m_key = key;
-        description = step.Field(std::move(wanted));
-    }
+    if (!description.isValid()) description = wanted.enter(step, key);
     frame.Field(description, key, values, conjugate, sto_Field());
     step.setNumberField(key + 1);
 }

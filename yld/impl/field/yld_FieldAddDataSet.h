@@ -3,8 +3,7 @@
 
 #include "yld_FieldOutput.h"
 
-#include "platform/result/fld_FieldDescription.h"
-#include "platform/sto/sto_FieldDescription.h"
+#include "platform/sto/sto_FieldDescriptionBuilder.h"
 #include "platform/sto/sto_PartInstance.h"
 #include "yld/impl/field/yld_RowArray.h"
 
@@ -45,7 +44,8 @@ private:
     sto_PartInstance instanceOf(int meshIndex) const;
     void writeNodes(const sto_PartInstance& instance);
     void writeElements(const sto_PartInstance& instance);
-    void write(fld_FieldDescription wanted, int first, int end);
+    void write(const sto_FieldDescriptionBuilder& wanted, int first, int end);
+    sto_FieldDescriptionBuilder describe(const sto_PartInstance& instance, int sectionIndex) const;
 
     const yld_FieldOutput& m_field;
     yld_Enum::yld_ResultPositionEnum m_position;
@@ -54,7 +54,7 @@ private:
     const yld_SectionPoint& m_sectionPoint;
     const yld_RowArray& m_conjugate;
     int m_typeCode = 0;
-    int m_positionCode = 0;
+    const fld_OutputPosition* m_place = nullptr;
     int m_meshIndex = -1;
 };
 

@@ -3,16 +3,13 @@
 
 #include "yld_FieldOutput.h"
 
-#include "platform/result/fld_FieldDescription.h"
 #include "platform/sto/sto_Field.h"
-#include "platform/sto/sto_FieldDescription.h"
+#include "platform/sto/sto_FieldDescriptionBuilder.h"
 #include "platform/sto/sto_PartInstance.h"
 #include "platform/store/fio_Buffer.h"
 #include "yld/impl/field/yld_RowArray.h"
 
 #include <vector>
-
-class sto_FieldStep;
 
 /// Writes results: sorts rows that come by user label into the store's blocks, one for each element class.
 class yld_FieldAddDataUtils
@@ -28,19 +25,11 @@ public:
     void run();
 
     /// What every block that a field writes has in common: name, description, type, labels, invariants and width.
-    static fld_FieldDescription describe(const yld_FieldOutput& field);
-    /// The description of a block in a step: one that is there already, or a new one.
-    /// @param systems  the type of the block's local systems, which get a description too; UNDEFINED for none
-    static sto_FieldDescription enter(sto_FieldStep& step, fld_FieldDescription wanted, fld_DataTypeEnm systems,
-                                      int systemsKey, int key);
+    static sto_FieldDescriptionBuilder describe(const yld_FieldOutput& field);
+    /// Store codes of the invariants that a field names as valid.
+    static std::vector<int> invariantCodes(const yld_FieldOutput& field);
     /// Appends a block to the field, with its location and its key.
     static void appendBlock(yld_FieldOutput& field, int key, const sto_Field& stored);
-    /// Raises when a block has another number of rows than its description says.
-    /// @param rows  with the conjugate ones
-    static void checkLength(const fld_FieldDescription& description, long long rows,
-                            const sto_ElementClass& elementClass);
-    /// The rows an element has at a position of the store; 1 for a position with one value an element.
-    static int rowsPerElement(fld_OutputPositionEnm position, const sto_ElementClass& elementClass);
 
 private:
     // Rows that stand side by side.
@@ -65,22 +54,23 @@ private:
         int numRows = 0;
     };
 
-    bool isOnElements() const;
+    bool isOnElements() const { return m_place.carrier == fld_OutputPosition::Carrier::ELEMENT; }
+    int rowsPerElement(const sto_ElementClass& onClass) const
+    {
+        return sto_FieldBlock::rowsPerMember(m_place, setC_Set::elementSet, onClass);
+    }
     void makeSet();
     void checkSectionPoint();
     void mapRows();
     void cut(const sto_Subset& members, Block& block) const;
     Block blockOf(int index) const;
     void writeOneBlock(const Block& block);
-    template<class T>
-    fio_Buffer fill(const fld_FieldDescription& description, const yld_RowArray& rows, const Block& block,
-                    int firstWidth) const;
-    template<class T> fio_Buffer fillSystems(const Block& block, bool isPlanar) const;
-    template<class T> void writeValues(const Block& block, fld_FieldDescription wanted);
+    template<class T> fio_Buffer fill(int width, const yld_RowArray& rows, const Block& block, int firstWidth) const;
+    template<class T> fio_Buffer fillSystems(const Block& block) const;
+    template<class T> void writeValues(const Block& block, const sto_FieldDescriptionBuilder& wanted);
     template<class Visit> static void eachRow(const Block& block, Visit visit);
 
     yld_FieldOutput& m_field;
-    yld_Enum::yld_ResultPositionEnum m_position;
     sto_PartInstance m_instance;
     const int* m_labels;
     int m_numLabels;
@@ -96,8 +86,10 @@ private:
     int m_key = 0;
     long long m_total = 0;
     bool m_isPair = false;
+    const fld_OutputPosition& m_place;
+    const fld_DataType& m_type;
+    sto_FieldDescriptionBuilder m_common{"", "", fld_DataTypeEnm::UNDEFINED};
     std::vector<std::vector<Placed>> m_placed; // by class, in the caller's order
-    fld_FieldDescription m_common;
 };
 
 #endif

@@ -1,7 +1,6 @@
 #include "yld_FieldBulkData.h"
 
 #include "platform/math/eng_Tensor.h"
-#include "platform/result/fld_Enum.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/field/yld_FieldValueList.h"
 #include "yld_EnumMap.h"
@@ -41,7 +40,7 @@ T* perValue(const T* ofBlock, int length, int valuesPerElement, const yld_Sequen
 // Rows that stand as close as the type has components, as nearly all do, go in one piece.
 template<class Real> void fillMises(int code, const Real* rows, int count, int width, bool engineering, float* values)
 {
-    if (width == eng_DataType::numTensorComponents(code)) {
+    if (width == fld_DataType::of(code).width) {
         eng_mises(code, rows, sizeOf(count), engineering, values);
         return;
     }
@@ -53,11 +52,11 @@ template<class Real> void fillMises(int code, const Real* rows, int count, int w
 yld_FieldBulkData::yld_FieldBulkData() : m_instance(yld_FieldValueList::noInstance()) {}
 
 yld_FieldBulkData::yld_FieldBulkData(const yld_FieldValueList& list)
-    : m_nodeLabels(list.m_nodeLabels), m_length(list.m_numValues), m_width(list.m_width),
+    : m_nodeLabels(list.m_nodeLabels.data()), m_length(list.m_numValues), m_width(list.m_width),
       m_orientationWidth(list.m_orientationWidth), m_position(list.m_position),
       m_instance(yld_FieldValueList::noInstance()), m_componentLabels(list.m_componentLabels),
       m_elementIndices(list.m_elementIndices), m_integrationPointIndices(list.m_integrationPointIndices),
-      m_setType(list.m_setType), m_elementLabelsOfBlock(list.m_elementLabels),
+      m_setType(list.m_setType), m_elementLabelsOfBlock(list.m_elementLabels.data()),
       m_valuesPerElement(list.m_valuesPerEntity), m_numberOfNodes(list.m_numNodes), m_facesOfBlock(list.m_faces)
 {
     if (list.m_floatData) {
@@ -158,9 +157,8 @@ const yld_Enum::yld_ElementFaceEnum* yld_FieldBulkData::faces() const
 const int* yld_FieldBulkData::integrationPoints() const
 {
     if (m_integrationPointsPerValue) return m_integrationPointsPerValue;
-    if (m_position != yld_Enum::INTEGRATION_POINT && m_position != yld_Enum::ELEMENT_FACE_INTEGRATION_POINT) {
-        return nullptr;
-    }
+    const fld_OutputPosition* place = fld_OutputPosition::shownBy(m_position);
+    if (!place || !place->hasPointsInBulk) return nullptr;
     auto points = std::make_unique<int[]>(sizeOf(m_length));
     if (!m_integrationPointIndices.isEmpty()) {
         int k = 0;
@@ -175,9 +173,10 @@ const int* yld_FieldBulkData::integrationPoints() const
 const float* yld_FieldBulkData::mises() const
 {
     if (m_misesValues) return m_misesValues;
-    if (m_type < yld_Enum::TENSOR_3D_FULL || m_type > yld_Enum::TENSOR_2D_SURFACE) return nullptr;
-    const int code = static_cast<int>(unMapDataType(m_type));
-    if (m_width < eng_DataType::numTensorComponents(code) || (!m_data && !m_dataDouble)) return nullptr;
+    const fld_DataType& type = fld_DataType::shownBy(m_type);
+    if (!type.isTensor()) return nullptr;
+    const int code = static_cast<int>(type.store);
+    if (m_width < type.width || (!m_data && !m_dataDouble)) return nullptr;
     std::unique_ptr<float[]> values(new float[sizeOf(m_length)]);
     if (m_data) fillMises(code, m_data, m_length, m_width, m_engineeringTensor, values.get());
     else fillMises(code, m_dataDouble, m_length, m_width, m_engineeringTensor, values.get());

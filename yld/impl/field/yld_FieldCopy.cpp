@@ -4,6 +4,7 @@
 #include "platform/sto/sto_FieldStep.h"
 #include "platform/store/fio_File.h"
 #include "platform/text/prg_WIP.h"
+#include "yld/impl/base/yld_Lists.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/field/yld_FieldAddDataUtils.h"
 #include "yld/impl/field/yld_SetCache.h"
@@ -17,14 +18,6 @@ namespace {
 {
     yld_raise("Fields are not compatible. They are either associated with different structural models or have "
               "incompatible attributes.");
-}
-
-bool isTensor(fld_DataTypeEnm type) { return fld_FieldDescription::isTensor(type); }
-
-bool isCopied(fld_DataTypeEnm type)
-{
-    return type == fld_DataTypeEnm::SCALAR || type == fld_DataTypeEnm::VECTOR || type == fld_DataTypeEnm::MATRIX ||
-           isTensor(type);
 }
 
 // Local systems of a field that has been transformed twice say nothing of the stored values any more.
@@ -99,10 +92,10 @@ int yld_FieldCopy::findClass(const sto_Mesh& mesh, const sto_ElementClass& like,
 
 bool yld_FieldCopy::isCompatible(const yld_SubField& block) const
 {
-    const std::shared_ptr<const fld_FieldDescription> description = block.description().data();
-    const bool isOnInstance = description->m_instance.isValid();
-    if (isOnInstance) {
-        const std::string name = sto_PartInstance(description->m_instance).name();
+    const sto_FieldBlock on(block.description());
+    const fld_FieldDescription& description = on.description();
+    if (description.m_instance.isValid()) {
+        const std::string name = sto_PartInstance(description.m_instance).name();
         if (!hasAssembly() || !assembly().hasInstance(name)) {
             prg_WIPBase::Warning(msg_Format("No Instance named \"%s\" found in the target database.", name.c_str()));
             return false;
@@ -110,7 +103,7 @@ bool yld_FieldCopy::isCompatible(const yld_SubField& block) const
     }
     const sto_Set set = setOf(block);
     const std::string label = set.isValid() ? set.setLabel() : std::string();
-    const sto_Mesh mesh = targetMesh(*description);
+    const sto_Mesh mesh = targetMesh(description);
     if (set.isValid()) {
         const bool isThere = (hasAssembly() && assembly().set().has(set.setType(), label)) ||
                              (mesh.isValid() && mesh.set().has(set.setType(), label));
@@ -119,24 +112,22 @@ bool yld_FieldCopy::isCompatible(const yld_SubField& block) const
             return false;
         }
     }
-    const sto_ElementClass onClass = sto_FieldDescription::elementClass(*description);
-    if (onClass.isValid()) {
-        const int found = findClass(mesh, onClass, -1);
-        if (found < 0) {
-            prg_WIPBase::Warning(
-                msg_Format("No elements with type \"%1$s\" and sectionCategory \"%2$s\" in set \"%3$s\" "
-                           "found in the target database.",
-                           onClass.typeLabel().c_str(), onClass.categoryLabel().c_str(), label.c_str()));
-            return false;
-        }
-        const int location = description->m_locationIndex;
-        if (location >= 0 && location >= mesh.elementData().elementClass(found).numLocation()) {
-            prg_WIPBase::Warning(msg_Format("No sectionPoint numbered \"%1$s\" for element type \"%2$s\" and "
-                                            "sectionCategory \"%3$s\" in set \"%4$s\" found in the target database.",
-                                            location + 1, onClass.typeLabel().c_str(), onClass.categoryLabel().c_str(),
-                                            label.c_str()));
-            return false;
-        }
+    const sto_ElementClass& onClass = on.elementClass();
+    if (!onClass.isValid()) return true;
+    const int found = findClass(mesh, onClass, -1);
+    if (found < 0) {
+        prg_WIPBase::Warning(msg_Format("No elements with type \"%1$s\" and sectionCategory \"%2$s\" in set \"%3$s\" "
+                                        "found in the target database.",
+                                        onClass.typeLabel().c_str(), onClass.categoryLabel().c_str(), label.c_str()));
+        return false;
+    }
+    const int location = description.m_locationIndex;
+    if (location >= 0 && location >= mesh.elementData().elementClass(found).numLocation()) {
+        prg_WIPBase::Warning(msg_Format("No sectionPoint numbered \"%1$s\" for element type \"%2$s\" and "
+                                        "sectionCategory \"%3$s\" in set \"%4$s\" found in the target database.",
+                                        location + 1, onClass.typeLabel().c_str(), onClass.categoryLabel().c_str(),
+                                        label.c_str()));
+        return false;
     }
     return true;
 }
@@ -149,36 +140,12 @@ bool yld_FieldCopy::isCompatible() const
     return m_source.type() == m_target.type();
 }
 
-int yld_FieldCopy::rowsPerMember(const fld_FieldDescription& description, const sto_ElementClass& onClass)
+yld_FieldCopy::Members yld_FieldCopy::membersOf(const sto_FieldBlock& block)
 {
-    switch (description.position()) {
-    case fld_OutputPositionEnm::INTEGRATION_POINT:
-        return onClass.numIntegrationPointsPerElement();
-    case fld_OutputPositionEnm::ELEMENT_NODAL:
-        return onClass.numNodesPerElement();
-    default:
-        return 1;
-    }
-}
-
-yld_FieldCopy::Members yld_FieldCopy::membersOf(const sto_Set& set, const sto_Mesh& mesh, int classIndex)
-{
+    const sto_Labels labels = block.memberLabels();
     Members all;
-    const bool isOfNodes = set.setType() == setC_Set::nodeSet;
-    for (int i = 0; i < set.numSubsets(); ++i) {
-        const sto_Subset subset = set.subSet(i);
-        if (subset.meshIndex() != mesh.meshIndex() || (!isOfNodes && subset.classIndex() != classIndex)) continue;
-        const sto_ElementClass onClass = isOfNodes ? sto_ElementClass() : mesh.elementData().elementClass(classIndex);
-        const sto_NodeData nodes = mesh.nodeData();
-        const int* labels = isOfNodes ? nodes.GetUserNodeLabels() : onClass.userElementLabels();
-        const int count = isOfNodes ? nodes.NumNodes() : onClass.numElements();
-        for (const int member : subset.members()) {
-            if (!labels || member < 0 || member >= count) raiseIncompatible();
-            all.labels.push_back(labels[member]);
-        }
-        const std::vector<int> facets = subset.facets();
-        all.facets.insert(all.facets.end(), facets.begin(), facets.end());
-    }
+    all.labels.assign(labels.begin(), labels.end());
+    all.facets = block.facets();
     return all;
 }
 
@@ -203,11 +170,9 @@ yld_FieldCopy::Members yld_FieldCopy::shown(const Members& all, const std::vecto
 
 sto_Set yld_FieldCopy::setFor(const yld_SubField& block, const Place& place, const std::vector<int>& rows) const
 {
-    const sto_FieldDescription handle = block.description();
-    const std::shared_ptr<const fld_FieldDescription> description = handle.data();
-    const sto_Set stored = handle.set();
-    const sto_Mesh mesh = sto_FieldDescription::mesh(*description);
-    if (!stored.isValid() || !mesh.isValid() || !place.mesh.isValid()) return {};
+    const sto_FieldBlock on(block.description());
+    const sto_Set& stored = on.set();
+    if (!stored.isValid() || !on.mesh().isValid() || !place.mesh.isValid()) return {};
     const sto_Set named = setOf(block);
     const int type = named.setType();
     const bool isWhole = block.indices().isEmpty();
@@ -216,11 +181,11 @@ sto_Set yld_FieldCopy::setFor(const yld_SubField& block, const Place& place, con
     for (const sto_Set& candidate : candidates) {
         if (candidate.isValid() && isWhole && candidate.shortCut() == stored.shortCut()) return candidate;
     }
-    Members wanted = membersOf(stored, mesh, description->m_classIndex);
-    if (!isWhole)
-        wanted = shown(wanted, rows, rowsPerMember(*description, sto_FieldDescription::elementClass(*description)));
+    Members wanted = membersOf(on);
+    if (!isWhole) wanted = shown(wanted, rows, on.rowsPerMember());
     for (const sto_Set& candidate : candidates) {
-        if (candidate.isValid() && membersOf(candidate, place.mesh, place.classIndex) == wanted) return candidate;
+        if (candidate.isValid() && membersOf(sto_FieldBlock(place.mesh, candidate, place.classIndex)) == wanted)
+            return candidate;
     }
 
     const int count = static_cast<int>(wanted.labels.size());
@@ -231,29 +196,22 @@ sto_Set yld_FieldCopy::setFor(const yld_SubField& block, const Place& place, con
     std::string name = "api set";
     for (int number = 1; present.has(type, name); ++number) name = "api set " + std::to_string(number);
     sto_Mesh target = place.mesh;
-    int subsetType = setC_SubSet::faces;
-    for (int i = 0; i < stored.numSubsets(); ++i) {
-        const sto_Subset subset = stored.subSet(i);
-        if (subset.meshIndex() == mesh.meshIndex() && subset.classIndex() == description->m_classIndex) {
-            subsetType = subset.subsetType();
-        }
-    }
-    return target.Surface(name, {{subsetType, wanted.labels, wanted.facets}}, true);
+    return target.Surface(
+        name, {{on.areFaces() ? setC_SubSet::faces : setC_SubSet::edges, wanted.labels, wanted.facets}}, true);
 }
 
 yld_FieldCopy::Place yld_FieldCopy::placeOf(const yld_SubField& block, const std::vector<int>& rows) const
 {
-    const std::shared_ptr<const fld_FieldDescription> description = block.description().data();
+    const sto_FieldBlock on(block.description());
+    const fld_FieldDescription& description = on.description();
     Place place;
-    if (description->m_instance.isValid()) {
-        place.instance = assembly().instance(sto_PartInstance(description->m_instance).name());
+    if (description.m_instance.isValid()) {
+        place.instance = assembly().instance(sto_PartInstance(description.m_instance).name());
     }
-    place.mesh = targetMesh(*description);
-    const sto_ElementClass onClass = sto_FieldDescription::elementClass(*description);
-    if (onClass.isValid()) {
-        place.classIndex = findClass(place.mesh, onClass, description->m_classIndex);
+    place.mesh = targetMesh(description);
+    if (on.elementClass().isValid()) {
+        place.classIndex = findClass(place.mesh, on.elementClass(), description.m_classIndex);
         if (place.classIndex < 0) raiseIncompatible();
-        place.elementClass = place.mesh.elementData().elementClass(place.classIndex);
     }
     place.set = setFor(block, place, rows);
     return place;
@@ -262,48 +220,28 @@ yld_FieldCopy::Place yld_FieldCopy::placeOf(const yld_SubField& block, const std
 void yld_FieldCopy::copy(const yld_SubField& block)
 {
     const std::shared_ptr<const fld_FieldDescription> source = block.description().data();
-    if (!isCopied(source->dataType())) return;
+    const fld_DataType& type = source->type();
+    if (!type.isOfFields()) return;
     const std::vector<int> rows = rowsOf(block);
     const Place place = placeOf(block, rows);
 
-    fld_FieldDescription wanted;
-    wanted.m_label = m_target.m_name.cStr();
-    wanted.m_description = m_target.m_description.cStr();
-    wanted.m_dataType = source->m_dataType;
-    wanted.m_position = source->position() == fld_OutputPositionEnm::NODAL_BY_ELEMENT
-                            ? static_cast<int>(fld_OutputPositionEnm::NODAL)
-                            : source->m_position;
-    wanted.m_locationIndex = source->m_locationIndex;
-    wanted.m_classIndex = place.classIndex;
-    if (place.instance.isValid()) {
-        wanted.m_instance = place.instance.shortCut();
-        wanted.m_instanceName = place.instance.name();
-    } else if (source->m_rootAssembly.isValid() && hasAssembly()) {
-        wanted.m_rootAssembly = assembly().shortCut();
-    }
-    if (place.mesh.isValid()) wanted.m_meshIndex = place.mesh.meshIndex();
-    wanted.m_set = place.set.shortCut();
-    const std::size_t mostLabels = isTensor(source->dataType()) ? static_cast<std::size_t>(source->m_width) : SIZE_MAX;
-    for (const yld_String& label : m_target.m_componentLabels) {
-        if (wanted.m_componentLabels.size() < mostLabels) wanted.m_componentLabels.emplace_back(label.cStr());
-    }
-    for (const yld_Enum::yld_InvariantEnum invariant : m_target.m_validInvariants) {
-        wanted.m_invariants.push_back(static_cast<int>(unMapInvarEnum(invariant)));
-    }
-    wanted.m_isPair = source->m_isPair;
-    wanted.m_width = source->m_width;
-    wanted.m_length = static_cast<int>(rows.size());
-    wanted.m_rows = source->m_rows;
-    wanted.m_cols = source->m_cols;
-    wanted.m_matrixKind = source->m_matrixKind;
-    wanted.m_engineeringTensor = source->m_engineeringTensor;
-    if (source->m_completeness == 1) wanted.m_completeness = 1;
-    wanted.m_clampType = source->m_clampType;
-    if (source->m_clampType == 1 || source->m_clampType == 3) wanted.m_minClamp = source->m_minClamp;
-    if (source->m_clampType == 2 || source->m_clampType == 3) wanted.m_maxClamp = source->m_maxClamp;
+    sto_FieldDescriptionBuilder wanted(m_target.m_name.cStr(), m_target.m_description.cStr(), type.store);
+    wanted.shapeOf(*source);
+    wanted.completenessOf(*source);
+    std::vector<std::string> labels = yld_textsOf(m_target.m_componentLabels);
+    if (type.isTensor() && labels.size() > static_cast<std::size_t>(source->m_width))
+        labels.resize(static_cast<std::size_t>(source->m_width));
+    wanted.components(std::move(labels));
+    wanted.invariants(yld_FieldAddDataUtils::invariantCodes(m_target));
+    wanted.pair(source->m_isPair);
+    // As a writer would give it.
+    wanted.at(unMapOutputPosition(mapOutputPosition(source->position())), source->m_locationIndex);
+    if (place.instance.isValid()) wanted.on(place.instance);
+    else if (source->m_rootAssembly.isValid() && hasAssembly()) wanted.on(assembly());
+    wanted.of(place.set, place.classIndex, static_cast<int>(rows.size()));
 
-    const bool hasOrientation = block.field().hasOrientation() && !isTransformedTwice(source->m_label) &&
-                                (source->dataType() == fld_DataTypeEnm::VECTOR || isTensor(source->dataType()));
+    const bool hasOrientation =
+        type.hasSystems && block.field().hasOrientation() && !isTransformedTwice(source->m_label);
     sto_FieldStep step = m_target.m_fieldStep.ConstGet();
     sto_FieldFrame frame = m_target.m_fieldFrame.ConstGet();
     int key = step.numberField();
@@ -311,8 +249,7 @@ void yld_FieldCopy::copy(const yld_SubField& block)
     const int systemsKey = hasOrientation ? key++ : -1;
     fld_DataTypeEnm systemsType = fld_DataTypeEnm::UNDEFINED;
     if (hasOrientation) systemsType = block.field().orientation().fieldDescription().dataType();
-    const sto_FieldDescription description =
-        yld_FieldAddDataUtils::enter(step, std::move(wanted), systemsType, systemsKey, key);
+    const sto_FieldDescription description = wanted.enter(step, key, systemsType, systemsKey);
     if (hasOrientation) {
         const sto_Field& turned = block.field().orientation();
         systems =
@@ -321,9 +258,7 @@ void yld_FieldCopy::copy(const yld_SubField& block)
     const Halves halves = gather(block.field(), rows);
     const sto_Field stored =
         frame.Field(description, key, halves.values, halves.conjugate, systems, block.field().storageType());
-    m_target.m_values.append(yld_SubField(key, stored, m_target.m_assembly, m_target.m_type));
-    m_target.m_locations.append(yld_FieldLocation(description));
-    m_target.m_fieldKeys.append(key);
+    yld_FieldAddDataUtils::appendBlock(m_target, key, stored);
     step.setNumberField(key + 1);
 }
 

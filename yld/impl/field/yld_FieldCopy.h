@@ -3,6 +3,7 @@
 
 #include "platform/sto/sto_Assembly.h"
 #include "platform/sto/sto_Field.h"
+#include "platform/sto/sto_FieldBlock.h"
 #include "yld_FieldOutput.h"
 
 #include <vector>
@@ -33,7 +34,6 @@ private:
     {
         sto_PartInstance instance;
         sto_Mesh mesh;
-        sto_ElementClass elementClass;
         int classIndex = -1;
         sto_Set set;
     };
@@ -48,8 +48,7 @@ private:
 
     static sto_Set setOf(const yld_SubField& block);
     static int findClass(const sto_Mesh& mesh, const sto_ElementClass& like, int preferred);
-    static int rowsPerMember(const fld_FieldDescription& description, const sto_ElementClass& onClass);
-    static Members membersOf(const sto_Set& set, const sto_Mesh& mesh, int classIndex);
+    static Members membersOf(const sto_FieldBlock& block);
     static Members shown(const Members& all, const std::vector<int>& rows, int perMember);
 
     yld_FieldOutput& m_target;

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <span>
 
 yld_FieldOutput::yld_FieldOutput() = default;
 
@@ -141,7 +142,7 @@ void yld_FieldOutput::adoptDescription(const sto_Field& field)
         m_componentLabels.get(component) = labels[i].c_str();
     }
     m_description = description->m_description.c_str();
-    if (description->position() == fld_OutputPositionEnm::NODAL_BY_ELEMENT) {
+    if (description->place().isNamedBySurface) {
         const int colon = m_description.find(":");
         if (colon >= 0) m_description.erase(colon);
     }
@@ -154,13 +155,7 @@ void yld_FieldOutput::adoptDescription(const sto_Field& field)
 
 namespace {
 
-constexpr std::initializer_list<const char*> fullTensorLabels = {"11", "22", "33", "12", "13", "23"};
-constexpr std::initializer_list<const char*> planarTensorLabels = {"11", "22", "33", "12"};
-constexpr std::initializer_list<const char*> surfaceTensorLabels = {"11", "22", "12"};
-constexpr std::initializer_list<const char*> spaceVectorLabels = {"1", "2", "3"};
-constexpr std::initializer_list<const char*> planeVectorLabels = {"1", "2"};
-
-yld_Sequence<yld_String> labelled(const yld_String& name, std::initializer_list<const char*> endings)
+yld_Sequence<yld_String> labelled(const yld_String& name, std::span<const char* const> endings)
 {
     yld_Sequence<yld_String> labels;
     for (const char* ending : endings) {
@@ -177,9 +172,9 @@ void yld_FieldOutput::widenTensorType(const sto_FieldDescription& description)
 {
     const std::shared_ptr<const fld_FieldDescription> data = description.data();
     if (m_type == mapDataType(data->dataType())) return;
-    if (m_type != yld_Enum::TENSOR_3D_PLANAR && m_type != yld_Enum::TENSOR_2D_PLANAR) return;
+    if (!fld_DataType::shownBy(m_type).isWidened) return;
     m_type = yld_Enum::TENSOR_3D_FULL;
-    m_componentLabels = labelled(m_name, fullTensorLabels);
+    m_componentLabels = labelled(m_name, fld_DataType::of(fld_DataTypeEnm::TENSOR_3D_FULL).components);
 
     yld_Sequence<yld_Enum::yld_InvariantEnum> kept;
     for (const yld_Enum::yld_InvariantEnum invariant :
@@ -209,29 +204,14 @@ void yld_FieldOutput::refreshLocations() { m_locations = locationsOf(SubField())
 
 void yld_FieldOutput::setDefaultComponents(const yld_Sequence<yld_String>& given)
 {
-    std::initializer_list<const char*> endings;
-    switch (m_type) {
-    case yld_Enum::VECTOR: {
+    const fld_DataType& type = fld_DataType::shownBy(m_type);
+    std::span<const char* const> endings = type.components;
+    if (!type.planarComponents.empty()) {
         constexpr int inSpace = 3;
         const bool isAttached = m_fieldStep.IsValid() && m_fieldStep.ConstGet().isValid();
-        const int dimension = isAttached ? m_fieldStep.ConstGet().modelDimension() : inSpace;
-        endings = dimension == inSpace ? spaceVectorLabels : planeVectorLabels;
-        break;
+        if (isAttached && m_fieldStep.ConstGet().modelDimension() != inSpace) endings = type.planarComponents;
     }
-    case yld_Enum::TENSOR_3D_FULL:
-        endings = fullTensorLabels;
-        break;
-    case yld_Enum::TENSOR_3D_PLANAR:
-    case yld_Enum::TENSOR_2D_PLANAR:
-        endings = planarTensorLabels;
-        break;
-    case yld_Enum::TENSOR_3D_SURFACE:
-    case yld_Enum::TENSOR_2D_SURFACE:
-        endings = surfaceTensorLabels;
-        break;
-    default:
-        return;
-    }
+    if (endings.empty()) return;
     if (given.isEmpty()) {
         m_componentLabels = labelled(m_name, endings);
         return;
@@ -244,43 +224,12 @@ void yld_FieldOutput::setDefaultComponents(const yld_Sequence<yld_String>& given
 void yld_FieldOutput::checkValidInvariants(yld_Enum::yld_DataTypeEnum type,
                                            const yld_Sequence<yld_Enum::yld_InvariantEnum>& invariants)
 {
-    using Permitted = std::initializer_list<yld_Enum::yld_InvariantEnum>;
-    static constexpr Permitted ofVectors = {yld_Enum::MAGNITUDE};
-    static constexpr Permitted ofFullTensors = {
-        yld_Enum::MAX_PRINCIPAL, yld_Enum::MID_PRINCIPAL, yld_Enum::MIN_PRINCIPAL, yld_Enum::MISES,
-        yld_Enum::TRESCA,        yld_Enum::PRESS,         yld_Enum::INV3};
-    static constexpr Permitted ofPlanarTensors = {yld_Enum::MAX_PRINCIPAL,
-                                                  yld_Enum::MID_PRINCIPAL,
-                                                  yld_Enum::MIN_PRINCIPAL,
-                                                  yld_Enum::MAX_INPLANE_PRINCIPAL,
-                                                  yld_Enum::MIN_INPLANE_PRINCIPAL,
-                                                  yld_Enum::OUTOFPLANE_PRINCIPAL,
-                                                  yld_Enum::MISES,
-                                                  yld_Enum::TRESCA,
-                                                  yld_Enum::PRESS,
-                                                  yld_Enum::INV3};
-    static constexpr Permitted ofSurfaceTensors = {yld_Enum::MAX_PRINCIPAL, yld_Enum::MIN_PRINCIPAL,
-                                                   yld_Enum::MAX_INPLANE_PRINCIPAL, yld_Enum::MIN_INPLANE_PRINCIPAL};
-    Permitted permitted;
-    switch (type) {
-    case yld_Enum::VECTOR:
-        permitted = ofVectors;
-        break;
-    case yld_Enum::TENSOR_3D_FULL:
-        permitted = ofFullTensors;
-        break;
-    case yld_Enum::TENSOR_3D_PLANAR:
-    case yld_Enum::TENSOR_2D_PLANAR:
-        permitted = ofPlanarTensors;
-        break;
-    case yld_Enum::TENSOR_3D_SURFACE:
-    case yld_Enum::TENSOR_2D_SURFACE:
-        permitted = ofSurfaceTensors;
-        break;
-    default:
-        break;
-    }
+    const std::span<const fld_InvariantEnm> permitted = fld_DataType::shownBy(type).invariants;
+    const auto isPermitted = [permitted](yld_Enum::yld_InvariantEnum invariant) {
+        return std::any_of(permitted.begin(), permitted.end(),
+                           [invariant](fld_InvariantEnm each) { return mapInvarEnum(each) == invariant; });
+    };
     for (const yld_Enum::yld_InvariantEnum invariant : invariants) {
-        if (std::find(permitted.begin(), permitted.end(), invariant) == permitted.end()) yld_raise("Invalid invariant");
+        if (!isPermitted(invariant)) yld_raise("Invalid invariant");
     }
 }

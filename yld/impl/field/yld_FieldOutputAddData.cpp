@@ -4,6 +4,7 @@
 #include "platform/sto/sto_Field.h"
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_FieldStep.h"
+#include "yld/impl/base/yld_Lists.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/field/yld_FieldAddDataSet.h"
 #include "yld/impl/field/yld_FieldAddDataUtils.h"
@@ -20,7 +21,8 @@ namespace {
 sto_PartInstance storedInstance(const shr_ArrayCOW<sto_Assembly>& assembly, yld_Enum::yld_ResultPositionEnum position,
                                 const yld_Instance& instance)
 {
-    if (position == yld_Enum::WHOLE_MODEL) return {};
+    const fld_OutputPosition* place = fld_OutputPosition::askedBy(position);
+    if (place && place->carrier == fld_OutputPosition::Carrier::MODEL) return {};
     const std::string name = instance.name().cStr();
     return yld_guard([&] {
         if (assembly.IsNull() || !assembly.ConstGet().isValid() || !assembly.ConstGet().hasInstance(name)) {
@@ -71,11 +73,7 @@ void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const s
     const int* first = count > 0 ? labels.run(0, length) : nullptr;
     std::vector<int> gathered;
     if (length < count) {
-        gathered.resize(static_cast<std::size_t>(count));
-        for (int i = 0; i < count; i += length) {
-            const int* run = labels.run(i, length);
-            std::copy_n(run, length, gathered.begin() + i);
-        }
+        gathered = yld_vectorOf(labels);
         first = gathered.data();
     }
     const yld_RowArray rows(data);

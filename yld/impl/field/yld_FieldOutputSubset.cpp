@@ -23,8 +23,8 @@ yld_FieldOutput yld_FieldOutput::getSubset(yld_Enum::yld_ResultPositionEnum posi
                                            bool orientations) const
 {
     yld_FieldOutput subset = subsetOf(m_values.getSubset(position));
-    const bool canBeMoved = position == yld_Enum::CENTROID || position == yld_Enum::ELEMENT_NODAL;
-    if (subset.m_values.numBlocks() > 0 || !canBeMoved) return subset;
+    const fld_OutputPosition* place = fld_OutputPosition::askedBy(position);
+    if (subset.m_values.numBlocks() > 0 || !place || !place->isMovedTo) return subset;
     const yld_SequenceFieldValue source = m_values.getSubset(yld_Enum::INTEGRATION_POINT);
     if (source.numBlocks() == 0) return subset;
     subset.moveToPosition(source, position, keepInMemory || m_isOrphan, orientations);

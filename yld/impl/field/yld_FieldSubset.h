@@ -3,6 +3,7 @@
 
 #include "yld/impl/field/yld_SubFieldBody.h"
 
+#include "platform/sto/sto_FieldDescriptionBuilder.h"
 #include "platform/store/fio_Buffer.h"
 
 /// Takes values out of a block and makes a field of them that lives in memory alone.
@@ -31,12 +32,14 @@ private:
     template<class T> void extractRows(const std::vector<int>& indices);
     void extractLabels(const std::vector<int>& indices, yld_Enum::yld_ResultPositionEnum target);
     void checkOrientation() const;
-    fld_FieldDescription makeOrphanDescription(yld_Enum::yld_ResultPositionEnum position, const sto_Set& set,
-                                               int subset) const;
+    /// The type that the block presents.
+    const fld_DataType& presented() const;
+    sto_FieldDescriptionBuilder describe(yld_Enum::yld_ResultPositionEnum position, const sto_Set& set,
+                                         int subset) const;
     void checkSectionPoint(const sto_ElementClass& onClass) const;
-    void checkLength(const fld_FieldDescription& description, const sto_ElementClass& onClass) const;
 
     const yld_SubFieldBody& m_block;
+    sto_FieldBlock m_place;
     std::shared_ptr<const fld_FieldDescription> m_description;
     fio_Buffer m_values;
     fio_Buffer m_conjugate;

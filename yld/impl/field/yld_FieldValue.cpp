@@ -3,7 +3,7 @@
 #include "platform/math/eng_Quaternion.h"
 #include "platform/math/eng_Tensor.h"
 #include "platform/math/eng_Vector.h"
-#include "platform/result/fld_Enum.h"
+#include "platform/result/fld_DataType.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld_EnumMap.h"
 #include "yld_Instance.h"
@@ -14,21 +14,14 @@
 
 namespace {
 
-bool isTensor(yld_Enum::yld_DataTypeEnum type)
-{
-    return type >= yld_Enum::TENSOR_3D_FULL && type <= yld_Enum::TENSOR_2D_SURFACE;
-}
-
 template<class Real> yld_Sequence<yld_Sequence<Real>> cosinesOf(const Real* components, int length)
 {
     yld_Sequence<yld_Sequence<Real>> rows;
-    int code = 0;
-    if (length == 2) code = static_cast<int>(fld_DataTypeEnm::QUATERNION_2D);
-    else if (length == 4) code = static_cast<int>(fld_DataTypeEnm::QUATERNION_3D);
-    else return rows;
+    const fld_DataTypeEnm type = fld_DataType::quaternionOf(length);
+    if (type == fld_DataTypeEnm::UNDEFINED) return rows;
     Real cosines[9];
-    eng_Quaternion<Real>(code, components).inverse().cosines(cosines);
-    const int size = length == 2 ? 2 : 3;
+    eng_Quaternion<Real>(static_cast<int>(type), components).inverse().cosines(cosines);
+    const int size = type == fld_DataTypeEnm::QUATERNION_2D ? 2 : 3;
     for (int i = 0; i < size; ++i) rows.append(yld_Sequence<Real>(cosines + 3 * i, size));
     return rows;
 }
@@ -292,10 +285,10 @@ namespace {
 // The invariant of a tensor in the precision that the value says; 0 where components and type do not fit.
 template<class Invariant> float tensorInvariant(const yld_FieldValue& value, bool engineering, Invariant invariant)
 {
-    if (!isTensor(value.type())) return 0.0F;
-    const int code = static_cast<int>(unMapDataType(value.type()));
+    const fld_DataType& type = fld_DataType::shownBy(value.type());
+    const int code = static_cast<int>(type.store);
     const yld_FieldValueData& data = value.data();
-    if (data.length() < eng_DataType::numTensorComponents(code)) return 0.0F;
+    if (!type.isTensor() || data.length() < type.width) return 0.0F;
     if (value.precision() == yld_Enum::DOUBLE_PRECISION) {
         if (!data.doubleData()) return 0.0F;
         return static_cast<float>(invariant(eng_Tensor<double>(code, data.doubleData(), engineering)));

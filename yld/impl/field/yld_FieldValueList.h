@@ -5,8 +5,8 @@
 #include "yld_SubField.h"
 
 #include "platform/sto/sto_Field.h"
+#include "platform/sto/sto_FieldBlock.h"
 #include "platform/store/fio_Buffer.h"
-#include "platform/store/pcl_Array.h"
 
 /// One block of a field once it has been read: where its numbers are, which labels they belong to, and what each value
 /// needs to be produced. Numbers and labels are borrowed from the store where they stand there as they are wanted;
@@ -39,16 +39,12 @@ public:
 private:
     friend class yld_FieldBulkData;
 
-    void readInstance(const sto_FieldDescription& description);
-    template<class T> void readData(const fld_FieldDescription& description);
-    template<class T> void readOrientation();
+    void readInstance(const sto_FieldBlock& on);
+    template<class T> void readData(const sto_FieldBlock& on);
+    template<class T> void readOrientation(const sto_FieldBlock& on);
     template<class T> const T* rowsOf(const sto_Field& field, bool ofConjugate, int width, fio_Buffer& own);
-    void readLabels(const sto_FieldDescription& description);
-    void readNodeLabels(const sto_Mesh& mesh, const sto_Set& set);
-    void readElementLabels(const sto_Mesh& mesh, const sto_Set& set, const sto_ElementClass& onClass);
-    void readFaceLabels(const sto_Mesh& mesh, const sto_Set& set, const sto_ElementClass& onClass);
-    int takeElementLabels(const sto_Subset& members, const sto_ElementClass& onClass);
-    [[noreturn]] void refuse(const char* what) const;
+    void readLabels(const sto_FieldBlock& on);
+    void readFaces(const sto_FieldBlock& on);
 
     // The field is held so that what is borrowed from it stays.
     sto_Field m_field;
@@ -62,23 +58,17 @@ private:
     fio_Buffer m_ownConjugate;
     fio_Buffer m_ownOrientation;
 
-    const int* m_nodeLabels = nullptr;
-    const int* m_elementLabels = nullptr;
+    sto_Labels m_nodeLabels;
+    sto_Labels m_elementLabels;
     const yld_Enum::yld_ElementFaceEnum* m_faces = nullptr;
-    pcl_Array<int> m_heldNodeLabels; // the store's own, where the block shows a stretch of them
-    pcl_Array<int> m_heldElementLabels;
-    fio_Buffer m_ownNodeLabels;
-    fio_Buffer m_ownElementLabels;
     fio_Buffer m_ownFaces;
 
     bool m_isPicked = false; // the numbers are those of the shown values alone
     int m_numValues = 0;
     int m_width = 0;
-    int m_numEntities = 0;
     int m_orientationWidth = 0;
-    int m_elementClass = -1;
-    int m_meshIndex = -1;
     yld_Enum::yld_ResultPositionEnum m_position = yld_Enum::UNDEFINED_POSITION;
+    const fld_OutputPosition* m_place = &fld_OutputPosition::of(fld_OutputPositionEnm::UNDEFINED);
     yld_Enum::yld_PrecisionEnum m_precision = yld_Enum::SINGLE_PRECISION;
     int m_valuesPerEntity = 1;
     int m_numNodes = 0;

@@ -1,5 +1,6 @@
 #include "yld/impl/field/yld_SetCache.h"
 
+#include "platform/sto/sto_FieldBlock.h"
 #include "platform/store/fio_File.h"
 #include "yld/impl/base/yld_Raise.h"
 
@@ -23,65 +24,27 @@ std::uint64_t hashOf(const sto_Mesh& mesh, int type, const int* labels, int coun
     return hash;
 }
 
-// The labels of a subset's members, one after the other.
-struct Part
-{
-    const int* labels = nullptr;
-    const int* list = nullptr;
-    int first = 0;
-    int size = 0;
-    int limit = 0;
-    int at = 0;
-
-    bool isNext(int label) const
-    {
-        if (at >= size || !labels) return false;
-        const int member = list ? list[at] : first + at;
-        return member >= 0 && member < limit && labels[member] == label;
-    }
-    bool isStretchOf(const int* given, int count) const
-    {
-        return labels && !list && size == count && first >= 0 && first <= limit - count &&
-               std::equal(given, given + count, labels + first);
-    }
-};
-
 // Whether the set has these labels: each subset a part of them, in their order.
 bool holds(const sto_Set& set, const sto_Mesh& mesh, const int* labels, int count)
 {
     if (set.numMembers() != count) return false;
-    std::vector<sto_Subset> subsets;
-    std::vector<sto_ElementClass> classes; // hold what the parts point into
-    std::vector<Part> parts;
-    const sto_NodeData nodes = mesh.nodeData();
+    // A set of labels has one group of nodes, and of elements one a class.
+    std::vector<sto_Labels> parts;
     for (int i = 0; i < set.numSubsets(); ++i) {
-        subsets.push_back(set.subSet(i));
-        const sto_Subset& members = subsets.back();
-        Part part;
-        part.size = members.numMembers();
-        part.first = members.firstMember();
-        part.list = members.isRun() ? nullptr : members.memberList();
-        if (set.setType() == setC_Set::nodeSet) {
-            part.labels = nodes.GetUserNodeLabels();
-            part.limit = nodes.NumNodes();
-        } else {
-            classes.push_back(mesh.elementData().elementClass(members.classIndex()));
-            part.labels = classes.back().userElementLabels();
-            part.limit = classes.back().numElements();
-        }
-        parts.push_back(part);
+        parts.push_back(sto_FieldBlock(mesh, set, set.subSet(i).classIndex()).memberLabels());
     }
     if (parts.empty()) return count == 0;
-    if (parts.size() == 1 && !parts[0].list) return parts[0].isStretchOf(labels, count);
+    if (parts.size() == 1) return std::equal(parts[0].begin(), parts[0].end(), labels, labels + count);
+    std::vector<int> next(parts.size(), 0);
     std::size_t current = 0;
     for (int i = 0; i < count; ++i) {
+        const auto isNext = [&] {
+            return next[current] < parts[current].size() && parts[current][next[current]] == labels[i];
+        };
         std::size_t tried = 0;
-        while (tried < parts.size() && !parts[current].isNext(labels[i])) {
-            current = (current + 1) % parts.size();
-            ++tried;
-        }
+        for (; tried < parts.size() && !isNext(); ++tried) current = (current + 1) % parts.size();
         if (tried == parts.size()) return false;
-        ++parts[current].at;
+        ++next[current];
     }
     return true;
 }

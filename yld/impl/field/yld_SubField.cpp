@@ -1,8 +1,8 @@
 #include "yld_SubField.h"
 
 #include "platform/sto/sto_Assembly.h"
-#include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
+#include "yld/impl/base/yld_Lists.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/field/yld_FieldSubset.h"
 #include "yld_EnumMap.h"
@@ -27,7 +27,7 @@ yld_SubField::yld_SubField(int key, const sto_Field& field, const shr_ArrayCOW<s
     const std::shared_ptr<const fld_FieldDescription> description = made.description.data();
     made.label = description->m_label.c_str();
     made.storedLength = description->m_length;
-    if (description->position() == fld_OutputPositionEnm::WHOLE_MODEL) return;
+    if (description->place().carrier == fld_OutputPosition::Carrier::MODEL) return;
     if (description->m_instance.isValid()) {
         made.meshIndex = made.description.partInstance().mesh().meshIndex();
     } else if (assembly.IsValid() && assembly.ConstGet().isValid() && assembly.ConstGet().hasMesh()) {
@@ -112,111 +112,24 @@ yld_String yld_SubField::setName() const
     return set.isValid() ? yld_String(set.setLabel().c_str()) : yld_String();
 }
 
-void yld_SubFieldBody::refuse(const char* what) const
-{
-    fio_raise(field.shortCut().file()->path(), std::string("a field does not fit its set: ") + what);
-}
-
 int yld_SubFieldBody::valuesPerEntity() const
 {
-    if (description.setType() != setC_Set::elementSet) return 1;
-    const fld_OutputPositionEnm position = description.position();
-    if (position == fld_OutputPositionEnm::ELEMENT_NODAL) return description.elementClass().numNodesPerElement();
-    if (position != fld_OutputPositionEnm::INTEGRATION_POINT) return 1;
-    // Elements of a type that is not known have no points that could be counted.
-    return std::max(1, description.elementClass().numIntegrationPointsPerElement());
-}
-
-std::vector<int> yld_SubFieldBody::members() const
-{
-    std::vector<int> all;
-    if (!description.hasSet()) return all;
-    const sto_Set set = description.set();
-    const int wantedClass = set.setType() == setC_Set::nodeSet ? -1 : elementClass;
-    const bool isSurface = set.setType() == setC_Set::surface;
-    for (int i = 0; i < set.numSubsets(); ++i) {
-        const sto_Subset subset = set.subSet(i);
-        if (subset.meshIndex() != meshIndex) continue;
-        if (wantedClass >= 0 && subset.classIndex() != wantedClass) continue;
-        if (isSurface && subset.subsetType() != setC_SubSet::faces) continue;
-        const std::vector<int> more = subset.members();
-        if (all.empty()) all = more;
-        else all.insert(all.end(), more.begin(), more.end());
-        if (wantedClass >= 0) break;
-    }
-    return all;
-}
-
-std::vector<int> yld_SubFieldBody::nodeLabels(const std::vector<int>& places) const
-{
-    const sto_NodeData nodes = description.mesh().nodeData();
-    const int* labels = nodes.GetUserNodeLabels();
-    std::vector<int> all(places.size());
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        const int node = places[i];
-        if (node >= grd_NodeData::firstForeignNode) all[i] = nodes.GetUserNodeLabel(node);
-        else if (node >= 0 && node < nodes.NumNodes()) all[i] = labels[node];
-        else refuse("a node that the mesh has not");
-    }
-    return all;
-}
-
-std::vector<int> yld_SubFieldBody::elementLabels(const std::vector<int>& places) const
-{
-    const sto_ElementClass onClass = description.elementClass();
-    const int* labels = onClass.userElementLabels();
-    std::vector<int> all(places.size());
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        if (!labels || places[i] < 0 || places[i] >= onClass.numElements()) refuse("an element that the class has not");
-        all[i] = labels[places[i]];
-    }
-    return all;
+    const sto_FieldBlock on = place();
+    return on.isOnElements() ? std::max(1, on.rowsPerMember()) : 1;
 }
 
 std::vector<int> yld_SubField::entityLabels() const
 {
-    const yld_SubFieldBody& block = body();
-    const bool isNodal = block.description.setType() == setC_Set::nodeSet;
-    return isNodal ? block.nodeLabels(block.members()) : block.elementLabels(block.members());
+    const sto_Labels labels = body().place().memberLabels();
+    return {labels.begin(), labels.end()};
 }
 
 namespace {
 
-// The connectivity of the block's elements, in the order of their values.
-std::vector<int> connectivityOf(const yld_SubFieldBody& block)
+// Whether its values have nodes, though they belong to elements.
+bool isElementNodal(const sto_FieldBlock& block)
 {
-    const sto_ElementClass onClass = block.description.elementClass();
-    const int width = onClass.numNodesPerElement();
-    const int* connectivity = onClass.elementConnectivity();
-    std::vector<int> nodes;
-    for (const int member : block.members()) {
-        if (member < 0 || member >= onClass.numElements()) block.refuse("an element that the class has not");
-        const int* row = connectivity + static_cast<std::ptrdiff_t>(member) * width;
-        nodes.insert(nodes.end(), row, row + width);
-    }
-    return nodes;
-}
-
-bool isElementNodal(const yld_SubFieldBody& block)
-{
-    return block.description.position() == fld_OutputPositionEnm::ELEMENT_NODAL &&
-           block.description.setType() == setC_Set::elementSet;
-}
-
-yld_Sequence<int> sequenceOf(const std::vector<int>& values)
-{
-    return yld_Sequence<int>(values.data(), static_cast<int>(values.size()));
-}
-
-std::vector<int> valuesOf(const yld_Sequence<int>& sequence)
-{
-    std::vector<int> values;
-    values.reserve(static_cast<std::size_t>(sequence.size()));
-    for (int i = 0, length = 0; i < sequence.size(); i += length) {
-        const int* run = sequence.run(i, length);
-        values.insert(values.end(), run, run + length);
-    }
-    return values;
+    return block.isOnElements() && block.place().perCarrier == fld_OutputPosition::PerCarrier::NODES;
 }
 
 // Calls visit with the place of each of the first list that the second has too. Both are taken for ascending; the walk
@@ -244,24 +157,22 @@ std::vector<int> intersection(const std::vector<int>& fresh, const std::vector<i
 class SetLabels
 {
 public:
-    SetLabels(const yld_SubFieldBody& block, const sto_Set& set) : m_block(block), m_set(set)
+    SetLabels(const sto_FieldBlock& block, const sto_Set& set) : m_block(block)
     {
-        const int ownType = block.description.setType();
         const int type = set.setType();
         const bool isNodalSearch = isElementNodal(block) && type == setC_Set::nodeSet;
-        if (ownType != type && !isNodalSearch) return;
+        if (block.setType() != type && !isNodalSearch) return;
         for (int i = 0; i < set.numSubsets(); ++i) {
             const sto_Subset subset = set.subSet(i);
-            if (subset.meshIndex() != block.meshIndex) continue;
+            if (subset.meshIndex() != block.meshIndex()) continue;
             if (type == setC_Set::nodeSet) {
                 // As many subsets of the set as the block's own set has, from the first on; of a search in element data
                 // all.
                 const int last =
-                    isNodalSearch ? set.numSubsets() : std::min(set.numSubsets(), block.description.set().numSubsets());
+                    isNodalSearch ? set.numSubsets() : std::min(set.numSubsets(), block.set().numSubsets());
                 for (int k = 0; k < last; ++k) addNodes(set.subSet(k));
-            } else if (subset.classIndex() == block.elementClass) {
-                const std::vector<int> more = block.elementLabels(subset.members());
-                m_labels.insert(m_labels.end(), more.begin(), more.end());
+            } else if (subset.classIndex() == block.description().m_classIndex) {
+                add(block.elementLabels(subset.members()));
             }
         }
     }
@@ -272,15 +183,15 @@ private:
     // A subset of another mesh may have members that this mesh has not.
     void addNodes(const sto_Subset& subset)
     {
-        const int count = m_block.description.mesh().nodeData().NumNodes();
+        const int count = m_block.mesh().nodeData().NumNodes();
         std::vector<int> members = subset.members();
         std::erase_if(members, [count](int member) { return member < 0 || member >= count; });
-        const std::vector<int> more = m_block.nodeLabels(members);
-        m_labels.insert(m_labels.end(), more.begin(), more.end());
+        add(m_block.nodeLabels(members));
     }
 
-    const yld_SubFieldBody& m_block;
-    const sto_Set& m_set;
+    void add(const std::vector<int>& more) { m_labels.insert(m_labels.end(), more.begin(), more.end()); }
+
+    const sto_FieldBlock& m_block;
     std::vector<int> m_labels;
 };
 
@@ -291,23 +202,23 @@ yld_Sequence<int> yld_SubField::indicesInSet(const yld_Set& chosen) const
     return yld_guard([&]() -> yld_Sequence<int> {
         const yld_SubFieldBody& block = body();
         const sto_Set& set = chosen.set();
+        const sto_FieldBlock on = block.place();
         std::vector<int> found;
-        if (block.description.hasSet()) {
-            const sto_Set own = block.description.set();
-            if (own.setType() == set.setType() && chosen.name() == own.setLabel().c_str()) {
+        if (on.set().isValid()) {
+            if (on.setType() == set.setType() && chosen.name() == on.set().setLabel().c_str()) {
                 found.resize(static_cast<std::size_t>(block.storedLength));
                 for (std::size_t i = 0; i < found.size(); ++i) found[i] = static_cast<int>(i);
-                return sequenceOf(found);
+                return yld_sequenceOf(found);
             }
         }
 
-        const std::vector<int> wanted = SetLabels(block, set).labels();
+        const std::vector<int> wanted = SetLabels(on, set).labels();
         if (wanted.empty()) return {};
-        if (isElementNodal(block) && set.setType() == setC_Set::nodeSet) {
+        if (isElementNodal(on) && set.setType() == setC_Set::nodeSet) {
             const std::unordered_set<int> labels(wanted.begin(), wanted.end());
-            const std::vector<int> own = block.nodeLabels(connectivityOf(block));
-            for (std::size_t i = 0; i < own.size(); ++i) {
-                if (labels.contains(own[i])) found.push_back(static_cast<int>(i));
+            const sto_Labels own = on.connectivityLabels();
+            for (int i = 0; i < own.size(); ++i) {
+                if (labels.contains(own[i])) found.push_back(i);
             }
         } else {
             const int perEntity = block.valuesPerEntity();
@@ -316,8 +227,8 @@ yld_Sequence<int> yld_SubField::indicesInSet(const yld_Set& chosen) const
                 for (int k = 0; k < perEntity; ++k) found.push_back(first + k);
             });
         }
-        if (!block.indices.isEmpty()) found = intersection(found, valuesOf(block.indices));
-        return sequenceOf(found);
+        if (!block.indices.isEmpty()) found = intersection(found, yld_vectorOf(block.indices));
+        return yld_sequenceOf(found);
     });
 }
 
@@ -327,16 +238,16 @@ yld_Sequence<int> yld_SubField::indicesOfElements(const yld_Sequence<int>& label
         materialize();
         const yld_SubFieldBody& block = body();
         std::vector<int> found;
-        if (block.description.setType() == setC_Set::nodeSet) return {};
+        if (block.place().isOnNodes()) return {};
         const int perEntity = block.valuesPerEntity();
-        const std::vector<int> wanted = valuesOf(labels);
+        const std::vector<int> wanted = yld_vectorOf(labels);
         const std::vector<int> own = entityLabels();
         for (std::size_t entity = 0; entity < own.size(); ++entity) {
             if (std::find(wanted.begin(), wanted.end(), own[entity]) == wanted.end()) continue;
             const int first = static_cast<int>(entity) * perEntity;
             for (int k = 0; k < perEntity; ++k) found.push_back(first + k);
         }
-        return sequenceOf(found);
+        return yld_sequenceOf(found);
     });
 }
 
@@ -345,9 +256,10 @@ yld_Sequence<int> yld_SubField::indicesOfNodes(const yld_Sequence<int>& labels) 
     return yld_guard([&]() -> yld_Sequence<int> {
         materialize();
         const yld_SubFieldBody& block = body();
-        std::vector<int> own;
-        if (block.description.setType() == setC_Set::nodeSet) own = entityLabels();
-        else if (isElementNodal(block)) own = block.nodeLabels(connectivityOf(block));
+        const sto_FieldBlock on = block.place();
+        sto_Labels own;
+        if (on.isOnNodes()) own = on.memberLabels();
+        else if (isElementNodal(on)) own = on.connectivityLabels();
         yld_Sequence<int> found;
         for (const int label : labels) {
             const auto first = std::find(own.begin(), own.end(), label);
@@ -374,7 +286,7 @@ yld_SubField yld_SubField::subsetAt(const yld_Sequence<int>& indices, yld_Enum::
         made.type = block.type;
         if (indices.isEmpty()) return subset;
         yld_FieldSubset taken(block);
-        taken.extract(valuesOf(indices), position);
+        taken.extract(yld_vectorOf(indices), position);
         taken.writeWithTempSet(made, position, block.description.mesh());
         return subset;
     });
@@ -404,7 +316,7 @@ void yld_SubField::materialize() const
         yld_SubFieldBody& block = *m_body;
         const yld_Enum::yld_ResultPositionEnum at = position();
         yld_FieldSubset taken(block);
-        taken.extract(valuesOf(block.indices), at);
+        taken.extract(yld_vectorOf(block.indices), at);
         const int subset = servingSubset(block, taken.labels().size());
         if (subset >= 0) taken.writeOrphanField(block, at, block.subsetSet.ConstGet(), subset);
         else taken.writeWithTempSet(block, at, block.description.mesh());

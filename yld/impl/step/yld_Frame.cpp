@@ -34,11 +34,6 @@ bool isBehindOtherDatabase(const shr_ArrayCOW<sto_Assembly>& assembly)
     return path.find(".yls", path.rfind('/') + 1) != std::string::npos;
 }
 
-bool isQuaternion(fld_DataTypeEnm type)
-{
-    return type == fld_DataTypeEnm::QUATERNION_2D || type == fld_DataTypeEnm::QUATERNION_3D;
-}
-
 } // namespace
 
 yld_FieldOutputRepository::yld_FieldOutputRepository() = default;
@@ -154,7 +149,7 @@ bool yld_FieldOutputRepository::readAll() const
     for (const int key : m_fieldFrame.ConstGet().fieldKeys()) {
         const sto_FieldDescription description = fields.get(key).fieldDescription();
         const std::shared_ptr<const fld_FieldDescription> data = description.data();
-        if (isQuaternion(data->dataType())) continue;
+        if (data->type().isQuaternion()) continue;
         const auto [entry, isFirst] = byName.try_emplace(data->fieldName());
         if (isFirst) entry->second.assembly = assemblyOf(description);
         entry->second.keys.push_back(key);

@@ -1,5 +1,6 @@
 #include "yld/impl/step/yld_HistoryPlaces.h"
 
+#include "platform/result/fld_OutputPosition.h"
 #include "platform/shape/shc_Topology.h"
 #include "platform/sto/sto_History.h"
 #include "platform/sto/sto_Model.h"
@@ -11,22 +12,6 @@
 #include <limits>
 
 namespace {
-
-// The type codes of stored curves: position codes, which differ from the public ones.
-namespace type {
-constexpr int node = 1;
-constexpr int integrationPoint = 2;
-constexpr int elementFace = 3;
-constexpr int elementNode = 4;
-constexpr int wholeElement = 5;
-constexpr int centroid = 6;
-constexpr int region = 7;
-constexpr int instance = 8;
-constexpr int model = 9;
-constexpr int nodeByElement = 12;
-constexpr int elementFacePoint = 16;
-constexpr int surfacePoint = 17;
-} // namespace type
 
 // Numbers of the store count from 0. One that cannot be counted on comes from a damaged file and stays.
 int fromOne(int number) { return number < std::numeric_limits<int>::max() ? number + 1 : number; }
@@ -92,55 +77,40 @@ const yld_Instance* yld_HistoryPlaces::placeOf(const sto_History& history)
 
 yld_HistoryPoint yld_HistoryPlaces::pointOf(const sto_History& history)
 {
-    const int code = history.type();
-    switch (code) {
-    case type::region: {
+    using enum fld_OutputPosition::CurvePoint;
+    const fld_OutputPosition::CurvePoint kind = fld_OutputPosition::of(history.type()).curvePoint;
+    if (kind == UNKNOWN) return unknownPoint(history);
+    if (kind == MODEL) return yld_HistoryPoint(assembly());
+    if (kind == REGION) {
         const sto_Set set = history.set();
         if (!set.isValid()) return yld_HistoryPoint(yld_Set());
         return yld_HistoryPoint(yld_Set(yld_String(set.setLabel().c_str()), set, assembly().instance().meshes()));
-    }
-    case type::model:
-        return yld_HistoryPoint(assembly());
-    case type::node:
-    case type::integrationPoint:
-    case type::elementFace:
-    case type::elementNode:
-    case type::wholeElement:
-    case type::centroid:
-    case type::instance:
-    case type::nodeByElement:
-    case type::elementFacePoint:
-    case type::surfacePoint:
-        break;
-    default:
-        return unknownPoint(history);
     }
 
     const yld_Instance* place = placeOf(history);
     if (!place) place = &own();
     yld_HistoryPoint point;
-    if (code != type::instance) {
+    if (kind != PART_INSTANCE) {
         yld_Mesh& mesh = *place->mesh();
-        const bool isNode = code == type::node || code == type::nodeByElement;
-        const yld_Node node = isNode || code == type::elementNode ? mesh.nodeAt(history.nodeNumber()) : yld_Node();
+        const bool hasNode = kind == NODE || kind == ELEMENT_NODE;
+        const yld_Node node = hasNode ? mesh.nodeAt(history.nodeNumber()) : yld_Node();
         const yld_Element element =
-            isNode ? yld_Element() : mesh.elementAtClass(history.elementClass().classIndex(), history.elementNumber());
-        switch (code) {
-        case type::integrationPoint:
+            kind == NODE ? yld_Element()
+                         : mesh.elementAtClass(history.elementClass().classIndex(), history.elementNumber());
+        switch (kind) {
+        case fld_OutputPosition::CurvePoint::INTEGRATION_POINT:
             point = yld_HistoryPoint(element, fromOne(history.integrationPoint()), sectionPointOf(history));
             break;
-        case type::elementFace:
+        case FACE:
             point = yld_HistoryPoint(element, faceOf(history), 0);
             break;
-        case type::elementNode:
+        case ELEMENT_NODE:
             point = yld_HistoryPoint(element, node);
             break;
-        case type::wholeElement:
-        case type::centroid:
+        case ELEMENT:
             point = yld_HistoryPoint(element, 0);
             break;
-        case type::elementFacePoint:
-        case type::surfacePoint:
+        case FACE_POINT:
             point = yld_HistoryPoint(element, faceOf(history), fromOne(history.integrationPoint()));
             break;
         default:

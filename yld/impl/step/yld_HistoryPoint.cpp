@@ -1,6 +1,7 @@
 #include "yld_HistoryPoint.h"
 
 #include "platform/model/setC_Set.h"
+#include "platform/result/fld_OutputPosition.h"
 #include "platform/sto/sto_History.h"
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/base/yld_Raise.h"
@@ -166,43 +167,29 @@ yld_String yld_HistoryPoint::shortText() const
 {
     const std::string instanceName = instance().name().cStr();
     const auto scoped = [&instanceName](int label) { return instanceName + "." + std::to_string(label); };
-    const std::string element = "Element " + scoped(this->element().label());
-    const std::string node = "Node " + scoped(m_node.label());
-    const std::string face = " Face " + std::to_string(static_cast<int>(m_face));
-    const std::string point = " Int Point " + std::to_string(m_ipNumber);
+    const auto wordFor = [&](char what) -> std::string {
+        switch (what) {
+        case 'n':
+            return scoped(m_node.label());
+        case 'e':
+            return scoped(element().label());
+        case 'f':
+            return std::to_string(static_cast<int>(m_face));
+        case 'p':
+            return std::to_string(m_ipNumber);
+        case 'r':
+            return wordOf(region()) + std::string(region().name().cStr());
+        case 'i':
+            return instanceName;
+        default:
+            return assembly().name().cStr();
+        }
+    };
+    const fld_OutputPosition* place = fld_OutputPosition::shownBy(m_position);
     std::string text;
-    switch (m_position) {
-    case yld_Enum::NODAL:
-        text = node;
-        break;
-    case yld_Enum::ELEMENT_NODAL:
-        text = element + " " + node;
-        break;
-    case yld_Enum::INTEGRATION_POINT:
-        text = element + point;
-        break;
-    case yld_Enum::ELEMENT_FACE:
-        text = element + face;
-        break;
-    case yld_Enum::ELEMENT_FACE_INTEGRATION_POINT:
-    case yld_Enum::SURFACE_INTEGRATION_POINT:
-        text = element + face + point;
-        break;
-    case yld_Enum::WHOLE_ELEMENT:
-        text = element;
-        break;
-    case yld_Enum::WHOLE_REGION:
-        text = wordOf(region()) + std::string(region().name().cStr());
-        break;
-    case yld_Enum::WHOLE_PART_INSTANCE:
-        text = "Instance " + instanceName;
-        break;
-    case yld_Enum::WHOLE_MODEL:
-        text = "Assembly " + std::string(assembly().name().cStr());
-        break;
-    default:
-        text = "Unknown region";
-        break;
+    for (const char* at = place ? place->curveText : fld_OutputPosition().curveText; *at; ++at) {
+        if (*at == '%') text += wordFor(*++at);
+        else text += *at;
     }
     if (m_sectionPoint.number() > 0) text += " Section Point " + std::to_string(m_sectionPoint.number());
     return yld_String(text.c_str());

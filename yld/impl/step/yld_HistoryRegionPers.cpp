@@ -1,5 +1,6 @@
 #include "yld_HistoryRegionPers.h"
 
+#include "platform/result/fld_OutputPosition.h"
 #include "platform/sto/sto_HistoryStep.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_MeshInput.h"
@@ -64,42 +65,42 @@ yld_HistoryOutput& yld_HistoryRegionPers::HistoryOutput(const yld_String& name, 
         const sto_HistoryClock clock = step.Clock();
         const yld_Enum::yld_ResultPositionEnum place = point.storedPosition();
         const fld_OutputPositionEnm position = unMapOutputPosition(place);
+        const fld_OutputPosition& meaning = fld_OutputPosition::of(position);
+        if (meaning.curvePoint == fld_OutputPosition::CurvePoint::ELEMENT_NODE)
+            yld_raise("yld_Enum::ELEMENT_NODAL history not allowed.");
+        if (!meaning.takesCurves) yld_raise("HistoryOutput cannot be created for this output location");
         const sto_PartInstance instance = point.instance().instance();
         const auto classOf = [&](const sto_Set& set) {
             const sto_Mesh mesh = instance.isValid() ? instance.mesh() : step.assembly().mesh();
             return mesh.elementData().elementClass(set.subSet(0).classIndex());
         };
         sto_HistoryFloat curve;
-        switch (place) {
-        case yld_Enum::UNDEFINED_POSITION:
-        case yld_Enum::WHOLE_MODEL:
-            curve = step.FloatHistory(clock, position, name, description);
-            break;
-        case yld_Enum::NODAL: {
+        using enum fld_OutputPosition::CurvePoint;
+        switch (meaning.curvePoint) {
+        case NODE: {
             const sto_Set& set = results(instance, true);
             curve = step.FloatHistory(clock, position, instance, name, description, point.node().label(), set);
             break;
         }
-        case yld_Enum::ELEMENT_NODAL:
-            yld_raise("yld_Enum::ELEMENT_NODAL history not allowed.");
-        case yld_Enum::INTEGRATION_POINT: {
+        case INTEGRATION_POINT: {
             const sto_Set& set = results(instance, false);
             curve =
                 step.FloatHistory(clock, position, fromZero(point.ipNumber()), instance, classOf(set), name,
                                   description, fromZero(point.sectionPoint().number()), set, point.element().label());
             break;
         }
-        case yld_Enum::WHOLE_ELEMENT: {
+        case ELEMENT: {
             const sto_Set& set = results(instance, false);
             curve = step.FloatHistory(clock, position, instance, classOf(set), name, description,
                                       point.element().label(), set);
             break;
         }
-        case yld_Enum::WHOLE_REGION:
+        case REGION:
             curve = step.FloatHistory(clock, position, instance, name, description, point.region().set());
             break;
         default:
-            yld_raise("HistoryOutput cannot be created for this output location");
+            curve = step.FloatHistory(clock, position, name, description);
+            break;
         }
         curve.setName(this->name());
         if (!loadCase().name().empty()) curve.setLoadCaseName(loadCase().name());
