@@ -1,6 +1,7 @@
 #include "platform/sto/sto_StoStep.h"
 
-#include "platform/attribute/stpC_Steps.h"
+#include "platform/attribute/stpC_Restart.h"
+#include "platform/attribute/stpC_Step.h"
 #include "platform/sto/sto_Procedure.h"
 
 int sto_StoStep::stepId() const { return m_step.fetch()->m_stepId; }
