@@ -3,6 +3,7 @@
 
 #include "platform/base/bas_Export.h"
 #include "yld_Element.h"
+#include "yld_ElementClass.h"
 #include "yld_Enum.h"
 #include "yld_MeshList.h"
 #include "yld_Node.h"

@@ -8,7 +8,6 @@
 #include "yld_Sequence.h"
 #include "yld_String.h"
 
-class sto_ElementClass;
 class sto_Mesh;
 class sto_ScopedNodeData;
 
@@ -81,32 +80,6 @@ private:
     int m_shapeAttribute = 0;
     int m_classIndex = -1;
     shr_CountedHld<sto_Mesh> m_mesh;
-};
-
-/// All elements of one type and one section category in a mesh.
-class YLD_API yld_ElementClass
-{
-public:
-    yld_ElementClass();
-    yld_ElementClass(const sto_ElementClass& elementClass, int classIndex);
-    yld_ElementClass(const yld_ElementClass&);
-    yld_ElementClass& operator=(const yld_ElementClass&);
-    ~yld_ElementClass();
-
-    int classIndex() const { return m_classIndex; }
-    yld_String typeLabel() const;
-    yld_String categoryLabel() const;
-    int numElements() const;
-    int numNodesPerElement() const;
-    int numIntegrationPointsPerElement() const;
-    int numFacesPerElement() const;
-    int maxIntegrationPointsPerFace() const;
-
-    bool operator==(const yld_ElementClass& other) const;
-
-private:
-    shr_CountedHld<sto_ElementClass> m_class;
-    int m_classIndex = -1;
 };
 
 #endif

@@ -5,14 +5,11 @@
 #include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
 #include "yld_FieldOutput.h"
-#include "yld_Repository.h"
+#include "yld_FieldOutputRepository.h"
 #include "yld_Sequence.h"
 #include "yld_String.h"
 
 class sto_Assembly;
-class sto_FieldDescription;
-class sto_FieldFrame;
-class sto_FieldStep;
 class sto_Frame;
 class yld_Step;
 
@@ -29,56 +26,6 @@ public:
 
 private:
     yld_String m_name;
-};
-
-/// The fields of one frame, by name. A field is looked up in the store when it is first asked for; its
-/// values stay unread.
-class YLD_API yld_FieldOutputRepository
-{
-public:
-    yld_FieldOutputRepository();
-    yld_FieldOutputRepository(const sto_FieldFrame& fieldFrame, const shr_ArrayCOW<sto_Assembly>& assembly,
-                              const sto_FieldStep& fieldStep, int frameNumber);
-    yld_FieldOutputRepository(const yld_FieldOutputRepository&);
-    yld_FieldOutputRepository& operator=(const yld_FieldOutputRepository&);
-    ~yld_FieldOutputRepository();
-
-    /// Reads the descriptions of all fields once.
-    int size() const;
-    bool isMember(const yld_String& name) const;
-    /// The field; an empty one for a name that the frame has not. Holds until the repository is next changed.
-    yld_FieldOutput& get(const yld_String& name);
-    const yld_FieldOutput& constGet(const yld_String& name) const;
-    const yld_FieldOutput& get(const yld_String& name) const { return constGet(name); }
-    const yld_FieldOutput& operator[](const yld_String& name) const { return constGet(name); }
-    /// The names, in the store's order, without reading a description.
-    yld_Sequence<yld_String> getFieldOutputNames() const;
-
-    /// Enters a field made by the caller; a name that is present stays.
-    void insert(const yld_FieldOutput& field);
-    /// Looks for fields that came in since the last full read; tells whether there were any.
-    bool update();
-
-    bool isFullyRead() const { return m_fullyRead; }
-    bool hasStore() const;
-    const shr_COW<sto_FieldFrame>& fieldFrame() const { return m_fieldFrame; }
-    const shr_COW<sto_FieldStep>& fieldStep() const { return m_fieldStep; }
-
-private:
-    bool readOne(const yld_String& name) const;
-    bool readAll() const;
-    yld_Sequence<yld_String> readNames() const;
-    shr_ArrayCOW<sto_Assembly> assemblyOf(const sto_FieldDescription& description) const;
-
-    shr_COW<sto_FieldFrame> m_fieldFrame;
-    shr_ArrayCOW<sto_Assembly> m_assembly;
-    using Fields = yld_Repository<yld_String, yld_FieldOutput>;
-    // Behind a handle: a map that is assigned an empty one holds on to what it had.
-    mutable shr_COW<Fields> m_fields{Fields()};
-    mutable yld_FieldOutput m_emptyField;
-    shr_COW<sto_FieldStep> m_fieldStep;
-    int m_frameNumber = -1;
-    mutable bool m_fullyRead = false;
 };
 
 /// One snapshot of a step: an increment in time, a mode or a load case, with its fields.

@@ -10,7 +10,7 @@
 #include "yld_SectionCategory.h"
 #include "yld_SectorDefinition.h"
 #include "yld_Sequence.h"
-#include "yld_Step.h"
+#include "yld_StepRepository.h"
 #include "yld_String.h"
 #include "yld_UserData.h"
 

@@ -1,10 +1,11 @@
 #include "history.h"
 
+#include "database.h"
 #include "failure.h"
 #include "json_text.h"
-#include "names.h"
 #include "output.h"
 #include "plot.h"
+#include "texts.h"
 #include "yld.h"
 
 #include <algorithm>

@@ -4,9 +4,9 @@
 #include "exodus_reader.h"
 #include "failure.h"
 #include "field_plan.h"
-#include "names.h"
 #include "progress.h"
 #include "target_file.h"
+#include "texts.h"
 #include "yld.h"
 
 #include <algorithm>

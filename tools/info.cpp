@@ -1,8 +1,9 @@
 #include "info.h"
 
+#include "database.h"
 #include "json_text.h"
-#include "names.h"
 #include "output.h"
+#include "texts.h"
 #include "yld.h"
 
 #include <algorithm>

@@ -1,9 +1,10 @@
 #include "values.h"
 
+#include "database.h"
 #include "failure.h"
 #include "json_text.h"
-#include "names.h"
 #include "output.h"
+#include "texts.h"
 #include "yld.h"
 
 #include <algorithm>

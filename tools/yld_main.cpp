@@ -4,7 +4,7 @@
 #include "history.h"
 #include "import.h"
 #include "info.h"
-#include "names.h"
+#include "texts.h"
 #include "values.h"
 #include "yld.h"
 

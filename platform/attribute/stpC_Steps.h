@@ -1,8 +1,10 @@
 #ifndef STPC_STEPS_H
 #define STPC_STEPS_H
 
-#include "platform/attribute/stpC_Arguments.h"
+#include "platform/attribute/stpC_MassScaling.h"
+#include "platform/attribute/stpC_NodalDofs.h"
 #include "platform/attribute/stpC_Step.h"
+#include "platform/attribute/stpC_WithArguments.h"
 #include "platform/model/setC_Region.h"
 #include "platform/store/mrp_Container.h"
 
@@ -80,18 +82,6 @@ public:
     bool isNlgeom() const override;
 };
 
-/// Some mass, of a region or of all, that is scaled so that increments in time become longer.
-class stpC_MassScaling
-    : public stpC_WithArguments<stpC_MassScaling, setC_Region /* null for the whole model */, double /* factor */,
-                                double /* time increment wanted; 0 for none */, int /* increments between two times */>
-{
-public:
-    static constexpr const char* className = "stpC_MassScaling";
-    static constexpr unsigned classId = 0x00200106;
-    static constexpr int classVersion = 1;
-    using stpC_WithArguments::stpC_WithArguments;
-};
-
 class stpC_ExplicitDynamicsStep
     : public stpC_StepOf<stpC_ExplicitDynamicsStep, double /* time period */, val_PrimEnum<stpC_Step::NlgeomEnm>, bool,
                          val_PrimEnum<stpC_Step::TimeIncrementationMethodEnm>, stpC_Optional, double, double, double,
@@ -106,16 +96,6 @@ public:
     int procedure() const override;
     double timePeriod() const override { return argument<1>(); }
     bool isNlgeom() const override;
-};
-
-/// Degrees of freedom, by number, of the nodes of a region.
-class stpC_NodalDofs : public stpC_WithArguments<stpC_NodalDofs, setC_Region, std::vector<int>>
-{
-public:
-    static constexpr const char* className = "stpC_NodalDofs";
-    static constexpr unsigned classId = 0x00200108;
-    static constexpr int classVersion = 1;
-    using stpC_WithArguments::stpC_WithArguments;
 };
 
 /// Makes one element of a whole model, which keeps some degrees of freedom and eigenmodes and loses the others.
@@ -139,16 +119,6 @@ public:
     mrp_Container<stpC_NodalDofs> m_retainedNodalDofs;
     mrp_Container<stpC_NodalDofs> m_eliminatedNodalDofs;
     std::vector<int> m_retainedEigenModes; ///< mode numbers, counted from 1
-};
-
-/// When a job leaves behind what it needs to be taken up again.
-class stpC_Restart : public stpC_WithArguments<stpC_Restart, int, bool, bool, int>
-{
-public:
-    static constexpr const char* className = "stpC_Restart";
-    static constexpr unsigned classId = 0x0020010a;
-    static constexpr int classVersion = 1;
-    using stpC_WithArguments::stpC_WithArguments;
 };
 
 #endif

@@ -1,7 +1,8 @@
 #ifndef LOK_GLOBALSINGLETON_H
 #define LOK_GLOBALSINGLETON_H
 
-#include "platform/base/lok_Lock.h"
+#include "platform/base/lok_GlobalLock.h"
+#include "platform/base/lok_Mutex.h"
 
 #include <atomic>
 

@@ -1,7 +1,9 @@
 #ifndef PRTC_ASSIGNMENT_LISTS_H
 #define PRTC_ASSIGNMENT_LISTS_H
 
-#include "platform/model/prtC_Orientation.h"
+#include "platform/model/prtC_BeamOrientation.h"
+#include "platform/model/prtC_ConnectorOrientation.h"
+#include "platform/model/prtC_MaterialOrientation.h"
 #include "platform/model/prtC_SectionAssignment.h"
 #include "platform/store/mrp_Container.h"
 

@@ -1,7 +1,7 @@
 #ifndef FLD_HISTORY_H
 #define FLD_HISTORY_H
 
-#include "platform/result/fld_Growing.h"
+#include "platform/result/fld_inPlace.h"
 #include "platform/store/mrp_Container.h"
 #include "platform/store/pcl_Persistent.h"
 
@@ -31,7 +31,7 @@ public:
     lnk_ShortCut<fld_HistoryStep> m_step;
     lnk_ShortCut<fld_Series> m_times;
     long long m_count = 0;
-    fld_Mark m_mark;
+    fld_InPlaceMark m_mark;
 };
 
 /// One curve: what it is and where in the model it was taken. The numbers lie apart, so that a thousand curves are

@@ -1,7 +1,7 @@
 #ifndef FLD_SERIES_H
 #define FLD_SERIES_H
 
-#include "platform/result/fld_Growing.h"
+#include "platform/result/fld_inPlace.h"
 #include "platform/store/fio_Buffer.h"
 #include "platform/store/pcl_Persistent.h"
 
@@ -61,7 +61,7 @@ public:
     }
     void StoreArrays(const std::shared_ptr<fio_FileBody>& file) override;
 
-    /// Appends a row; a second column gets `second`. The object must come from fld_growing().
+    /// Appends a row; a second column gets `second`. The object must come from fld_inPlace().
     void append(const std::shared_ptr<fio_FileBody>& file, double first, double second = 0.0)
     {
         if (!m_isVerified) verify(file);
@@ -90,7 +90,7 @@ public:
     int m_columns = 1;     ///< 1 or 2
     long long m_rows = 0;
     std::vector<double> m_runs; ///< a run each: the number of its first extent, and its rows
-    fld_Mark m_mark;
+    fld_InPlaceMark m_mark;
 
 private:
     template<class T> void put(char* row, T first, T second) const

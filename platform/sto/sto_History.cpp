@@ -64,7 +64,7 @@ template void sto_History::readRows(long long, long long, double*) const;
 
 void sto_History::append(double value, double conjugate) const
 {
-    fld_growing(m_history.fetch()->m_values).append(m_history.file(), value, conjugate);
+    fld_inPlace(m_history.fetch()->m_values).append(m_history.file(), value, conjugate);
 }
 
 sto_HistoryDouble::sto_HistoryDouble(const sto_History& history) : sto_History(history)

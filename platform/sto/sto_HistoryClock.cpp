@@ -45,7 +45,7 @@ lnk_ShortCut<fld_Series> otherSeries(const fld_HistoryClock& clock, const fld_Se
     fld_Series fresh;
     fresh.m_storageType = 1;
     const auto made = lnk_ShortCut<fld_Series>::create(file, std::move(fresh));
-    fld_Series& series = fld_growing(made);
+    fld_Series& series = fld_inPlace(made);
     std::vector<double> block(static_cast<std::size_t>(std::min(count, blockRows)));
     for (long long from = 0; from < count; from += blockRows) {
         const long long piece = std::min(blockRows, count - from);
@@ -84,13 +84,13 @@ void sto_HistoryClock::readTimes(long long from, long long count, double* into) 
 void sto_HistoryClock::appendTimeValueNoBufferSeq(double time)
 {
     const auto& file = m_clock.file();
-    fld_HistoryClock& clock = fld_growing(m_clock);
+    fld_HistoryClock& clock = fld_inPlace(m_clock);
     const std::shared_ptr<const fld_Series> times = clock.m_times.fetch();
     if (clock.m_count == times->m_rows) {
-        fld_growing(clock.m_times).append(file, time);
+        fld_inPlace(clock.m_times).append(file, time);
     } else if (!isSame(times->at(file, clock.m_count), time)) {
         const lnk_ShortCut<fld_Series> other = otherSeries(clock, *times, time, file);
-        if (other.fetch()->m_rows == clock.m_count) fld_growing(other).append(file, time);
+        if (other.fetch()->m_rows == clock.m_count) fld_inPlace(other).append(file, time);
         clock.m_times = other;
     }
     ++clock.m_count;
@@ -99,6 +99,6 @@ void sto_HistoryClock::appendTimeValueNoBufferSeq(double time)
 void sto_HistoryClock::dropLastTime()
 {
     // The series keeps it: other clocks may have it, and this one will be given it again or go on in another series.
-    fld_HistoryClock& clock = fld_growing(m_clock);
+    fld_HistoryClock& clock = fld_inPlace(m_clock);
     if (clock.m_count > 0) --clock.m_count;
 }

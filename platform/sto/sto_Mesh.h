@@ -5,7 +5,7 @@
 #include "platform/model/mshK_Mesh.h"
 #include "platform/sto/sto_ElementClass.h"
 #include "platform/sto/sto_NodeData.h"
-#include "platform/sto/sto_Set.h"
+#include "platform/sto/sto_SetList.h"
 
 class sto_Mesh;
 

@@ -3,7 +3,7 @@
 
 #include "platform/model/mshK_Model.h"
 #include "platform/model/prtC_AssignmentLists.h"
-#include "platform/sto/sto_Datum.h"
+#include "platform/sto/sto_DatumCsys.h"
 #include "platform/sto/sto_Mesh.h"
 
 /// What the handles on a stored part and on a stored part instance have in common: a mesh, and what is assigned to its

@@ -1,9 +1,16 @@
 #include "platform/sto/sto_Model.h"
 
+#include "platform/attribute/stpC_Step.h"
+#include "platform/sto/sto_Procedure.h"
+#include "platform/sto/sto_StepContainer.h"
 #include "platform/sto/sto_StoStep.h"
+#include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 #include "platform/text/exc_Exception.h"
 #include "platform/text/msg_Format.h"
+
+#include <algorithm>
+#include <utility>
 
 sto_Model sto_Model::create(const std::shared_ptr<fio_FileBody>& file, const std::string& name)
 {
@@ -206,6 +213,87 @@ lnk_ShortCut<secC_Section> sto_Model::Section(const std::string& name, int subTy
     prtC_append(modelFile(), changed->m_sections, name, std::move(made));
     m_reference.replace(changed);
     return changed->m_sections.get(name);
+}
+
+namespace {
+
+mrp_Container<mshK_Step> stepsOf(const lnk_ShortCut<mshK_Model>& model)
+{
+    const mrp_Container<mshK_Step> steps = model.fetch()->m_steps;
+    if (steps.isNull()) fio_raise(model.file()->path(), "the model has no list of steps; the file is damaged");
+    return steps;
+}
+
+sto_StoStep enter(const lnk_ShortCut<mshK_Model>& model, mshK_Step step, const shr_String& previous)
+{
+    const auto& file = model.file();
+    mrp_Container<mshK_Step> steps = stepsOf(model);
+    const bool hasInitial = steps.find(mshK_Step::InitialStepName()) >= 0;
+    step.m_stepId = steps.size() + (hasInitial ? 0 : 1);
+    step.m_previousName = previous.cStr();
+    const std::string name = step.m_name;
+    // What is found under a name stays: a step that comes in under a name that is taken goes behind its namesake.
+    const int place = std::max(sto_StepContainer::placeBehind(steps, previous.cStr()), steps.find(name) + 1);
+    const lnk_ShortCut<mshK_Step> created = lnk_ShortCut<mshK_Step>::create(file, std::move(step));
+    steps.insert(place, name, created);
+    return sto_StoStep(created);
+}
+
+mshK_Step describe(const shr_String& name, const shr_String& description, int procedure, double period)
+{
+    mshK_Step step;
+    step.m_name = name.cStr();
+    step.m_description = description.cStr();
+    step.m_procedure = procedure;
+    step.m_domain = sto_Procedure::domain(procedure);
+    step.m_period = period;
+    return step;
+}
+
+} // namespace
+
+sto_StoStep sto_Model::GeneralStep(int, const shr_String& name, const shr_String& description, int procedure,
+                                   double period, const shr_String& previous, int flag) const
+{
+    mshK_Step step = describe(name, description, procedure, period);
+    step.m_isNlgeom = flag == 1;
+    return enter(m_reference, std::move(step), previous);
+}
+
+sto_StoStep sto_Model::PerturbationStep(int, const shr_String& name, const shr_String& description, int procedure,
+                                        double period, const shr_String& previous) const
+{
+    mshK_Step step = describe(name, description, procedure, period);
+    step.m_isPerturbation = true;
+    return enter(m_reference, std::move(step), previous);
+}
+
+sto_StoStep sto_Model::Step(int, const shr_String& name, const shr_String& description, const stpC_Step& settings,
+                            const shr_String& previous) const
+{
+    const pcl_Persistent& stored = settings.persistent();
+    mshK_Step step = describe(name, description, settings.procedure(), settings.timePeriod());
+    step.m_isNlgeom = settings.isNlgeom();
+    step.m_isPerturbation = settings.isPerturbation();
+    step.m_settings = lnk_ShortCut<stpC_Step>(modelFile(), lnk_create(modelFile(), stored.Clone()));
+    step.m_settingsClass = stored.Metadata().name();
+    return enter(m_reference, std::move(step), previous);
+}
+
+sto_StoStep sto_Model::step(const shr_String& name) const
+{
+    mrp_Container<mshK_Step> steps = stepsOf(m_reference);
+    lnk_ShortCut<mshK_Step> found = steps.get(name.cStr());
+    if (found.isValid()) return sto_StoStep(found);
+    if (name.compare(mshK_Step::InitialStepName()) != 0) {
+        fio_raise(modelFile()->path(), "the model has no step named \"" + std::string(name.cStr()) + "\"");
+    }
+    mshK_Step initial;
+    initial.m_name = mshK_Step::InitialStepName();
+    initial.m_isAnalysisStep = false;
+    found = lnk_ShortCut<mshK_Step>::create(modelFile(), std::move(initial));
+    steps.insert(0, mshK_Step::InitialStepName(), found);
+    return sto_StoStep(found);
 }
 
 int sto_newMeshIndex(const lnk_ShortCut<mshK_Model>& model)

@@ -5,7 +5,8 @@
 #include "platform/store/pcl_Array.h"
 #include "platform/store/pcl_ClassMetadata.h"
 #include "platform/store/pcl_MetadataRegistrar.h"
-#include "platform/store/pcl_Visitor.h"
+#include "platform/store/pcl_ReadVisitor.h"
+#include "platform/store/pcl_WriteVisitor.h"
 
 #include <concepts>
 #include <memory>

@@ -3,7 +3,8 @@
 #include "containers/shr_Map.h"
 #include "platform/store/pcl_ClassMetadata.h"
 #include "platform/store/pcl_MetadataRegistrar.h"
-#include "platform/store/pcl_Visitor.h"
+#include "platform/store/pcl_ReadVisitor.h"
+#include "platform/store/pcl_WriteVisitor.h"
 #include "platform/text/msg_Format.h"
 #include "platform/value/val_ValueErrorException.h"
 

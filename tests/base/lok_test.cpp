@@ -1,5 +1,6 @@
+#include "platform/base/lok_GlobalLock.h"
 #include "platform/base/lok_GlobalSingleton.h"
-#include "platform/base/lok_Lock.h"
+#include "platform/base/lok_Mutex.h"
 #include "platform/base/lok_ThreadSingleton.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "platform/os/osu_Version.h"
 #include "platform/store/pcl_ClassMetadata.h"
 #include "platform/store/pcl_MetadataRegistrar.h"
-#include "platform/store/pcl_Visitor.h"
+#include "platform/store/pcl_WriteVisitor.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Values that are taken out of a block into a field in memory.
 #include "subset_model.h"
 #include "yld/impl/field/yld_FieldSubset.h"
-#include "yld/impl/field/yld_TensorView.h"
+#include "yld/impl/field/yld_checkTensor.h"
 
 using yld_FieldOrphanTest = SubsetModel;
 

@@ -1,6 +1,6 @@
 #include "yld_AttributeRepository.h"
 
-#include "platform/sto/sto_Attributes.h"
+#include "platform/sto/sto_Attribute.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Sto.h"
 #include "result_model.h"

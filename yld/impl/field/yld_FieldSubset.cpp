@@ -4,7 +4,7 @@
 #include "platform/store/fio_File.h"
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/base/yld_Raise.h"
-#include "yld/impl/field/yld_TensorView.h"
+#include "yld/impl/field/yld_checkTensor.h"
 #include "yld_EnumMap.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "platform/shape/shc_Topology.h"
 #include "platform/text/prg_WIP.h"
 #include "yld/impl/base/yld_Raise.h"
-#include "yld/impl/field/yld_TensorView.h"
+#include "yld/impl/field/yld_checkTensor.h"
 #include "yld/impl/model/yld_Mesh.h"
 #include "yld_EnumMap.h"
 #include "yld_Instance.h"

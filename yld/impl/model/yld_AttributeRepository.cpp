@@ -1,6 +1,6 @@
 #include "yld_AttributeRepository.h"
 
-#include "platform/sto/sto_Attributes.h"
+#include "platform/sto/sto_Attribute.h"
 #include "platform/sto/sto_Model.h"
 #include "yld/impl/base/yld_Raise.h"
 

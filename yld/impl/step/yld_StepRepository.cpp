@@ -1,4 +1,4 @@
-#include "yld_Step.h"
+#include "yld_StepRepository.h"
 
 #include "platform/attribute/stpC_Steps.h"
 #include "platform/sto/sto_Assembly.h"

@@ -1,5 +1,5 @@
-#ifndef YLD_TENSORVIEW_H
-#define YLD_TENSORVIEW_H
+#ifndef YLD_CHECKTENSOR_H
+#define YLD_CHECKTENSOR_H
 
 #include "platform/sto/sto_Field.h"
 #include "yld/impl/base/yld_Raise.h"

@@ -1,4 +1,6 @@
-#include "platform/base/lok_Lock.h"
+#include "platform/base/lok_GlobalLock.h"
+
+#include <mutex>
 
 namespace {
 

@@ -1,5 +1,5 @@
-#ifndef NAMES_H
-#define NAMES_H
+#ifndef TEXTS_H
+#define TEXTS_H
 
 #include "yld_EnumMap.h"
 #include "yld_Sequence.h"
@@ -7,9 +7,6 @@
 
 #include <string>
 #include <vector>
-
-class yld_Step;
-class yld_Yld;
 
 /// The enumerator as text, for example "NODAL"; its number for one that has no name.
 inline std::string tool_positionName(yld_Enum::yld_ResultPositionEnum position)
@@ -28,26 +25,5 @@ std::string tool_choices(const std::vector<std::string>& names);
 
 /// Line breaks and other control characters become blanks, blanks in a row become one.
 std::string tool_oneLine(const std::string& text);
-
-/// A database opened for reading; closed with this object.
-class tool_Database
-{
-public:
-    /// Raises tool_Failure for a path that cannot be a database, and what openYld raises.
-    explicit tool_Database(const std::string& path);
-    ~tool_Database();
-    tool_Database(const tool_Database&) = delete;
-    tool_Database& operator=(const tool_Database&) = delete;
-
-    yld_Yld& operator*() { return *m_database; }
-    yld_Yld* operator->() { return m_database; }
-
-private:
-    yld_Yld* m_database;
-};
-
-/// The step of that name; the last one for an empty name. Raises tool_Failure. @param path  of the database, for the
-/// message
-yld_Step& tool_findStep(yld_Yld& database, const std::string& path, const std::string& name);
 
 #endif

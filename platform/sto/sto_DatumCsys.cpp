@@ -1,4 +1,4 @@
-#include "platform/sto/sto_Datum.h"
+#include "platform/sto/sto_DatumCsys.h"
 
 #include "platform/store/fio_File.h"
 #include "platform/text/exc_Exception.h"

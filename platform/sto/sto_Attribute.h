@@ -1,5 +1,5 @@
-#ifndef STO_ATTRIBUTES_H
-#define STO_ATTRIBUTES_H
+#ifndef STO_ATTRIBUTE_H
+#define STO_ATTRIBUTE_H
 
 #include "platform/store/lnk_ShortCut.h"
 

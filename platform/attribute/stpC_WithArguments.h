@@ -1,5 +1,5 @@
-#ifndef STPC_ARGUMENTS_H
-#define STPC_ARGUMENTS_H
+#ifndef STPC_WITHARGUMENTS_H
+#define STPC_WITHARGUMENTS_H
 
 #include "platform/store/pcl_Persistent.h"
 #include "platform/value/val_PrimEnum.h"
