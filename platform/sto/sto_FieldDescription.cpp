@@ -5,9 +5,7 @@
 
 void sto_FieldDescription::setPair(bool isPair)
 {
-    const std::shared_ptr<fld_FieldDescription> description = m_description.fetchWritable();
-    description->m_isPair = isPair;
-    m_description.replace(description);
+    m_description.edit([&](fld_FieldDescription& description) { description.m_isPair = isPair; });
 }
 
 sto_PartInstance sto_FieldDescription::partInstance() const { return sto_PartInstance(data()->m_instance); }

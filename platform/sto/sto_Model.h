@@ -125,9 +125,7 @@ private:
     // Changes one value of the stored model.
     template<class Value> void change(Value mshK_Model::*member, Value value)
     {
-        const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-        (*changed).*member = std::move(value);
-        m_reference.replace(changed);
+        m_reference.edit([&](mshK_Model& changed) { changed.*member = std::move(value); });
     }
     geo_Vector nodePosition(int meshIndex, int label) const;
     axs_DatumCsys followingNodes(int follows, const int meshIndices[], const int labels[], axs_CsysTypeEnm type) const;

@@ -74,8 +74,6 @@ public:
     static lnk_ShortCut<mshK_Step> findModelStep(const std::shared_ptr<fio_FileBody>& file, const std::string& name);
 
 private:
-    template<class Change> void edit(Change change);
-
     lnk_ShortCut<fld_Step> m_step;
     std::shared_ptr<sto_FieldStepIndex> m_index; // shared by the copies of this handle
 };

@@ -110,9 +110,7 @@ private:
     // Changes one value of the root object.
     template<class Value> void change(Value sto_StoData::*member, Value value)
     {
-        const std::shared_ptr<sto_StoData> changed = root().fetchWritable();
-        (*changed).*member = std::move(value);
-        root().replace(changed);
+        root().edit([&](sto_StoData& changed) { changed.*member = std::move(value); });
     }
 
     std::shared_ptr<fio_FileBody> m_file;

@@ -233,6 +233,59 @@ TEST(fio_File, aCopyFetchedForWritingChangesNothingUntilItIsPutBack)
     root.file()->close();
 }
 
+TEST(fio_File, anEditReachesTheFileWithTheNextSave)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    const Made root = makeFile(path, sample_Thing());
+    const auto before = root.fetch();
+    root.edit([](sample_Thing& thing) {
+        thing.m_number = 5;
+        thing.m_text = "edited";
+        const int labels[] = {8, 6};
+        thing.m_labels.assign(labels, 2);
+    });
+    EXPECT_EQ(before->m_number, 0);
+    EXPECT_EQ(root.fetch()->m_number, 5);
+    root.file()->save();
+    root.file()->close();
+
+    const fio_File file = fio_File::Open(path.c_str(), false, true);
+    const auto read = rootOf(file).fetch();
+    EXPECT_EQ(read->m_number, 5);
+    EXPECT_EQ(read->m_text, "edited");
+    ASSERT_EQ(read->m_labels.size(), 2);
+    EXPECT_EQ(read->m_labels[0], 8);
+    EXPECT_EQ(read->m_labels[1], 6);
+    EXPECT_EQ(failureOf([&] { rootOf(file).edit([](sample_Thing& thing) { thing.m_number = 6; }); }),
+              path + ": the database is open for reading only");
+    EXPECT_EQ(rootOf(file).fetch()->m_number, 5);
+}
+
+TEST(fio_File, anEditThatRaisesLeavesTheObjectAsItWas)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    sample_Thing thing;
+    thing.m_number = 3;
+    const Made root = makeFile(path, thing);
+    const auto before = root.fetch();
+    const auto breakOff = [&root] {
+        root.edit([](sample_Thing& changed) {
+            changed.m_number = 4;
+            throw exc_TextException("broken off");
+        });
+    };
+    EXPECT_EQ(failureOf(breakOff), "broken off");
+    EXPECT_EQ(root.fetch(), before);
+    EXPECT_EQ(root.fetch()->m_number, 3);
+    EXPECT_FALSE(root.file()->hasChanges());
+    root.file()->save();
+    root.file()->close();
+    const fio_File file = fio_File::Open(path.c_str(), false, true);
+    EXPECT_EQ(rootOf(file).fetch()->m_number, 3);
+}
+
 TEST(fio_File, appendingGoesOnInPlaceWhileAnOlderCopyIsRead)
 {
     const ScratchFolder folder;
