@@ -64,6 +64,8 @@ public:
     sto_Model Model(const char* name);
     /// Raises when there is no model of that name.
     sto_Model model(const char* name) const;
+    /// The one model of a database.
+    sto_Model model() const;
     /// Makes the results, or gives them.
     sto_Result Result();
     sto_Result result() const;

@@ -14,7 +14,7 @@ yld_Sequence<float> sequenceOf(const std::array<float, 3>& point)
 
 yld_SectorDefinition::yld_SectorDefinition(const sto_Sto& store)
 {
-    const sto_Model model = store.model("Default Model");
+    const sto_Model model = store.model();
     if (!model.HasSectorDefinition()) return;
     m_startPoint = sequenceOf(model.modelSectorDefinition().GetStartPoint());
     m_endPoint = sequenceOf(model.modelSectorDefinition().GetEndPoint());
