@@ -23,6 +23,7 @@
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/life/yld_YldRepository.h"
 #include "yld/impl/model/yld_Mesh.h"
+#include "yld/impl/step/yld_FrameMatch.h"
 #include "yld_AttributeRepository.h"
 #include "yld_DiagnosticData.h"
 #include "yld_EnumMap.h"
@@ -30,9 +31,7 @@
 #include "yld_JobData.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -540,7 +539,7 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
 yld_Frame yld_Yld::getFrame(double value, yld_Enum::yld_MatchEnum match)
 {
     yld_StepRepository& all = steps();
-    double best = std::numeric_limits<double>::max();
+    yld_FrameMatch search(value, match);
     int foundStep = -1;
     int foundFrame = -1;
     for (int s = 0; s < all.size(); ++s) {
@@ -549,24 +548,9 @@ yld_Frame yld_Yld::getFrame(double value, yld_Enum::yld_MatchEnum match)
         for (int f = 0; f < step.frames().size(); ++f) {
             float time = static_cast<float>(step.frames().constGet(f).frameValue());
             if (begin > 0.0) time = static_cast<float>(static_cast<double>(time) + begin);
-            const double at = static_cast<double>(time);
-            const double distance = std::fabs(value - at);
-            switch (match) {
-            case yld_Enum::MATCH_CLOSEST:
-                if (distance > best) continue;
-                break;
-            case yld_Enum::MATCH_BEFORE:
-                if (at > value || value - at >= best) continue;
-                break;
-            case yld_Enum::MATCH_AFTER:
-                if (at < value || at - value > best) continue;
-                break;
-            default:
-                if (at != value) continue;
-            }
+            if (!search.isBetter(static_cast<double>(time))) continue;
             foundStep = s;
             foundFrame = f;
-            best = distance;
         }
     }
     if (foundStep < 0) yld_raise("Frame not found.");

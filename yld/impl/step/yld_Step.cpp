@@ -11,9 +11,9 @@
 #include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StoStep.h"
 #include "yld/impl/base/yld_Raise.h"
+#include "yld/impl/step/yld_FrameMatch.h"
 #include "yld/impl/step/yld_StepHistory.h"
 
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -350,31 +350,10 @@ yld_Frame yld_Step::getFrame(const yld_LoadCase& loadCase, double value, yld_Enu
         yld_raise("Frame not found");
     }
 
-    // Which of two frames that fit equally well is taken differs from match to match; callers rely on each.
     int found = -1;
-    double best = std::numeric_limits<double>::max();
+    yld_FrameMatch search(value, match);
     for (int i = 0; i < walk.size(); ++i) {
-        if (!walk.isWanted(i)) continue;
-        const double v = walk.value(i);
-        const double distance = std::fabs(value - v);
-        bool skip = false;
-        switch (match) {
-        case yld_Enum::MATCH_CLOSEST:
-            skip = distance > best;
-            break;
-        case yld_Enum::MATCH_BEFORE:
-            skip = v > value || value - v >= best;
-            break;
-        case yld_Enum::MATCH_AFTER:
-            skip = v < value || v - value > best;
-            break;
-        case yld_Enum::MATCH_EXACT:
-            skip = !(distance == 0.0);
-            break;
-        }
-        if (skip) continue;
-        found = i;
-        best = distance;
+        if (walk.isWanted(i) && search.isBetter(walk.value(i))) found = i;
     }
     if (found < 0) yld_raise("Frame not found");
     return m_frames.get(found);
@@ -397,18 +376,15 @@ yld_Sequence<int> yld_Step::findFrames(const yld_LoadCase& loadCase, double valu
         return found;
     }
 
+    const yld_FrameMatch search(value, match);
     double best = std::numeric_limits<double>::max();
     for (int i = 0; i < walk.size(); ++i) {
         if (!walk.isWanted(i)) continue;
-        const double v = walk.value(i);
-        const double distance = std::fabs(value - v);
-        if (match == yld_Enum::MATCH_BEFORE && v > value) continue;
-        if (match == yld_Enum::MATCH_AFTER && v < value) continue;
-        if (match == yld_Enum::MATCH_EXACT && !(distance == 0.0)) continue;
-        if (match != yld_Enum::MATCH_EXACT && distance > best) continue;
-        if (distance < best) {
+        const std::optional<double> distance = search.distance(walk.value(i));
+        if (!distance || *distance > best) continue;
+        if (*distance < best) {
             found.clearAll();
-            best = distance;
+            best = *distance;
         }
         found.append(i);
     }
