@@ -13,6 +13,7 @@
 #include "yld_Element.h"
 #include "yld_Enum.h"
 #include "yld_EnumMap.h"
+#include "yld_EnumText.h"
 #include "yld_Exception.h"
 #include "yld_FieldBulkData.h"
 #include "yld_FieldLocation.h"

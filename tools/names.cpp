@@ -1,6 +1,7 @@
 #include "names.h"
 
 #include "failure.h"
+#include "yld_EnumText.h"
 #include "yld_Yld.h"
 
 #include <cerrno>
@@ -78,18 +79,8 @@ std::string tool_typeName(yld_Enum::yld_DataTypeEnum type)
 
 std::string tool_domainName(yld_Enum::yld_DomainEnum domain)
 {
-    switch (domain) {
-    case yld_Enum::TIME:
-        return "TIME";
-    case yld_Enum::FREQUENCY:
-        return "FREQUENCY";
-    case yld_Enum::MODAL:
-        return "MODAL";
-    case yld_Enum::ARC_LENGTH:
-        return "ARC_LENGTH";
-    default:
-        return std::to_string(static_cast<int>(domain));
-    }
+    const char* const text = yld_EnumText::of(domain);
+    return text ? text : std::to_string(static_cast<int>(domain));
 }
 
 std::vector<std::string> tool_texts(const yld_Sequence<yld_String>& texts)
