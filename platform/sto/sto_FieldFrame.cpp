@@ -22,12 +22,16 @@ std::string_view nameIn(std::string_view keyText)
     return keyText;
 }
 
+std::size_t bytesOf(const fld_FieldDescription& description, int storageType)
+{
+    return static_cast<std::size_t>(description.m_length) * static_cast<std::size_t>(description.m_width) *
+           (storageType == 1 ? sizeof(double) : sizeof(float));
+}
+
 void checkSize(const fld_FieldDescription& description, int storageType, const fio_Buffer& values,
                const fio_Buffer& conjugate, const std::shared_ptr<fio_FileBody>& file)
 {
-    const std::size_t bytes = static_cast<std::size_t>(description.m_length) *
-                              static_cast<std::size_t>(description.m_width) *
-                              (storageType == 1 ? sizeof(double) : sizeof(float));
+    const std::size_t bytes = bytesOf(description, storageType);
     if (values.size() != bytes || (!conjugate.isEmpty() && conjugate.size() != bytes)) {
         fio_raise(file->path(),
                   "the values of field \"" + description.m_label + "\" have another size than its description");
@@ -134,9 +138,12 @@ int sto_FieldFrame::firstKeyOf(const std::vector<sto_FieldDescription>& descript
 
 fio_Buffer sto_FieldFrame::allocateField(const sto_FieldDescription& description, int storageType)
 {
-    const std::shared_ptr<const fld_FieldDescription> data = description.data();
-    return fio_Buffer(static_cast<std::size_t>(data->m_length) * static_cast<std::size_t>(data->m_width) *
-                      (storageType == 1 ? sizeof(double) : sizeof(float)));
+    return allocateField(*description.data(), storageType);
+}
+
+fio_Buffer sto_FieldFrame::allocateField(const fld_FieldDescription& description, int storageType)
+{
+    return fio_Extents::roomFor(bytesOf(description, storageType));
 }
 
 sto_Field sto_FieldFrame::Field(const sto_FieldDescription& description, int key, const fio_Buffer& values,

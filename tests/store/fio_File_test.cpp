@@ -363,6 +363,52 @@ TEST(fio_File, extentsThatNoSavedStateRefersToGoWhenTheNextWriterOpens)
     EXPECT_EQ(count.integer(0), 0);
 }
 
+TEST(fio_File, whatACallerHasIsLentOnlyWhereItIsWrittenAtOnceAndInOnePiece)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    const std::vector<int> many(4u << 20, 3); // 16 MiB: as much as is gathered
+    const std::size_t bytes = many.size() * sizeof(int);
+    int few[] = {1, 2, 3};
+    const fio_Extents::Piece whole[] = {{many.data(), bytes}};
+    const fio_Extents::Piece halves[] = {{many.data(), bytes / 2}, {many.data() + many.size() / 2, bytes / 2}};
+    const fio_Extents::Piece less[] = {{many.data(), bytes - sizeof(int)}};
+    const fio_Extents::Piece small[] = {{few, sizeof(int)}, {nullptr, 0}, {few + 1, 2 * sizeof(int)}};
+    {
+        const Made root = makeFile(path, sample_Thing());
+        const fio_Buffer lent = fio_Extents::take(whole);
+        EXPECT_TRUE(lent.isBorrowed());
+        EXPECT_EQ(lent.data(), reinterpret_cast<const char*>(many.data()));
+        const fio_Buffer joined = fio_Extents::take(halves);
+        EXPECT_FALSE(joined.isBorrowed());
+        EXPECT_EQ(joined.size(), bytes);
+        EXPECT_FALSE(fio_Extents::take(less).isBorrowed());
+        EXPECT_TRUE(fio_Extents::take({}).isEmpty());
+        const fio_Buffer copied = fio_Extents::take(small);
+        few[0] = 9;
+        root.edit([&](sample_Thing& thing) {
+            thing.m_labels.adopt(copied);
+            thing.m_labels.toDisk(root.file());
+            thing.m_friend = Ref::create(root.file(), sample_Thing());
+        });
+        EXPECT_GT(root.file()->extents().gatheredBytes(), 0u);
+        root.fetch()->m_friend.edit([&](sample_Thing& thing) {
+            thing.m_labels.adopt(lent);
+            thing.m_labels.toDisk(root.file());
+        });
+        EXPECT_EQ(root.file()->extents().gatheredBytes(), 0u);
+        root.file()->save();
+    }
+    const fio_File file = fio_File::Open(path.c_str(), false, true);
+    const auto thing = rootOf(file).fetch();
+    ASSERT_EQ(thing->m_labels.size(), 3);
+    EXPECT_EQ(std::vector<int>(thing->m_labels.data(), thing->m_labels.data() + 3), (std::vector<int>{1, 2, 3}));
+    const auto large = thing->m_friend.fetch();
+    ASSERT_EQ(large->m_labels.size(), static_cast<long long>(many.size()));
+    EXPECT_EQ(large->m_labels[0], 3);
+    EXPECT_EQ(large->m_labels[large->m_labels.size() - 1], 3);
+}
+
 TEST(fio_File, openingForWritingChangesNothingUntilSomethingIsWritten)
 {
     const ScratchFolder folder;

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <limits>
 #include <string>
+#include <type_traits>
 #include <unordered_map>
 
 namespace {
@@ -323,23 +324,20 @@ fio_Buffer yld_FieldAddDataUtils::fill(const fld_FieldDescription& description, 
         });
     }
 
-    const std::size_t bytes = static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T);
-    const bool isAsItStands = rows.isUniform() && wanted == width;
-    if (isAsItStands && block.stretches.size() == 1 && rows.held().size() == bytes) return rows.held();
-    // What is too much to be gathered goes to disk before the call ends: straight from the caller's memory.
-    if (isAsItStands && block.stretches.size() == 1 && bytes >= fio_Extents::gatherBytes) {
-        return fio_Buffer::borrow(rows.row<T>(block.stretches.front().first), bytes);
-    }
-    fio_Buffer buffer = fio_Extents::roomFor(bytes);
-    T* values = reinterpret_cast<T*>(buffer.writable());
-    if (isAsItStands) {
+    if (rows.isUniform() && wanted == width) {
         // Whole stretches as they stand.
+        const std::size_t rowBytes = static_cast<std::size_t>(width) * sizeof(T);
+        const std::size_t bytes = static_cast<std::size_t>(block.numRows) * rowBytes;
+        if (block.stretches.size() == 1 && rows.held().size() == bytes) return rows.held();
+        std::vector<fio_Extents::Piece> pieces;
+        pieces.reserve(block.stretches.size());
         for (const Stretch& stretch : block.stretches) {
-            values =
-                std::copy_n(rows.row<T>(stretch.first), static_cast<std::ptrdiff_t>(stretch.count) * width, values);
+            pieces.push_back({rows.row<T>(stretch.first), static_cast<std::size_t>(stretch.count) * rowBytes});
         }
-        return buffer;
+        return sto_FieldFrame::takeField(pieces);
     }
+    fio_Buffer buffer = sto_FieldFrame::allocateField(description, std::is_same_v<T, double> ? 1 : 0);
+    T* values = reinterpret_cast<T*>(buffer.writable());
     eachRow(block, [&](int from, int to) {
         T* row = values + static_cast<std::ptrdiff_t>(to) * width;
         std::copy_n(rows.row<T>(from), wanted, row);
