@@ -20,6 +20,7 @@
 #include "platform/store/lnk_Root.h"
 #include "platform/text/msg_Format.h"
 #include "platform/text/prg_WIP.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/life/yld_YldRepository.h"
 #include "yld/impl/model/yld_Mesh.h"
@@ -202,8 +203,7 @@ void yld_Yld::setCyclicSymmetry(const yld_Sequence<float>& point1, const yld_Seq
         yld_raise("The points of the symmetry axis coincide.");
     }
     if (sectors < 1) yld_raise("The number of sectors must be positive.");
-    std::vector<std::string> names;
-    for (int i = 0; i < tieConstraints.size(); ++i) names.emplace_back(tieConstraints[i].cStr());
+    const std::vector<std::string> names = yld_Convert::texts(tieConstraints);
     yld_guard([&] {
         sto_Model model = m_sto.ConstGet().model();
         model.DefineCyclicSymmetry(start, end, sectors);

@@ -1,6 +1,7 @@
 #include "yld/impl/model/yld_Mesh.h"
 
 #include "platform/shape/shc_ShapeDictionary.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_MeshInput.h"
 
@@ -401,7 +402,7 @@ void yld_Mesh::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_
 {
     const int dimension = store().nodeData().Dim();
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, dimension);
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     yld_guard([&] { m_store->addNodes(given.data(), points.data(), static_cast<int>(given.size()), setName.cStr()); });
     refresh();
 }
@@ -413,7 +414,7 @@ void yld_Mesh::addElements(const yld_Sequence<int>& labels, const yld_Sequence<y
     if (labels.size() != connectivity.size()) yld_raise("Connectivity array must be provided for all elements.");
     const int width = labels.isEmpty() ? 0 : connectivity[0].size();
     const std::vector<int> nodes = yld_MeshInput::connectivity(connectivity, width);
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, category);
     yld_guard([&] { m_store->addElements(arg, setName.cStr(), nullptr); });
     refresh();

@@ -10,6 +10,7 @@
 #include "platform/sto/sto_Procedure.h"
 #include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StoStep.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/step/yld_FrameMatch.h"
 #include "yld/impl/step/yld_StepHistory.h"
@@ -133,33 +134,24 @@ double yld_Step::mass() const { return m_step.IsValid() ? m_step->mass() : 0.0; 
 
 double yld_Step::acousticMass() const { return m_step.IsValid() ? m_step->acousticMass() : 0.0; }
 
-namespace {
-
-template<class T> yld_Sequence<T> sequenceOf(const std::vector<T>& values)
-{
-    return yld_Sequence<T>(values.data(), static_cast<int>(values.size()));
-}
-
-} // namespace
-
 yld_Sequence<double> yld_Step::massCenter() const
 {
-    return m_step.IsValid() ? sequenceOf(m_step->massCenter()) : yld_Sequence<double>();
+    return m_step.IsValid() ? yld_Convert::sequence(m_step->massCenter()) : yld_Sequence<double>();
 }
 
 yld_Sequence<double> yld_Step::acousticMassCenter() const
 {
-    return m_step.IsValid() ? sequenceOf(m_step->acousticMassCenter()) : yld_Sequence<double>();
+    return m_step.IsValid() ? yld_Convert::sequence(m_step->acousticMassCenter()) : yld_Sequence<double>();
 }
 
 yld_Sequence<double> yld_Step::inertiaAboutCenter() const
 {
-    return m_step.IsValid() ? sequenceOf(m_step->inertiaAboutCenter()) : yld_Sequence<double>();
+    return m_step.IsValid() ? yld_Convert::sequence(m_step->inertiaAboutCenter()) : yld_Sequence<double>();
 }
 
 yld_Sequence<double> yld_Step::inertiaAboutOrigin() const
 {
-    return m_step.IsValid() ? sequenceOf(m_step->inertiaAboutOrigin()) : yld_Sequence<double>();
+    return m_step.IsValid() ? yld_Convert::sequence(m_step->inertiaAboutOrigin()) : yld_Sequence<double>();
 }
 
 namespace {
@@ -177,7 +169,7 @@ yld_Sequence<int> yld_Step::retainedEigenModes() const
 {
     return yld_guard([this] {
         const auto settings = substructureOf(m_modelStep);
-        return settings ? sequenceOf(settings->m_retainedEigenModes) : yld_Sequence<int>();
+        return settings ? yld_Convert::sequence(settings->m_retainedEigenModes) : yld_Sequence<int>();
     });
 }
 
@@ -192,7 +184,7 @@ yld_SequenceNodalDofs yld_Step::nodalDofs(bool isRetained) const
         const sto_Model model(sto_modelOf(m_modelStep->shortCut().file()));
         for (int i = 0; i < stored.size(); ++i) {
             const auto each = stored.at(i).fetch();
-            all.append(yld_NodalDofs(each->argument<1>(), sequenceOf(each->argument<2>()), model));
+            all.append(yld_NodalDofs(each->argument<1>(), yld_Convert::sequence(each->argument<2>()), model));
         }
         return all;
     });
