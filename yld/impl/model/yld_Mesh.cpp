@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr const char* outOfRange = "Element index out of range.";
+
 yld_Enum::yld_ElementGeometryClass geometryOf(const shc_Topology* shape)
 {
     if (!shape) return yld_Enum::UNKNOWN_GEOMETRY;
@@ -179,28 +181,37 @@ void yld_Mesh::loadClass(int classIndex, const sto_ElementClass& elementClass)
     m_geometryClass = geometryOf(shape);
 }
 
+void yld_Mesh::enterClass(int classIndex, const sto_ElementClass& elementClass, int start, int index)
+{
+    loadClass(classIndex, elementClass);
+    m_startClass = classIndex;
+    m_classStart = start;
+    m_indexInClass = index - start;
+}
+
+void yld_Mesh::moveForward(int classIndex, int start, int index, bool includeInternal)
+{
+    const sto_ElementData elements = m_store->elementData();
+    const int classes = elements.numClasses();
+    for (int i = classIndex; i < classes; ++i) {
+        const sto_ElementClass each = elements.elementClass(i, start);
+        if (!includeInternal && each.isInternal()) continue;
+        if (index - start < each.numElements()) {
+            enterClass(i, each, start, index);
+            return;
+        }
+        start += each.numElements();
+    }
+    yld_raise(outOfRange);
+}
+
 void yld_Mesh::moveTo(int index, bool includeInternal)
 {
-    const char* const outOfRange = "Element index out of range.";
     if (m_classStart < 0) {
         requireStore();
         if (index >= elementCount(includeInternal)) yld_raise(outOfRange);
-        const sto_ElementData elements = m_store->elementData();
-        const int classes = elements.numClasses();
-        int start = 0;
-        for (int i = 0; i < classes; ++i) {
-            const sto_ElementClass each = elements.elementClass(i, start);
-            if (!includeInternal && each.isInternal()) continue;
-            if (index - start < each.numElements()) {
-                loadClass(i, each);
-                m_startClass = i;
-                m_classStart = start;
-                m_indexInClass = index - start;
-                return;
-            }
-            start += each.numElements();
-        }
-        yld_raise(outOfRange);
+        moveForward(0, 0, index, includeInternal);
+        return;
     }
 
     if (m_startClass == m_currentClass && index >= m_classStart && index - m_classStart < m_classSize) {
@@ -218,31 +229,15 @@ void yld_Mesh::moveTo(int index, bool includeInternal)
     }
     if (index >= start) {
         if (index >= elementCount(false)) yld_raise(outOfRange);
-        const int classes = elements.numClasses();
-        start += size;
-        for (int i = m_startClass + 1; i < classes; ++i) {
-            const sto_ElementClass each = elements.elementClass(i, start);
-            if (each.isInternal()) continue;
-            if (index - start < each.numElements()) {
-                loadClass(i, each);
-                m_startClass = i;
-                m_classStart = start;
-                m_indexInClass = index - start;
-                return;
-            }
-            start += each.numElements();
-        }
-        yld_raise(outOfRange);
+        moveForward(m_startClass + 1, start + size, index, false);
+        return;
     }
     for (int i = m_startClass - 1; i >= 0; --i) {
         const sto_ElementClass each = elements.elementClass(i, 0);
         if (each.isInternal()) continue;
         start -= each.numElements();
         if (index >= start) {
-            loadClass(i, each);
-            m_startClass = i;
-            m_classStart = start;
-            m_indexInClass = index - start;
+            enterClass(i, each, start, index);
             return;
         }
     }
