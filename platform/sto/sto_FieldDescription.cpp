@@ -3,11 +3,6 @@
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 
-void sto_FieldDescription::setPair(bool isPair)
-{
-    m_description.edit([&](fld_FieldDescription& description) { description.m_isPair = isPair; });
-}
-
 sto_PartInstance sto_FieldDescription::partInstance() const { return sto_PartInstance(data()->m_instance); }
 
 sto_Assembly sto_FieldDescription::rootAssembly() const

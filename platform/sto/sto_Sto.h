@@ -82,16 +82,18 @@ public:
     void setAnalysisVersion(const shr_String& version);
     /// The products that the job ran with besides the solver, as numbers.
     std::vector<int> productAddOns() const;
+    /// For tests: the library writes none.
     void setProductAddOns(const std::vector<int>& addOns);
     /// When the database was made, and when the state was saved that is seen here: seconds since 1970.
     long long creationTime() const;
     long long modificationTime() const;
     void setOnlyHasUserDefinedData(bool only);
+    /// For tests.
     bool onlyHasUserDefinedData() const;
 
     /// What the job has told of its course. Raises when there is nothing.
     std::shared_ptr<const dgn_DiagnosticData> ConstGetDiagnosticData() const;
-    /// Takes the place of what was told before.
+    /// Takes the place of what was told before. For tests: the library writes none.
     void setDiagnosticData(const dgn_DiagnosticData& diagnostics);
 
     /// The root object itself.

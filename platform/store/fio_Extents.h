@@ -62,6 +62,7 @@ public:
     /// Writes what is gathered inside a transaction of the caller's, who tells with gatheredDone() that it stands.
     void writeGathered();
     void gatheredDone();
+    /// For tests.
     bool hasGathered() const { return !m_gathered.empty(); }
     /// Whether so much is gathered that it should go to disk.
     bool isFull() const;
@@ -73,6 +74,7 @@ public:
     /// Deletes extents that no saved state refers to: what a crash or a close without save left behind.
     void dropFrom(long long limit);
 
+    /// For tests.
     std::size_t gatheredBytes() const { return m_gatheredBytes; }
 
 private:
