@@ -4,6 +4,7 @@
 #include "bench_ratio.h"
 
 #include "platform/sto/sto_Model.h"
+#include "platform/sto/sto_ModelOf.h"
 #include "platform/store/fio_File.h"
 #include "yld/impl/model/yld_Mesh.h"
 #include "yld_Assembly.h"
@@ -76,7 +77,7 @@ struct File
     {
         std::filesystem::remove(path);
         file = fio_File::Create(path.c_str());
-        model = sto_Model::create(file.body(), "Default Model");
+        model = sto_Model::create(file.body(), sto_defaultModel);
     }
     ~File()
     {

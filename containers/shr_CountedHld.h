@@ -72,6 +72,7 @@ public:
 
     /// How many handles hold the T together.
     int Count() const noexcept { return m_counter->count; }
+    /// For tests.
     bool SharesWith(const shr_CountedHld& other) const noexcept { return m_counter == other.m_counter; }
 
     /// Whether both hold the very same T; not a comparison of values. Two handles on nothing are equal.

@@ -14,6 +14,7 @@
 #include "yld_ElementClass.h"
 #include "yld_Enum.h"
 #include "yld_EnumMap.h"
+#include "yld_EnumText.h"
 #include "yld_Exception.h"
 #include "yld_FieldBulkData.h"
 #include "yld_FieldLocation.h"

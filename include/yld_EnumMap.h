@@ -3,7 +3,6 @@
 
 #include "platform/base/bas_Export.h"
 #include "yld_Enum.h"
-#include "yld_String.h"
 
 // The store's enumerations are named here and defined with the classes that keep them. A client needs the
 // names only to hand on a number that it was given.
@@ -40,10 +39,6 @@ YLD_API fld_DataTypeEnm unMapDataType(yld_Enum::yld_DataTypeEnum type);
 /// Raises "Could not map OutputPosition Enumeration".
 YLD_API yld_Enum::yld_ResultPositionEnum mapOutputPosition(fld_OutputPositionEnm position);
 YLD_API fld_OutputPositionEnm unMapOutputPosition(yld_Enum::yld_ResultPositionEnum position);
-
-/// The name of an enumerator as it stands in yld_Enum, "NODAL" say; of a number without one its digits. Raise nothing.
-YLD_API yld_String enumeratorName(yld_Enum::yld_DataTypeEnum type);
-YLD_API yld_String enumeratorName(yld_Enum::yld_ResultPositionEnum position);
 
 /// Scalars derived from a field. UNDEFINED_INVARIANT has no row.
 /// Raises "Could not map Invariant Enumeration".

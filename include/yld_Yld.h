@@ -15,6 +15,8 @@
 #include "yld_UserData.h"
 
 class mshK_Model;
+class sto_Assembly;
+class sto_Model;
 class sto_Sto;
 class yld_BCRepository;
 class yld_ConstraintRepository;
@@ -157,13 +159,15 @@ public:
 private:
     friend struct yld_YldTestAccess;
 
+    yld_Yld(const yld_String& name, const yld_String& analysisTitle, const yld_String& description,
+            const yld_String& path, const sto_Sto& store, const sto_Model& model, bool readOnly, bool makeUserData);
     void read() const;
-    void readModel() const;
-    void readParts() const;
-    void readSectionCategories() const;
+    void readModel(const sto_Model& model) const;
+    void readParts(const sto_Model& model) const;
+    void readSectionCategories(const sto_Assembly& assembly) const;
     void readAssembly() const;
-    void readSteps() const;
-    bool readStep(const yld_String& name, const yld_String& previous) const;
+    void readSteps(const sto_Model& model) const;
+    bool readStep(const sto_Model& model, const yld_String& name, const yld_String& previous) const;
     yld_ApiExtension apiExtension(yld_Enum::yld_ApiType type) const;
     yld_ApiExtension* findApiExtension(yld_Enum::yld_ApiType type);
 

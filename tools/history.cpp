@@ -57,10 +57,7 @@ void jsonTime(tool_JsonWriter& json, double time)
     else json.value(time);
 }
 
-std::string positionOf(const yld_HistoryRegion& region)
-{
-    return tool_positionName(region.historyPoint().storedPosition());
-}
+std::string positionOf(const yld_HistoryRegion& region) { return tool_nameOf(region.historyPoint().storedPosition()); }
 
 void listJson(const std::string& step, const std::vector<Curve>& curves, tool_Output& output)
 {

@@ -119,7 +119,7 @@ private:
         m_json.beginObject();
         m_json.member("name", tool_text(what.name()));
         m_json.member("procedure", tool_text(what.procedure()));
-        m_json.member("domain", tool_domainName(what.domain()));
+        m_json.member("domain", tool_nameOf(what.domain()));
         m_json.member("timePeriod", what.timePeriod());
         m_json.key("frames").beginArray();
         const int count = what.frames().size();
@@ -148,14 +148,14 @@ private:
     {
         m_json.beginObject();
         m_json.member("name", name);
-        m_json.member("type", tool_typeName(what.type()));
+        m_json.member("type", tool_nameOf(what.type()));
         m_json.key("components").beginArray();
         for (const std::string& label : tool_texts(what.componentLabels())) m_json.value(label);
         m_json.endArray();
         m_json.key("positions").beginArray();
         for (const Position& position : positionsOf(what)) {
             m_json.beginObject();
-            m_json.member("position", tool_positionName(position.first));
+            m_json.member("position", tool_nameOf(position.first));
             m_json.member("values", position.second);
             m_json.endObject();
         }
@@ -238,7 +238,7 @@ private:
     {
         const int count = what.frames().size();
         m_output << "\nstep \"" << tool_text(what.name()) << "\": " << tool_text(what.procedure()) << ", domain "
-                 << tool_domainName(what.domain()) << ", time period " << tool_numberText(what.timePeriod()) << ", "
+                 << tool_nameOf(what.domain()) << ", time period " << tool_numberText(what.timePeriod()) << ", "
                  << count << (count == 1 ? " frame\n" : " frames\n");
         if (count == 0) return;
         m_output << "  ";
@@ -269,10 +269,10 @@ private:
             const yld_FieldOutput& field = last.fieldOutputs().constGet(name.c_str());
             m_output << "    ";
             m_output.left(name, width + 2);
-            m_output.left(tool_typeName(field.type()), 18);
+            m_output.left(tool_nameOf(field.type()), 18);
             const char* separator = "";
             for (const Position& position : positionsOf(field)) {
-                m_output << separator << position.second << ' ' << tool_positionName(position.first);
+                m_output << separator << position.second << ' ' << tool_nameOf(position.first);
                 separator = ", ";
             }
             const std::vector<std::string> labels = tool_texts(field.componentLabels());

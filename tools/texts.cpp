@@ -1,21 +1,5 @@
 #include "texts.h"
 
-std::string tool_domainName(yld_Enum::yld_DomainEnum domain)
-{
-    switch (domain) {
-    case yld_Enum::TIME:
-        return "TIME";
-    case yld_Enum::FREQUENCY:
-        return "FREQUENCY";
-    case yld_Enum::MODAL:
-        return "MODAL";
-    case yld_Enum::ARC_LENGTH:
-        return "ARC_LENGTH";
-    default:
-        return std::to_string(static_cast<int>(domain));
-    }
-}
-
 std::vector<std::string> tool_texts(const yld_Sequence<yld_String>& texts)
 {
     std::vector<std::string> result;

@@ -1,7 +1,7 @@
 #ifndef TEXTS_H
 #define TEXTS_H
 
-#include "yld_EnumMap.h"
+#include "yld_EnumText.h"
 #include "yld_Sequence.h"
 #include "yld_String.h"
 
@@ -9,12 +9,11 @@
 #include <vector>
 
 /// The enumerator as text, for example "NODAL"; its number for one that has no name.
-inline std::string tool_positionName(yld_Enum::yld_ResultPositionEnum position)
+template<class Enum> std::string tool_nameOf(Enum value)
 {
-    return enumeratorName(position).cStr();
+    const char* const text = yld_EnumText::of(value);
+    return text ? text : std::to_string(static_cast<int>(value));
 }
-inline std::string tool_typeName(yld_Enum::yld_DataTypeEnum type) { return enumeratorName(type).cStr(); }
-std::string tool_domainName(yld_Enum::yld_DomainEnum domain);
 
 inline std::string tool_text(const yld_String& text) { return text.cStr(); }
 std::vector<std::string> tool_texts(const yld_Sequence<yld_String>& texts);

@@ -28,7 +28,7 @@ struct Layout
 struct Block
 {
     explicit Block(const yld_FieldBulkData& data)
-        : bulk(data), instance(tool_text(data.instance().name())), position(tool_positionName(data.position())),
+        : bulk(data), instance(tool_text(data.instance().name())), position(tool_nameOf(data.position())),
           nodes(data.nodeLabels()), elements(data.elementLabels()), points(data.integrationPoints())
     {
     }

@@ -15,6 +15,7 @@ public:
     static ntsC_AnnotationClient& Instance();
 
     void Hold(const std::string& container, const std::shared_ptr<const void>& annotation);
+    /// For tests.
     int NumHeld(const std::string& container) const;
     /// Drops what is held of a container. @param reason  0
     void ContainerClosing(const std::string& container, int reason);

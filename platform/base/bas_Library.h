@@ -27,7 +27,7 @@ public:
     const char* prefix() const noexcept { return m_prefix; }
     unsigned count() const noexcept { return m_count; }
 
-    /// Installs an observer of all starts and stops; null takes it away. @return the one before
+    /// Installs an observer of all starts and stops; null takes it away. For tests. @return the one before
     static Trace SetTrace(Trace trace);
 
 private:

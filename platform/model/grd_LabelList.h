@@ -63,7 +63,7 @@ public:
     /// One comparison of the two arrays; neither sorts nor builds an index over a list without order, as long as the
     /// labels are many.
     int findStretch(const int* labels, int count) const;
-    /// How many labels the index covers by now: 0 as long as no search has needed one.
+    /// How many labels the index covers by now: 0 as long as no search has needed one. For tests.
     int numIndexed() const { return m_index ? m_index->size() : 0; }
 
     /// The position of the first label that stands in the list already, or `count`.

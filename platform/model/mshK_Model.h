@@ -64,6 +64,7 @@ public:
 
     /// Turns the progress messages of the model layer on or off for the process.
     static void GenerateWipMessages(bool on);
+    /// For tests.
     static bool generatesWipMessages();
 
     std::string m_name;

@@ -111,9 +111,3 @@ bool osu_FilePath::Exists() const
     struct stat status;
     return stat(m_path.cStr(), &status) == 0;
 }
-
-bool osu_FilePath::IsDirectory() const
-{
-    struct stat status;
-    return stat(m_path.cStr(), &status) == 0 && S_ISDIR(status.st_mode);
-}

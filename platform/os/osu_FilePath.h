@@ -48,12 +48,9 @@ public:
     shr_String DirName() const { return osu_FilePathParser(m_path).DirName(); }
     shr_String BaseName() const { return osu_FilePathParser(m_path).BaseName(); }
     shr_String Extension() const { return osu_FilePathParser(m_path).Extension(); }
-    /// The drive of the path: there are none here, so the text is empty.
-    shr_String DeviceName() const { return shr_String(); }
 
     /// Whether there is a file, directory or anything else of this name.
     bool Exists() const;
-    bool IsDirectory() const;
 
 private:
     explicit osu_FilePath(const msg_StringBase& path);

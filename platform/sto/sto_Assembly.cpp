@@ -12,41 +12,33 @@ bool sto_AssemblyAllowedElementType(const std::string& type)
 
 void sto_Assembly::setName(const std::string& name)
 {
-    const std::shared_ptr<mshK_Assembly> assembly = m_reference.fetchWritable();
-    assembly->m_name = name;
-    m_reference.replace(assembly);
+    m_reference.edit([&](mshK_Assembly& assembly) { assembly.m_name = name; });
 }
 
 void sto_Assembly::AssignSection(const setC_Region& region, const std::string& sectionName, double offset)
 {
     sto_requireRegion(region, modelFile());
-    const std::shared_ptr<mshK_Assembly> changed = m_reference.fetchWritable();
-    changed->AssignSection(modelFile(), prtC_SectionAssignment(region, sectionName, offset));
-    m_reference.replace(changed);
+    m_reference.edit([&](mshK_Assembly& changed) {
+        changed.AssignSection(modelFile(), prtC_SectionAssignment(region, sectionName, offset));
+    });
 }
 
 void sto_Assembly::AssignConnectorOrientation(const prtC_ConnectorOrientation& orientation)
 {
     sto_requireRegion(orientation.m_region, modelFile());
-    const std::shared_ptr<mshK_Assembly> changed = m_reference.fetchWritable();
-    changed->AssignConnectorOrientation(modelFile(), orientation);
-    m_reference.replace(changed);
+    m_reference.edit([&](mshK_Assembly& changed) { changed.AssignConnectorOrientation(modelFile(), orientation); });
 }
 
 void sto_Assembly::setSolverInput(const std::string& text)
 {
-    const std::shared_ptr<mshK_Assembly> changed = m_reference.fetchWritable();
-    changed->m_solverInput = text;
-    m_reference.replace(changed);
+    m_reference.edit([&](mshK_Assembly& changed) { changed.m_solverInput = text; });
 }
 
 sto_Mesh sto_Assembly::Mesh(const sto_NodeArg& arg)
 {
     if (hasMesh()) return mesh();
-    const std::shared_ptr<mshK_Assembly> assembly = m_reference.fetchWritable();
     const sto_Mesh made = sto_Mesh::create(m_reference.file(), sto_newMeshIndex(m_model), arg.dimension);
-    assembly->m_mesh = made.shortCut();
-    m_reference.replace(assembly);
+    m_reference.edit([&made](mshK_Assembly& assembly) { assembly.m_mesh = made.shortCut(); });
     return made;
 }
 
@@ -90,9 +82,7 @@ void sto_Assembly::addNodes(const int* labels, const float* coordinates, int cou
         Nset(setName, {{std::string(), std::vector<int>(labels, labels + count)}}, false, false);
         return;
     }
-    const std::shared_ptr<setC_Set> changed = joined.shortCut().fetchWritable();
-    mesh().appendNodes(*changed, labels, count);
-    joined.shortCut().replace(changed);
+    joined.shortCut().edit([&](setC_Set& changed) { mesh().appendNodes(changed, labels, count); });
 }
 
 void sto_Assembly::addElements(const sto_ElementArg& arg, const std::string& setName, const sto_ElemCtrlParams* params)
@@ -120,9 +110,7 @@ void sto_Assembly::joinElements(const sto_ElementArg& arg, const std::string& se
         Elset(setName, {{std::string(), std::vector<int>(arg.labels, arg.labels + arg.numElements)}}, false);
         return;
     }
-    const std::shared_ptr<setC_Set> changed = joined.shortCut().fetchWritable();
-    mesh().appendElements(*changed, arg.labels, arg.numElements);
-    joined.shortCut().replace(changed);
+    joined.shortCut().edit([&](setC_Set& changed) { mesh().appendElements(changed, arg.labels, arg.numElements); });
 }
 
 sto_Set sto_Assembly::Nset(const std::string& name, const std::vector<sto_SetStruct>& groups, bool isInternal,
@@ -158,34 +146,35 @@ void sto_Assembly::modifyNodeSetLabels(const std::string& name, const std::vecto
                                        bool /*isInternal*/, bool isUnsorted)
 {
     const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::nodeSet, name);
-    const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
-    changed->clear();
-    changed->m_unsorted = isUnsorted;
-    for (const sto_SetStruct& group : groups) {
-        meshOf(group.instanceName).appendNodes(*changed, group.labels.data(), static_cast<int>(group.labels.size()));
-    }
-    reference.replace(changed);
+    reference.edit([&](setC_Set& changed) {
+        changed.clear();
+        changed.m_unsorted = isUnsorted;
+        for (const sto_SetStruct& group : groups) {
+            meshOf(group.instanceName).appendNodes(changed, group.labels.data(), static_cast<int>(group.labels.size()));
+        }
+    });
 }
 
 void sto_Assembly::modifyElementSetLabels(const std::string& name, const std::vector<sto_SetStruct>& groups,
                                           bool /*isInternal*/, bool isUnsorted)
 {
     const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::elementSet, name);
-    const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
-    changed->clear();
-    changed->m_unsorted = isUnsorted;
-    for (const sto_SetStruct& group : groups) {
-        meshOf(group.instanceName).appendElements(*changed, group.labels.data(), static_cast<int>(group.labels.size()));
-    }
-    reference.replace(changed);
+    reference.edit([&](setC_Set& changed) {
+        changed.clear();
+        changed.m_unsorted = isUnsorted;
+        for (const sto_SetStruct& group : groups) {
+            meshOf(group.instanceName)
+                .appendElements(changed, group.labels.data(), static_cast<int>(group.labels.size()));
+        }
+    });
 }
 
 void sto_Assembly::modifySurfaceLabels(const std::string& name, const std::vector<mshK_SurfStruct>& groups,
                                        bool /*isInternal*/)
 {
     const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::surface, name);
-    const std::shared_ptr<setC_Set> changed = reference.fetchWritable();
-    changed->clear();
-    for (const mshK_SurfStruct& group : groups) meshOf(group.instanceName).appendFacets(*changed, group.subsets);
-    reference.replace(changed);
+    reference.edit([&](setC_Set& changed) {
+        changed.clear();
+        for (const mshK_SurfStruct& group : groups) meshOf(group.instanceName).appendFacets(changed, group.subsets);
+    });
 }

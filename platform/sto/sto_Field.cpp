@@ -206,18 +206,18 @@ void sto_Field::setStorageType(int type)
     if (type == storageType()) return;
     const auto& file = m_field.file();
     if (type != 0 && type != 1) fio_raise(file->path(), "a field has no precision " + std::to_string(type));
-    const std::shared_ptr<fld_Field> changed = m_field.fetchWritable();
-    if (type == 1) {
-        const sto_FieldView<float> old = view<float>();
-        convert(changed->m_values, changed->m_doubleValues, old.data(), file);
-        if (old.conjugate()) convert(changed->m_conjugate, changed->m_doubleConjugate, old.conjugate(), file);
-    } else {
-        const sto_FieldView<double> old = view<double>();
-        convert(changed->m_doubleValues, changed->m_values, old.data(), file);
-        if (old.conjugate()) convert(changed->m_doubleConjugate, changed->m_conjugate, old.conjugate(), file);
-    }
-    changed->m_storageType = type;
-    m_field.replace(changed);
+    m_field.edit([&](fld_Field& changed) {
+        if (type == 1) {
+            const sto_FieldView<float> old = view<float>();
+            convert(changed.m_values, changed.m_doubleValues, old.data(), file);
+            if (old.conjugate()) convert(changed.m_conjugate, changed.m_doubleConjugate, old.conjugate(), file);
+        } else {
+            const sto_FieldView<double> old = view<double>();
+            convert(changed.m_doubleValues, changed.m_values, old.data(), file);
+            if (old.conjugate()) convert(changed.m_doubleConjugate, changed.m_conjugate, old.conjugate(), file);
+        }
+        changed.m_storageType = type;
+    });
     m_loaded = std::make_shared<Loaded>();
 }
 

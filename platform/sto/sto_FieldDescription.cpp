@@ -3,13 +3,6 @@
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 
-void sto_FieldDescription::setPair(bool isPair)
-{
-    const std::shared_ptr<fld_FieldDescription> description = m_description.fetchWritable();
-    description->m_isPair = isPair;
-    m_description.replace(description);
-}
-
 sto_PartInstance sto_FieldDescription::partInstance() const { return sto_PartInstance(data()->m_instance); }
 
 sto_Assembly sto_FieldDescription::rootAssembly() const

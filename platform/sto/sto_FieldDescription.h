@@ -25,7 +25,6 @@ public:
     int length() const { return data()->m_length; }
     int locationIndex() const { return data()->m_locationIndex; }
     bool isPair() const { return data()->m_isPair; }
-    void setPair(bool isPair);
 
     bool hasOrientation() const { return data()->m_orientation.isValid(); }
     sto_FieldDescription orientation() const { return sto_FieldDescription(data()->m_orientation); }

@@ -22,12 +22,16 @@ std::string_view nameIn(std::string_view keyText)
     return keyText;
 }
 
+std::size_t bytesOf(const fld_FieldDescription& description, int storageType)
+{
+    return static_cast<std::size_t>(description.m_length) * static_cast<std::size_t>(description.m_width) *
+           (storageType == 1 ? sizeof(double) : sizeof(float));
+}
+
 void checkSize(const fld_FieldDescription& description, int storageType, const fio_Buffer& values,
                const fio_Buffer& conjugate, const std::shared_ptr<fio_FileBody>& file)
 {
-    const std::size_t bytes = static_cast<std::size_t>(description.m_length) *
-                              static_cast<std::size_t>(description.m_width) *
-                              (storageType == 1 ? sizeof(double) : sizeof(float));
+    const std::size_t bytes = bytesOf(description, storageType);
     if (values.size() != bytes || (!conjugate.isEmpty() && conjugate.size() != bytes)) {
         fio_raise(file->path(),
                   "the values of field \"" + description.m_label + "\" have another size than its description");
@@ -134,22 +138,23 @@ int sto_FieldFrame::firstKeyOf(const std::vector<sto_FieldDescription>& descript
 
 fio_Buffer sto_FieldFrame::allocateField(const sto_FieldDescription& description, int storageType)
 {
-    const std::shared_ptr<const fld_FieldDescription> data = description.data();
-    return fio_Buffer(static_cast<std::size_t>(data->m_length) * static_cast<std::size_t>(data->m_width) *
-                      (storageType == 1 ? sizeof(double) : sizeof(float)));
+    return allocateField(*description.data(), storageType);
+}
+
+fio_Buffer sto_FieldFrame::allocateField(const fld_FieldDescription& description, int storageType)
+{
+    return fio_Extents::roomFor(bytesOf(description, storageType));
 }
 
 sto_Field sto_FieldFrame::Field(const sto_FieldDescription& description, int key, const fio_Buffer& values,
                                 const fio_Buffer& conjugate, const sto_Field& orientation, int storageType)
 {
-    const std::shared_ptr<fld_Frame> frame = m_frame.fetchWritable();
-    if (frame->m_fields.isNull())
-        fio_raise(m_frame.file()->path(), "the frame has no list of fields; the file is damaged");
+    mrp_Container<fld_Field> fields = m_frame.fetch()->m_fields;
+    if (fields.isNull()) fio_raise(m_frame.file()->path(), "the frame has no list of fields; the file is damaged");
     const lnk_ShortCut<fld_Field> field =
         create(description, key, values, conjugate, orientation.shortCut(), storageType);
-    frame->m_fieldKeys.push_back(key);
-    m_frame.replace(frame);
-    frame->m_fields.append(description.data()->keyName(), field);
+    m_frame.edit([key](fld_Frame& frame) { frame.m_fieldKeys.push_back(key); });
+    fields.append(description.data()->keyName(), field);
     return sto_Field(field);
 }
 
@@ -168,15 +173,15 @@ sto_Field sto_FieldFrame::find(const sto_FieldDescription& description) const
 void sto_FieldFrame::Replace(const sto_Field& field, const fio_Buffer& values, const fio_Buffer& conjugate) const
 {
     const auto& file = field.shortCut().file();
-    const std::shared_ptr<fld_Field> changed = field.shortCut().fetchWritable();
     checkSize(*field.fieldDescription().data(), 0, values, conjugate, file);
-    changed->m_values.adopt(values);
-    changed->m_values.toDisk(file);
-    if (!conjugate.isEmpty()) {
-        changed->m_conjugate.adopt(conjugate);
-        changed->m_conjugate.toDisk(file);
-    }
-    field.shortCut().replace(changed);
+    field.shortCut().edit([&](fld_Field& changed) {
+        changed.m_values.adopt(values);
+        changed.m_values.toDisk(file);
+        if (!conjugate.isEmpty()) {
+            changed.m_conjugate.adopt(conjugate);
+            changed.m_conjugate.toDisk(file);
+        }
+    });
 }
 
 sto_Field sto_FieldFrame::Orientation(const sto_FieldDescription& description, int key, const fio_Buffer& values,

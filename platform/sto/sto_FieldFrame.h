@@ -4,12 +4,15 @@
 #include "platform/result/fld_Frame.h"
 #include "platform/sto/sto_FieldContainer.h"
 #include "platform/store/fio_Buffer.h"
+#include "platform/store/fio_Extents.h"
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+class fld_FieldDescription;
 class sto_Field;
 class sto_FieldDescription;
 
@@ -43,6 +46,11 @@ public:
     /// Room for all values of a description, to be filled and handed to Field().
     /// @param storageType  0 single precision, 1 double
     static fio_Buffer allocateField(const sto_FieldDescription& description, int storageType = 0);
+    static fio_Buffer allocateField(const fld_FieldDescription& description, int storageType = 0);
+    /// Values that the caller has already, to be handed to Field(): the store decides whether they are copied. The
+    /// caller keeps them until then.
+    /// @param pieces  what makes up the values, in their order
+    static fio_Buffer takeField(std::span<const fio_Extents::Piece> pieces) { return fio_Extents::take(pieces); }
     /// Keeps the values of a block; they go to disk at once.
     /// @param conjugate    the imaginary half, of the same size; empty for none
     /// @param orientation  what Orientation() gave; an empty handle for none

@@ -35,9 +35,7 @@ int sto_FieldStep::numberField() const { return m_step.fetch()->m_nextFieldKey; 
 
 void sto_FieldStep::setNumberField(int next)
 {
-    const std::shared_ptr<fld_FieldStep> step = m_step.fetchWritable();
-    step->m_nextFieldKey = next;
-    m_step.replace(step);
+    m_step.edit([&](fld_FieldStep& step) { step.m_nextFieldKey = next; });
 }
 
 sto_FieldDescription sto_FieldStep::Field(fld_FieldDescription description)

@@ -41,6 +41,7 @@ public:
     sto_FieldDescription field(const fld_FieldDescription& like, bool hasOrientation) const;
     /// The same without raising: an empty handle.
     sto_FieldDescription find(const fld_FieldDescription& like, bool hasOrientation) const;
+    /// For tests.
     int numDescriptions() const;
 
     /// The dimension of the model's space: 2 or 3.

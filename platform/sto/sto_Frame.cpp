@@ -2,17 +2,6 @@
 
 #include "platform/sto/sto_FieldFrame.h"
 
-namespace {
-
-template<class Change> void edit(const lnk_ShortCut<fld_Frame>& shortCut, Change change)
-{
-    const std::shared_ptr<fld_Frame> frame = shortCut.fetchWritable();
-    change(*frame);
-    shortCut.replace(frame);
-}
-
-} // namespace
-
 shr_String sto_Frame::frameLabel() const { return m_frame.fetch()->m_label.c_str(); }
 
 float sto_Frame::time() const { return m_frame.fetch()->m_value; }
@@ -25,7 +14,7 @@ shr_String sto_Frame::loadCaseName() const { return m_frame.fetch()->m_loadCase.
 
 void sto_Frame::setLoadCaseName(const shr_String& name)
 {
-    edit(m_frame, [&name](fld_Frame& frame) { frame.m_loadCase = name.cStr(); });
+    m_frame.edit([&name](fld_Frame& frame) { frame.m_loadCase = name.cStr(); });
 }
 
 bool sto_Frame::hasModeNumber() const { return m_frame.fetch()->m_hasMode; }
@@ -34,7 +23,7 @@ int sto_Frame::getModeNumber() const { return m_frame.fetch()->m_mode; }
 
 void sto_Frame::setModeNumber(int mode)
 {
-    edit(m_frame, [mode](fld_Frame& frame) {
+    m_frame.edit([mode](fld_Frame& frame) {
         frame.m_mode = mode;
         frame.m_hasMode = true;
     });
@@ -44,28 +33,28 @@ bool sto_Frame::hasAssociation() const { return m_frame.fetch()->m_hasAssociatio
 
 void sto_Frame::setAssociation(bool has)
 {
-    edit(m_frame, [has](fld_Frame& frame) { frame.m_hasAssociation = has; });
+    m_frame.edit([has](fld_Frame& frame) { frame.m_hasAssociation = has; });
 }
 
 bool sto_Frame::isImaginary() const { return m_frame.fetch()->m_isImaginary; }
 
 void sto_Frame::setImaginary(bool imaginary)
 {
-    edit(m_frame, [imaginary](fld_Frame& frame) { frame.m_isImaginary = imaginary; });
+    m_frame.edit([imaginary](fld_Frame& frame) { frame.m_isImaginary = imaginary; });
 }
 
 int sto_Frame::defaultPrimaryVariable() const { return m_frame.fetch()->m_defaultPrimaryVariable; }
 
 void sto_Frame::setDefaultPrimaryVariable(int key)
 {
-    edit(m_frame, [key](fld_Frame& frame) { frame.m_defaultPrimaryVariable = key; });
+    m_frame.edit([key](fld_Frame& frame) { frame.m_defaultPrimaryVariable = key; });
 }
 
 int sto_Frame::defaultDeformedVariable() const { return m_frame.fetch()->m_defaultDeformedVariable; }
 
 void sto_Frame::setDefaultDeformedVariable(int key)
 {
-    edit(m_frame, [key](fld_Frame& frame) { frame.m_defaultDeformedVariable = key; });
+    m_frame.edit([key](fld_Frame& frame) { frame.m_defaultDeformedVariable = key; });
 }
 
 bool sto_Frame::hasField() const { return m_frame.fetch()->m_fields.isValid(); }

@@ -25,16 +25,21 @@ public:
     void setLoadCaseName(const shr_String& name);
     bool hasModeNumber() const;
     int getModeNumber() const;
+    /// For tests: the library writes none.
     void setModeNumber(int mode);
     /// Whether the frame is one half of a complex pair.
     bool hasAssociation() const;
+    /// For tests: the library writes none.
     void setAssociation(bool has);
     bool isImaginary() const;
+    /// For tests: the library writes none.
     void setImaginary(bool imaginary);
 
     /// The key of the field to be shown first, and of the one to deform the model by; -1 for none.
+    /// For tests.
     int defaultPrimaryVariable() const;
     void setDefaultPrimaryVariable(int key);
+    /// For tests.
     int defaultDeformedVariable() const;
     void setDefaultDeformedVariable(int key);
 

@@ -4,25 +4,14 @@
 #include "platform/store/fio_Error.h"
 #include "platform/store/fio_File.h"
 
-namespace {
-
-template<class Change> void edit(const lnk_ShortCut<fld_History>& shortCut, Change change)
-{
-    const std::shared_ptr<fld_History> history = shortCut.fetchWritable();
-    change(*history);
-    shortCut.replace(history);
-}
-
-} // namespace
-
 void sto_History::setName(const shr_String& name)
 {
-    edit(m_history, [&name](fld_History& history) { history.m_name = name.cStr(); });
+    m_history.edit([&name](fld_History& history) { history.m_name = name.cStr(); });
 }
 
 void sto_History::setLoadCaseName(const shr_String& name)
 {
-    edit(m_history, [&name](fld_History& history) { history.m_loadCase = name.cStr(); });
+    m_history.edit([&name](fld_History& history) { history.m_loadCase = name.cStr(); });
 }
 
 sto_ElementClass sto_History::elementClass() const

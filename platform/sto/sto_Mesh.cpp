@@ -147,10 +147,10 @@ void sto_Mesh::addNodes(const int* labels, const float* coordinates, int count, 
     if (before.NumNodes() > grd_NodeData::firstForeignNode - 1 - count) {
         throw exc_TextException("A mesh cannot have so many nodes.");
     }
-    const std::shared_ptr<grd_NodeData> nodes = reference.fetchWritable();
-    nodes->m_labels.append(labels, count);
-    nodes->m_coordinates.append(coordinates, numbers);
-    reference.replace(nodes);
+    reference.edit([&](grd_NodeData& nodes) {
+        nodes.m_labels.append(labels, count);
+        nodes.m_coordinates.append(coordinates, numbers);
+    });
 
     if (setName.empty()) return;
     const sto_Set joined = nset(setName);
@@ -158,9 +158,7 @@ void sto_Mesh::addNodes(const int* labels, const float* coordinates, int count, 
         Nset(setName, labels, count, false, false);
         return;
     }
-    const std::shared_ptr<setC_Set> set = joined.shortCut().fetchWritable();
-    appendNodes(*set, labels, count);
-    joined.shortCut().replace(set);
+    joined.shortCut().edit([&](setC_Set& set) { appendNodes(set, labels, count); });
 }
 
 void sto_Mesh::checkElementArg(const sto_ElementArg& arg)
@@ -196,64 +194,57 @@ void sto_Mesh::appendChecked(const sto_ElementArg& arg, const sto_ElemCtrlParams
     const std::shared_ptr<const mshK_Mesh> body = mesh();
     mrp_Container<grd_ElementClass> classes = body->m_classes;
     const std::string key = classKey(arg);
-    lnk_ShortCut<grd_ElementClass> reference = classes.get(key);
-    std::shared_ptr<grd_ElementClass> into;
-    if (reference.isNull()) {
-        into = std::make_shared<grd_ElementClass>();
-        into->m_type = arg.type;
-        into->m_category = arg.categoryDescription;
-        into->m_sectionPoints = arg.sectionPoints;
-        into->m_nodesPerElement = arg.nodesPerElement;
-    } else {
-        into = reference.fetchWritable();
-    }
-
     const sto_NodeData nodes(body->m_nodeData);
-    const long long numbers = static_cast<long long>(arg.numElements) * arg.nodesPerElement;
-    int* connectivity = into->m_connectivity.extend(numbers);
-    int last = -1;
-    for (long long i = 0; i < numbers; ++i) {
-        const int node = arg.connectivity[i];
-        if (areIndices) {
-            connectivity[i] = node;
-            continue;
+    const auto append = [&](grd_ElementClass& into) {
+        const long long numbers = static_cast<long long>(arg.numElements) * arg.nodesPerElement;
+        int* connectivity = into.m_connectivity.extend(numbers);
+        int last = -1;
+        for (long long i = 0; i < numbers; ++i) {
+            const int node = arg.connectivity[i];
+            if (areIndices) {
+                connectivity[i] = node;
+                continue;
+            }
+            last = nodes.GetNodeIndexFromLabel(node, last + 1);
+            if (last < 0) {
+                throw exc_TextException(msg_Format("Node number \"%d\" of element \"%d\" does not exist.", node,
+                                                   arg.labels[i / arg.nodesPerElement]));
+            }
+            connectivity[i] = last;
         }
-        last = nodes.GetNodeIndexFromLabel(node, last + 1);
-        if (last < 0) {
-            throw exc_TextException(msg_Format("Node number \"%d\" of element \"%d\" does not exist.", node,
-                                               arg.labels[i / arg.nodesPerElement]));
-        }
-        connectivity[i] = last;
+        into.m_labels.append(arg.labels, arg.numElements);
+        into.m_numElements += arg.numElements;
+        if (params && !params->isEmpty()) into.SetElemControlParams(params->texts(), params->values());
+    };
+    if (const lnk_ShortCut<grd_ElementClass> present = classes.get(key); present.isValid()) {
+        present.edit(append);
+        return;
     }
-    into->m_labels.append(arg.labels, arg.numElements);
-    into->m_numElements += arg.numElements;
-    if (params && !params->isEmpty()) into->SetElemControlParams(params->texts(), params->values());
-    if (reference.isNull()) {
-        reference = lnk_ShortCut<grd_ElementClass>::create(modelFile(), std::move(*into));
-        classes.append(key, reference);
-    } else {
-        reference.replace(into);
-    }
+    grd_ElementClass made;
+    made.m_type = arg.type;
+    made.m_category = arg.categoryDescription;
+    made.m_sectionPoints = arg.sectionPoints;
+    made.m_nodesPerElement = arg.nodesPerElement;
+    append(made);
+    classes.append(key, lnk_ShortCut<grd_ElementClass>::create(modelFile(), std::move(made)));
 }
 
 void sto_Mesh::addElements(const sto_ElementArg& arg, const std::vector<sto_ScopedNode>& nodes,
                            const std::vector<std::string>& names, const sto_ElemCtrlParams* params)
 {
     checkNewElements(arg);
-    const lnk_ShortCut<grd_NodeData> reference = mesh()->m_nodeData;
-    const std::shared_ptr<grd_NodeData> data = reference.fetchWritable();
-    std::vector<int> indices;
-    indices.reserve(nodes.size());
-    bool isForeign = false;
-    for (const sto_ScopedNode& node : nodes) {
-        if (node.instance < 0) {
-            indices.push_back(node.index);
-            continue;
-        }
-        isForeign = true;
-        indices.push_back(data->foreignNode(names[static_cast<std::size_t>(node.instance)], node.index, node.label));
+    std::vector<int> indices(nodes.size());
+    std::transform(nodes.begin(), nodes.end(), indices.begin(), [](const sto_ScopedNode& node) { return node.index; });
+    const auto isForeign = [](const sto_ScopedNode& node) { return node.instance >= 0; };
+    if (std::any_of(nodes.begin(), nodes.end(), isForeign)) {
+        mesh()->m_nodeData.edit([&](grd_NodeData& data) {
+            for (std::size_t i = 0; i < nodes.size(); ++i) {
+                const sto_ScopedNode& node = nodes[i];
+                if (!isForeign(node)) continue;
+                indices[i] = data.foreignNode(names[static_cast<std::size_t>(node.instance)], node.index, node.label);
+            }
+        });
     }
-    if (isForeign) reference.replace(data);
     sto_ElementArg resolved = arg;
     resolved.connectivity = indices.data();
     appendChecked(resolved, params, true);
@@ -269,9 +260,7 @@ void sto_Mesh::addElements(const sto_ElementArg& arg, const std::string& setName
         Elset(setName, arg.labels, arg.numElements, false);
         return;
     }
-    const std::shared_ptr<setC_Set> set = joined.shortCut().fetchWritable();
-    appendElements(*set, arg.labels, arg.numElements);
-    joined.shortCut().replace(set);
+    joined.shortCut().edit([&](setC_Set& set) { appendElements(set, arg.labels, arg.numElements); });
 }
 
 void sto_Mesh::setControlsOfLastClass(const sto_ElemCtrlParams& params)
@@ -279,9 +268,7 @@ void sto_Mesh::setControlsOfLastClass(const sto_ElemCtrlParams& params)
     const mrp_Container<grd_ElementClass> classes = mesh()->m_classes;
     if (classes.isEmpty()) return;
     const lnk_ShortCut<grd_ElementClass> last = classes.at(classes.size() - 1);
-    const std::shared_ptr<grd_ElementClass> changed = last.fetchWritable();
-    changed->SetElemControlParams(params.texts(), params.values());
-    last.replace(changed);
+    last.edit([&](grd_ElementClass& changed) { changed.SetElemControlParams(params.texts(), params.values()); });
 }
 
 sto_SetList sto_Mesh::set() const
@@ -403,28 +390,28 @@ void sto_Mesh::modifyNodeSetLabels(const std::string& name, const int* labels, i
                                    bool isUnsorted)
 {
     const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::nodeSet, name);
-    const std::shared_ptr<setC_Set> set = reference.fetchWritable();
-    set->clear();
-    set->m_unsorted = isUnsorted;
-    appendNodes(*set, labels, count);
-    reference.replace(set);
+    reference.edit([&](setC_Set& set) {
+        set.clear();
+        set.m_unsorted = isUnsorted;
+        appendNodes(set, labels, count);
+    });
 }
 
 void sto_Mesh::modifyElementSetLabels(const std::string& name, const int* labels, int count, bool /*isInternal*/)
 {
     const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::elementSet, name);
-    const std::shared_ptr<setC_Set> set = reference.fetchWritable();
-    set->clear();
-    appendElements(*set, labels, count);
-    reference.replace(set);
+    reference.edit([&](setC_Set& set) {
+        set.clear();
+        appendElements(set, labels, count);
+    });
 }
 
 void sto_Mesh::modifySurfaceSetLabels(const std::string& name, const std::vector<sto_SurfaceSubset>& subsets,
                                       bool /*isInternal*/)
 {
     const lnk_ShortCut<setC_Set> reference = set().require(setC_Set::surface, name);
-    const std::shared_ptr<setC_Set> set = reference.fetchWritable();
-    set->clear();
-    appendFacets(*set, subsets);
-    reference.replace(set);
+    reference.edit([&](setC_Set& set) {
+        set.clear();
+        appendFacets(set, subsets);
+    });
 }

@@ -47,9 +47,9 @@ template<class Body>
 void sto_MeshOwner<Body>::AssignSection(const setC_Region& region, const std::string& sectionName, double offset) const
 {
     sto_requireRegion(region, modelFile());
-    const std::shared_ptr<Body> changed = m_reference.fetchWritable();
-    changed->AssignSection(modelFile(), prtC_SectionAssignment(region, sectionName, offset));
-    m_reference.replace(changed);
+    m_reference.edit([&](Body& changed) {
+        changed.AssignSection(modelFile(), prtC_SectionAssignment(region, sectionName, offset));
+    });
 }
 
 template<class Body>
@@ -59,9 +59,8 @@ void sto_MeshOwner<Body>::assignMaterialOrientation(const setC_Region& region, c
 {
     prtC_MaterialOrientation made = orientation(region, datumName, datum, axis, angle, modelFile());
     made.m_stackDirection = static_cast<int>(stackDirection);
-    const std::shared_ptr<Body> changed = m_reference.fetchWritable();
-    prtC_append(modelFile(), changed->m_assigned.m_materials, datumName, std::move(made));
-    m_reference.replace(changed);
+    m_reference.edit(
+        [&](Body& changed) { prtC_append(modelFile(), changed.m_assigned.m_materials, datumName, std::move(made)); });
 }
 
 template<class Body>
@@ -69,9 +68,8 @@ void sto_MeshOwner<Body>::assignRebarOrientation(const setC_Region& region, cons
                                                  const sto_DatumCsys& datum, prtC_AxisEnm axis, float angle) const
 {
     prtC_MaterialOrientation made = orientation(region, datumName, datum, axis, angle, modelFile());
-    const std::shared_ptr<Body> changed = m_reference.fetchWritable();
-    prtC_append(modelFile(), changed->m_assigned.m_rebars, datumName, std::move(made));
-    m_reference.replace(changed);
+    m_reference.edit(
+        [&](Body& changed) { prtC_append(modelFile(), changed.m_assigned.m_rebars, datumName, std::move(made)); });
 }
 
 template<class Body>
@@ -83,9 +81,9 @@ void sto_MeshOwner<Body>::assignBeamOrientation(const setC_Region& region, prtC_
     made.m_region = region;
     made.m_method = static_cast<int>(method);
     made.m_vector = {vector.x, vector.y, vector.z};
-    const std::shared_ptr<Body> changed = m_reference.fetchWritable();
-    prtC_append(modelFile(), changed->m_assigned.m_beams, region.ConstSet()->m_label, std::move(made));
-    m_reference.replace(changed);
+    m_reference.edit([&](Body& changed) {
+        prtC_append(modelFile(), changed.m_assigned.m_beams, region.ConstSet()->m_label, std::move(made));
+    });
 }
 
 template<class Body>
@@ -102,9 +100,7 @@ sto_DatumCsys sto_MeshOwner<Body>::DatumCsys(const std::string& name, const floa
 
 template<class Body> void sto_MeshOwner<Body>::setSolverInput(const std::string& text) const
 {
-    const std::shared_ptr<Body> changed = m_reference.fetchWritable();
-    changed->m_assigned.m_solverInput = text;
-    m_reference.replace(changed);
+    m_reference.edit([&](Body& changed) { changed.m_assigned.m_solverInput = text; });
 }
 
 template class sto_MeshOwner<mshK_Part>;

@@ -42,11 +42,11 @@ void sto_Model::setTopLevelSolverInput(const std::string& text) { change(&mshK_M
 
 void sto_Model::DefineCyclicSymmetry(const float* startPoint, const float* endPoint, int sectors)
 {
-    const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-    changed->m_sectorAxis.assign(startPoint, startPoint + 3);
-    changed->m_sectorAxis.insert(changed->m_sectorAxis.end(), endPoint, endPoint + 3);
-    changed->m_sectors = sectors;
-    m_reference.replace(changed);
+    m_reference.edit([&](mshK_Model& changed) {
+        changed.m_sectorAxis.assign(startPoint, startPoint + 3);
+        changed.m_sectorAxis.insert(changed.m_sectorAxis.end(), endPoint, endPoint + 3);
+        changed.m_sectors = sectors;
+    });
 }
 
 void sto_Model::setCyclicSymmTieConstraints(const std::vector<std::string>& names)
@@ -109,9 +109,7 @@ sto_PartInstance sto_Model::PartInstanceFromPart(const std::string& partName, co
     instance.m_placement.assign(placement, placement + 6);
     const lnk_ShortCut<mshK_PartInstance> made =
         lnk_ShortCut<mshK_PartInstance>::create(modelFile(), std::move(instance));
-    const std::shared_ptr<mshK_Mesh> placed = mesh.fetchWritable();
-    placed->m_instance = made;
-    mesh.replace(placed);
+    mesh.edit([&made](mshK_Mesh& placed) { placed.m_instance = made; });
     mrp_Container<mshK_PartInstance> instances = assembly.shortCut().fetch()->m_instances;
     instances.append(instanceName, made);
     return sto_PartInstance(made, m_reference);
@@ -133,12 +131,12 @@ sto_DatumCsys sto_Model::file(const std::string& name, axs_DatumCsys datum)
         present.replace(std::make_shared<axs_DatumCsys>(std::move(datum)));
         return sto_DatumCsys(present);
     }
-    const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-    // Datums are never taken out, so their number is an id that none has.
-    datum.m_id = changed->m_datums.size() + 1;
-    prtC_append(modelFile(), changed->m_datums, name, std::move(datum));
-    m_reference.replace(changed);
-    return sto_DatumCsys(changed->m_datums.get(name));
+    m_reference.edit([&](mshK_Model& changed) {
+        // Datums are never taken out, so their number is an id that none has.
+        datum.m_id = changed.m_datums.size() + 1;
+        prtC_append(modelFile(), changed.m_datums, name, std::move(datum));
+    });
+    return sto_DatumCsys(model()->m_datums.get(name));
 }
 
 sto_DatumCsys sto_Model::DatumCsys(const std::string& name, const geo_Vector& x, const geo_Vector& y,
@@ -209,10 +207,8 @@ lnk_ShortCut<secC_Section> sto_Model::Section(const std::string& name, int subTy
     secC_Section made;
     made.m_name = name;
     made.m_subType = subType;
-    const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-    prtC_append(modelFile(), changed->m_sections, name, std::move(made));
-    m_reference.replace(changed);
-    return changed->m_sections.get(name);
+    m_reference.edit([&](mshK_Model& changed) { prtC_append(modelFile(), changed.m_sections, name, std::move(made)); });
+    return section(name);
 }
 
 namespace {
@@ -298,8 +294,7 @@ sto_StoStep sto_Model::step(const shr_String& name) const
 
 int sto_newMeshIndex(const lnk_ShortCut<mshK_Model>& model)
 {
-    const std::shared_ptr<mshK_Model> changed = model.fetchWritable();
-    const int index = changed->m_nextMeshIndex++;
-    model.replace(changed);
+    int index = 0;
+    model.edit([&index](mshK_Model& changed) { index = changed.m_nextMeshIndex++; });
     return index;
 }

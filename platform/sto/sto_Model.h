@@ -40,6 +40,7 @@ public:
     void DefineCyclicSymmetry(const float* startPoint, const float* endPoint, int sectors);
     /// The names of the constraints that tie neighbouring sectors.
     void setCyclicSymmTieConstraints(const std::vector<std::string>& names);
+    /// For tests.
     std::vector<std::string> cyclicSymmTieConstraints() const { return model()->m_sectorTies; }
     bool HasSectorDefinition() const { return sto_ModelSectorDefinition(m_reference).isValid(); }
     sto_ModelSectorDefinition modelSectorDefinition() const { return sto_ModelSectorDefinition(m_reference); }
@@ -49,7 +50,6 @@ public:
     int numParts() const { return model()->m_parts.size(); }
     std::string partName(int index) const { return model()->m_parts.key(index); }
     sto_Part part(int index) const { return sto_Part(model()->m_parts.at(index), m_reference); }
-    bool hasPart(const std::string& name) const { return model()->m_parts.find(name) >= 0; }
     /// Raises when there is no part of that name.
     sto_Part part(const std::string& name) const;
     /// Makes a part without nodes, or gives the one of that name as it is.
@@ -82,7 +82,7 @@ public:
     /// Files a finished system under a name.
     sto_DatumCsys file(const std::string& name, axs_DatumCsys datum);
 
-    /// The sections, by name.
+    /// The sections, by name. The first two are for tests.
     int numSections() const { return model()->m_sections.size(); }
     bool hasSection(const std::string& name) const { return model()->m_sections.find(name) >= 0; }
     /// A null reference where there is none of that name.
@@ -125,9 +125,7 @@ private:
     // Changes one value of the stored model.
     template<class Value> void change(Value mshK_Model::*member, Value value)
     {
-        const std::shared_ptr<mshK_Model> changed = m_reference.fetchWritable();
-        (*changed).*member = std::move(value);
-        m_reference.replace(changed);
+        m_reference.edit([&](mshK_Model& changed) { changed.*member = std::move(value); });
     }
     geo_Vector nodePosition(int meshIndex, int label) const;
     axs_DatumCsys followingNodes(int follows, const int meshIndices[], const int labels[], axs_CsysTypeEnm type) const;

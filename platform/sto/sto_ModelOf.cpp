@@ -6,5 +6,5 @@ lnk_ShortCut<mshK_Model> sto_modelOf(const std::shared_ptr<fio_FileBody>& file)
 {
     const long long root = file->rootObject();
     if (root == 0) return {};
-    return lnk_ShortCut<sto_StoData>(file, root).fetch()->m_models.get("Default Model");
+    return lnk_ShortCut<sto_StoData>(file, root).fetch()->m_models.get(sto_defaultModel);
 }

@@ -29,6 +29,7 @@ public:
     sto_Step Step(const shr_String& name);
     /// Raises when there is no step of that name.
     sto_Step step(const shr_String& name) const;
+    /// For tests.
     bool hasStep(const shr_String& name) const;
     sto_StepContainer steps() const;
 

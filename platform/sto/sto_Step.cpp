@@ -16,13 +16,6 @@ sto_Step::sto_Step(const lnk_ShortCut<fld_Step>& step) : m_step(step), m_index(s
 {
 }
 
-template<class Change> void sto_Step::edit(Change change)
-{
-    const std::shared_ptr<fld_Step> step = m_step.fetchWritable();
-    change(*step);
-    m_step.replace(step);
-}
-
 shr_String sto_Step::name() const { return m_step.fetch()->m_name.c_str(); }
 
 double sto_Step::time() const { return m_step.fetch()->m_period; }
@@ -31,7 +24,7 @@ double sto_Step::totalTime() const { return m_step.fetch()->m_totalTime; }
 
 void sto_Step::setTotalTime(double time)
 {
-    edit([time](fld_Step& step) { step.m_totalTime = time; });
+    m_step.edit([time](fld_Step& step) { step.m_totalTime = time; });
 }
 
 double sto_Step::mass() const { return m_step.fetch()->m_mass; }
@@ -40,7 +33,7 @@ double sto_Step::acousticMass() const { return m_step.fetch()->m_acousticMass; }
 
 void sto_Step::setMass(double mass, double acousticMass)
 {
-    edit([mass, acousticMass](fld_Step& step) {
+    m_step.edit([mass, acousticMass](fld_Step& step) {
         step.m_mass = mass;
         step.m_acousticMass = acousticMass;
     });
@@ -52,7 +45,7 @@ std::vector<double> sto_Step::acousticMassCenter() const { return m_step.fetch()
 
 void sto_Step::setMassCenter(const std::vector<double>& center, const std::vector<double>& acousticCenter)
 {
-    edit([&](fld_Step& step) {
+    m_step.edit([&](fld_Step& step) {
         step.m_massCenter = center;
         step.m_acousticMassCenter = acousticCenter;
     });
@@ -64,7 +57,7 @@ std::vector<double> sto_Step::inertiaAboutOrigin() const { return m_step.fetch()
 
 void sto_Step::setInertia(const std::vector<double>& aboutCenter, const std::vector<double>& aboutOrigin)
 {
-    edit([&](fld_Step& step) {
+    m_step.edit([&](fld_Step& step) {
         step.m_inertiaAboutCenter = aboutCenter;
         step.m_inertiaAboutOrigin = aboutOrigin;
     });
@@ -91,7 +84,7 @@ void sto_Step::FieldStep()
     fld_FieldStep fields;
     fields.m_descriptions = mrp_Container<fld_FieldDescription>::create(m_step.file());
     const auto created = lnk_ShortCut<fld_FieldStep>::create(m_step.file(), std::move(fields));
-    edit([&created](fld_Step& step) { step.m_fieldStep = created; });
+    m_step.edit([&created](fld_Step& step) { step.m_fieldStep = created; });
 }
 
 bool sto_Step::hasField() const { return m_step.fetch()->m_fieldStep.isValid(); }
@@ -104,9 +97,9 @@ void sto_Step::HistoryStep()
     fld_HistoryStep history;
     history.m_histories = mrp_Container<fld_History>::create(m_step.file());
     history.m_times = mrp_Container<fld_Series>::create(m_step.file());
-    const std::shared_ptr<fld_Step> step = m_step.fetchWritable();
-    step->m_historyStep = lnk_ShortCut<fld_HistoryStep>::create(m_step.file(), std::move(history));
-    m_step.replace(step);
+    m_step.edit([&](fld_Step& step) {
+        step.m_historyStep = lnk_ShortCut<fld_HistoryStep>::create(m_step.file(), std::move(history));
+    });
 }
 
 bool sto_Step::hasHistory() const { return m_step.fetch()->m_historyStep.isValid(); }
@@ -117,7 +110,7 @@ std::vector<std::string> sto_Step::loadCaseNames() const { return m_step.fetch()
 
 void sto_Step::addLoadCaseName(const shr_String& name)
 {
-    edit([&name](fld_Step& step) { step.m_loadCaseNames.emplace_back(name.cStr()); });
+    m_step.edit([&name](fld_Step& step) { step.m_loadCaseNames.emplace_back(name.cStr()); });
 }
 
 std::vector<std::string> sto_Step::frameLoadCaseNames() const { return m_step.fetch()->m_frameLoadCaseNames; }
@@ -127,7 +120,7 @@ void sto_Step::setFrameLoadCaseName(int frame, const shr_String& name)
     if (frame < 0 || frame >= numFrames()) {
         fio_raise(m_step.file()->path(), "there is no frame " + std::to_string(frame) + " to name a load case for");
     }
-    edit([frame, &name](fld_Step& step) {
+    m_step.edit([frame, &name](fld_Step& step) {
         const auto place = static_cast<std::size_t>(frame);
         if (step.m_frameLoadCaseNames.size() <= place) step.m_frameLoadCaseNames.resize(place + 1);
         step.m_frameLoadCaseNames[place] = name.cStr();

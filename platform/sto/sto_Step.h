@@ -37,14 +37,17 @@ public:
     /// What the model weighs as the step finds it.
     double mass() const;
     double acousticMass() const;
+    /// For tests: the library writes none.
     void setMass(double mass, double acousticMass);
     /// Three coordinates; empty where nobody has told.
     std::vector<double> massCenter() const;
     std::vector<double> acousticMassCenter() const;
+    /// For tests: the library writes none.
     void setMassCenter(const std::vector<double>& center, const std::vector<double>& acousticCenter);
     /// Six components, 11, 22, 33, 12, 13, 23; empty where nobody has told.
     std::vector<double> inertiaAboutCenter() const;
     std::vector<double> inertiaAboutOrigin() const;
+    /// For tests: the library writes none.
     void setInertia(const std::vector<double>& aboutCenter, const std::vector<double>& aboutOrigin);
 
     /// Lets the step have fields.
@@ -74,8 +77,6 @@ public:
     static lnk_ShortCut<mshK_Step> findModelStep(const std::shared_ptr<fio_FileBody>& file, const std::string& name);
 
 private:
-    template<class Change> void edit(Change change);
-
     lnk_ShortCut<fld_Step> m_step;
     std::shared_ptr<sto_FieldStepIndex> m_index; // shared by the copies of this handle
 };

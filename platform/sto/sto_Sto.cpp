@@ -4,6 +4,7 @@
 #include "platform/model/mshK_Model.h"
 #include "platform/result/fld_Result.h"
 #include "platform/sto/sto_Model.h"
+#include "platform/sto/sto_ModelOf.h"
 #include "platform/sto/sto_Result.h"
 #include "platform/sto/sto_UserData.h"
 #include "platform/store/fio_Error.h"
@@ -45,6 +46,8 @@ sto_Model sto_Sto::model(const char* name) const
     if (found.isNull()) fio_raise(m_file->path(), "has no model named \"" + std::string(name) + "\"");
     return sto_Model(found);
 }
+
+sto_Model sto_Sto::model() const { return model(sto_defaultModel); }
 
 sto_Result sto_Sto::Result()
 {

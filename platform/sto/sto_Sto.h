@@ -64,6 +64,8 @@ public:
     sto_Model Model(const char* name);
     /// Raises when there is no model of that name.
     sto_Model model(const char* name) const;
+    /// The one model of a database.
+    sto_Model model() const;
     /// Makes the results, or gives them.
     sto_Result Result();
     sto_Result result() const;
@@ -80,16 +82,18 @@ public:
     void setAnalysisVersion(const shr_String& version);
     /// The products that the job ran with besides the solver, as numbers.
     std::vector<int> productAddOns() const;
+    /// For tests: the library writes none.
     void setProductAddOns(const std::vector<int>& addOns);
     /// When the database was made, and when the state was saved that is seen here: seconds since 1970.
     long long creationTime() const;
     long long modificationTime() const;
     void setOnlyHasUserDefinedData(bool only);
+    /// For tests.
     bool onlyHasUserDefinedData() const;
 
     /// What the job has told of its course. Raises when there is nothing.
     std::shared_ptr<const dgn_DiagnosticData> ConstGetDiagnosticData() const;
-    /// Takes the place of what was told before.
+    /// Takes the place of what was told before. For tests: the library writes none.
     void setDiagnosticData(const dgn_DiagnosticData& diagnostics);
 
     /// The root object itself.
@@ -110,9 +114,7 @@ private:
     // Changes one value of the root object.
     template<class Value> void change(Value sto_StoData::*member, Value value)
     {
-        const std::shared_ptr<sto_StoData> changed = root().fetchWritable();
-        (*changed).*member = std::move(value);
-        root().replace(changed);
+        root().edit([&](sto_StoData& changed) { changed.*member = std::move(value); });
     }
 
     std::shared_ptr<fio_FileBody> m_file;

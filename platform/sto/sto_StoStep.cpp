@@ -12,20 +12,9 @@ shr_String sto_StoStep::description() const { return m_step.fetch()->m_descripti
 
 int sto_StoStep::getDomain() const { return m_step.fetch()->m_domain; }
 
-namespace {
-
-template<class Change> void edit(const lnk_ShortCut<mshK_Step>& shortCut, Change change)
-{
-    const std::shared_ptr<mshK_Step> step = shortCut.fetchWritable();
-    change(*step);
-    shortCut.replace(step);
-}
-
-} // namespace
-
 void sto_StoStep::setDomain(int domain)
 {
-    edit(m_step, [domain](mshK_Step& step) { step.m_domain = domain; });
+    m_step.edit([domain](mshK_Step& step) { step.m_domain = domain; });
 }
 
 int sto_StoStep::getProcedureType() const { return m_step.fetch()->m_procedure; }
@@ -46,7 +35,7 @@ shr_String sto_StoStep::solverInput() const { return m_step.fetch()->m_solverInp
 
 void sto_StoStep::setSolverInput(const shr_String& text)
 {
-    edit(m_step, [&text](mshK_Step& step) { step.m_solverInput = text.cStr(); });
+    m_step.edit([&text](mshK_Step& step) { step.m_solverInput = text.cStr(); });
 }
 
 std::shared_ptr<const stpC_Step> sto_StoStep::analysisStep() const
@@ -58,7 +47,7 @@ std::shared_ptr<const stpC_Step> sto_StoStep::analysisStep() const
 sto_Restart sto_StoStep::Restart(int first, bool second, bool third, int fourth)
 {
     const auto created = lnk_ShortCut<stpC_Restart>::create(m_step.file(), stpC_Restart(first, second, third, fourth));
-    edit(m_step, [&created](mshK_Step& step) { step.m_restart = created; });
+    m_step.edit([&created](mshK_Step& step) { step.m_restart = created; });
     return sto_Restart(created);
 }
 

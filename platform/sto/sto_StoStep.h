@@ -36,13 +36,13 @@ public:
     shr_String solverInput() const;
     void setSolverInput(const shr_String& text);
 
-    bool hasAnalysisStep() const { return m_step.fetch()->m_settings.isValid(); }
     /// The analysis settings; null for a step without any.
     std::shared_ptr<const stpC_Step> analysisStep() const;
 
     /// Asks for restart data; a later call replaces what an earlier one has asked for. The arguments are the solver's
     /// and are kept in this order.
     sto_Restart Restart(int first, bool second, bool third, int fourth);
+    /// For tests.
     bool hasRestart() const { return m_step.fetch()->m_restart.isValid(); }
     sto_Restart restart() const;
 

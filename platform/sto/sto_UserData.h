@@ -36,7 +36,7 @@ public:
     const lnk_ShortCut<sto_UserDataContent>& shortCut() const { return m_content; }
     /// The curves; where there is no user data, none.
     sto_UserXYDataContainer userXYData() const;
-    /// The numbers of what is kept.
+    /// The numbers of what is kept, for tests.
     int curveCount() const;
     int annotationCount() const;
 

@@ -42,16 +42,12 @@ std::vector<int> lengthsOf(const lnk_ShortCut<sto_UserXYDataContent>& curve, con
 
 void sto_UserXYData::setSourceType(kvp_SourceTypeEnm type)
 {
-    const auto changed = m_content.fetchWritable();
-    changed->m_sourceType = static_cast<int>(type);
-    m_content.replace(changed);
+    m_content.edit([&](sto_UserXYDataContent& changed) { changed.m_sourceType = static_cast<int>(type); });
 }
 
 void sto_UserXYData::setText(std::string sto_UserXYDataContent::*member, const shr_String& to)
 {
-    const auto changed = m_content.fetchWritable();
-    (*changed).*member = to.cStr();
-    m_content.replace(changed);
+    m_content.edit([&](sto_UserXYDataContent& changed) { changed.*member = to.cStr(); });
 }
 
 shr_String sto_UserXYData::description() const
@@ -97,15 +93,15 @@ void sto_UserXYData::setDataListList(const DataList& rows)
         lengths.push_back(row.Size());
         alike = alike && row.Size() == lengths.front();
     }
-    const auto changed = m_content.fetchWritable();
-    // Rows without numbers cannot be counted by their values.
-    if (alike && !lengths.empty() && lengths.front() > 0) {
-        changed->m_columns = lengths.front();
-        lengths.clear();
-    }
-    changed->m_lengths.assign(lengths.data(), static_cast<long long>(lengths.size()));
-    changed->m_values.assign(values.data(), static_cast<long long>(values.size()));
-    m_content.replace(changed);
+    m_content.edit([&](sto_UserXYDataContent& changed) {
+        // Rows without numbers cannot be counted by their values.
+        if (alike && !lengths.empty() && lengths.front() > 0) {
+            changed.m_columns = lengths.front();
+            lengths.clear();
+        }
+        changed.m_lengths.assign(lengths.data(), static_cast<long long>(lengths.size()));
+        changed.m_values.assign(values.data(), static_cast<long long>(values.size()));
+    });
 }
 
 sto_UserXYData sto_UserXYDataContainer::operator[](const shr_String& name) const

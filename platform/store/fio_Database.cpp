@@ -65,7 +65,6 @@ void fio_Statement::check(int code)
     if (code != SQLITE_OK) m_database.raiseCode(code);
 }
 
-void fio_Statement::bindNull(int parameter) { check(sqlite3_bind_null(m_statement, parameter)); }
 void fio_Statement::bind(int parameter, long long value) { check(sqlite3_bind_int64(m_statement, parameter, value)); }
 void fio_Statement::bind(int parameter, double value) { check(sqlite3_bind_double(m_statement, parameter, value)); }
 
@@ -78,11 +77,6 @@ void fio_Statement::bindBlob(int parameter, const void* bytes, std::size_t count
 {
     // A null pointer would bind NULL; an empty list is an empty blob.
     check(sqlite3_bind_blob64(m_statement, parameter, bytes ? bytes : "", count, SQLITE_STATIC));
-}
-
-void fio_Statement::bindZeroBlob(int parameter, std::size_t count)
-{
-    check(sqlite3_bind_zeroblob64(m_statement, parameter, count));
 }
 
 bool fio_Statement::step()

@@ -21,14 +21,12 @@ public:
     fio_Statement& operator=(const fio_Statement&) = delete;
     ~fio_Statement();
 
-    void bindNull(int parameter);
     void bind(int parameter, long long value);
     void bind(int parameter, double value);
     /// The text is borrowed until the statement is stepped for the last time.
     void bind(int parameter, const std::string& text);
     /// The bytes are borrowed in the same way.
     void bindBlob(int parameter, const void* bytes, std::size_t count);
-    void bindZeroBlob(int parameter, std::size_t count);
 
     /// Goes to the next row; false at the end.
     bool step();

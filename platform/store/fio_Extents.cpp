@@ -12,6 +12,9 @@ long long extentCount(std::size_t bytes)
     return static_cast<long long>((bytes + fio_Database::extentBytes - 1) / fio_Database::extentBytes);
 }
 
+// What is gathered before it is written: large enough that a sync costs little a byte, small enough to be no burden.
+constexpr std::size_t gatherBytes = std::size_t{16} << 20;
+
 // Smaller ones are worth a copy, so that their own memory does not wait for the disk.
 constexpr std::size_t smallBytes = std::size_t{1} << 20;
 
@@ -46,6 +49,23 @@ fio_Buffer fio_Extents::roomFor(std::size_t bytes)
     const fio_Buffer given = room.chunk.part(room.used, bytes);
     room.used += (bytes + fio_Buffer::alignment - 1) / fio_Buffer::alignment * fio_Buffer::alignment;
     return given;
+}
+
+fio_Buffer fio_Extents::take(std::span<const Piece> pieces)
+{
+    if (pieces.size() == 1 && pieces.front().count >= gatherBytes) {
+        return fio_Buffer::borrow(pieces.front().bytes, pieces.front().count);
+    }
+    std::size_t bytes = 0;
+    for (const Piece& piece : pieces) bytes += piece.count;
+    fio_Buffer taken = roomFor(bytes);
+    char* to = taken.writable();
+    for (const Piece& piece : pieces) {
+        if (piece.count == 0) continue;
+        std::memcpy(to, piece.bytes, piece.count);
+        to += piece.count;
+    }
+    return taken;
 }
 
 long long fio_Extents::append(const fio_Buffer& bytes)

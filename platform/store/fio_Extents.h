@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <span>
 #include <vector>
 
 /// The bulk arrays of one file. An array is a run of extents with consecutive numbers, all full but the last; it
@@ -13,14 +14,19 @@
 class fio_Extents
 {
 public:
-    /// What is gathered before it is written: large enough that a sync costs little a byte, small enough to be no
-    /// burden.
-    static constexpr std::size_t gatherBytes = 16u << 20;
-
     /// Room for an array that is to be filled and appended soon, not initialised. What is gathered lies side by side in
     /// memory that serves again when the disk has it: among the objects that stay, thousands of buffers that come and
     /// go would leave holes that nothing fits into, and fresh memory is cleared before it is written to.
     static fio_Buffer roomFor(std::size_t bytes);
+    /// Bytes of a caller's, who keeps them until what is given here has been appended.
+    struct Piece
+    {
+        const void* bytes;
+        std::size_t count;
+    };
+    /// The pieces one after the other, to be appended soon: lent by the caller where appending writes them at once and
+    /// they lie in one piece, else copied into room.
+    static fio_Buffer take(std::span<const Piece> pieces);
 
     explicit fio_Extents(fio_Database& database) : m_database(database) {}
 
@@ -56,6 +62,7 @@ public:
     /// Writes what is gathered inside a transaction of the caller's, who tells with gatheredDone() that it stands.
     void writeGathered();
     void gatheredDone();
+    /// For tests.
     bool hasGathered() const { return !m_gathered.empty(); }
     /// Whether so much is gathered that it should go to disk.
     bool isFull() const;
@@ -67,6 +74,7 @@ public:
     /// Deletes extents that no saved state refers to: what a crash or a close without save left behind.
     void dropFrom(long long limit);
 
+    /// For tests.
     std::size_t gatheredBytes() const { return m_gatheredBytes; }
 
 private:

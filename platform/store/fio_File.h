@@ -37,7 +37,7 @@ public:
     /// creation.
     long long modificationDate() const { return m_modificationDate != 0 ? m_modificationDate : m_creationDate; }
     /// The number of the saved state that this handle sees: a reader stays with the one that it found when it opened
-    /// the file, whatever a writer saves since.
+    /// the file, whatever a writer saves since. For tests.
     long long saveCount() const { return m_saveCount; }
     int version();
 
@@ -65,6 +65,7 @@ public:
     void release(long long id);
     void releaseContainer(long long container);
 
+    /// Whether anything waits for a save, for tests.
     bool hasChanges() const;
     /// Writes everything that changed, in one transaction; what a failed save leaves on disk is the state before.
     void save();
@@ -78,7 +79,8 @@ public:
     /// Raises when a reader's state is no longer the latest.
     void raiseIfChanged();
 
-    /// How long rows and extents that a save has superseded stay for readers of the state before.
+    /// How long rows and extents that a save has superseded stay for readers of the state before; told by tests
+    /// alone.
     void keepSuperseded(int seconds) { m_keepSeconds = seconds; }
     static constexpr int defaultKeepSeconds = 60;
 

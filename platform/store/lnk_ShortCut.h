@@ -78,6 +78,15 @@ public:
 
     /// Puts a changed copy in the object's place, to be written by the next save.
     void replace(const std::shared_ptr<T>& object) const { lnk_replace(*this, object); }
+
+    /// Changes the object: a copy is handed to `change`, and put in the object's place once that is through. When it
+    /// raises, the object stays as it was. Within it, the object is not to be edited a second time: that would be lost.
+    template<class Change> void edit(Change&& change) const
+    {
+        const std::shared_ptr<T> object = fetchWritable();
+        change(*object);
+        replace(object);
+    }
 };
 
 #endif

@@ -47,7 +47,7 @@ public:
     static void formalize(const char* family, pcl_MetadataFunction function = nullptr, int schema = 0);
     /// The families in the order in which they came.
     static const std::vector<const char*>& families();
-    /// Forgets every function and class of the schema.
+    /// Forgets every function and class of the schema, for tests.
     static void dropSchema(int schema);
 
     static const pcl_ClassMetadata* find(const char* className);

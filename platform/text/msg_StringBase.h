@@ -112,7 +112,7 @@ public:
     /// text gives a spare character that belongs to no string.
     char& operator[](int index);
 
-    /// Whether both strings stand on the same body.
+    /// Whether both strings stand on the same body, for tests.
     bool sharesWith(const msg_StringBase& other) const noexcept { return m_body == other.m_body; }
 
     friend bool operator==(const msg_StringBase& a, const msg_StringBase& b) noexcept { return a.compare(b) == 0; }

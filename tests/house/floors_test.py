@@ -33,7 +33,7 @@ CLIENTS = ("tools", "examples")
 WITHOUT_CLASS = {
     # free functions and macros
     "bas_Export.h", "fio_Error.h", "fio_SharingVfs.h", "mmo_Memory.h", "msg_NaturalOrder.h",
-    "shr_BtreeCompare.h", "sto_ModelOf.h", "yld.h", "yld_API.h", "yld_EnumMap.h", "yld_Lists.h",
+    "shr_BtreeCompare.h", "sto_ModelOf.h", "yld.h", "yld_API.h", "yld_EnumMap.h",
     "yld_PrimEnum.h",
     # the enumerations of a prefix
     "axs_Enum.h", "fld_Enum.h", "kvp_Enum.h", "ntsC_Enum.h", "prtC_Enum.h",

@@ -233,6 +233,59 @@ TEST(fio_File, aCopyFetchedForWritingChangesNothingUntilItIsPutBack)
     root.file()->close();
 }
 
+TEST(fio_File, anEditReachesTheFileWithTheNextSave)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    const Made root = makeFile(path, sample_Thing());
+    const auto before = root.fetch();
+    root.edit([](sample_Thing& thing) {
+        thing.m_number = 5;
+        thing.m_text = "edited";
+        const int labels[] = {8, 6};
+        thing.m_labels.assign(labels, 2);
+    });
+    EXPECT_EQ(before->m_number, 0);
+    EXPECT_EQ(root.fetch()->m_number, 5);
+    root.file()->save();
+    root.file()->close();
+
+    const fio_File file = fio_File::Open(path.c_str(), false, true);
+    const auto read = rootOf(file).fetch();
+    EXPECT_EQ(read->m_number, 5);
+    EXPECT_EQ(read->m_text, "edited");
+    ASSERT_EQ(read->m_labels.size(), 2);
+    EXPECT_EQ(read->m_labels[0], 8);
+    EXPECT_EQ(read->m_labels[1], 6);
+    EXPECT_EQ(failureOf([&] { rootOf(file).edit([](sample_Thing& thing) { thing.m_number = 6; }); }),
+              path + ": the database is open for reading only");
+    EXPECT_EQ(rootOf(file).fetch()->m_number, 5);
+}
+
+TEST(fio_File, anEditThatRaisesLeavesTheObjectAsItWas)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    sample_Thing thing;
+    thing.m_number = 3;
+    const Made root = makeFile(path, thing);
+    const auto before = root.fetch();
+    const auto breakOff = [&root] {
+        root.edit([](sample_Thing& changed) {
+            changed.m_number = 4;
+            throw exc_TextException("broken off");
+        });
+    };
+    EXPECT_EQ(failureOf(breakOff), "broken off");
+    EXPECT_EQ(root.fetch(), before);
+    EXPECT_EQ(root.fetch()->m_number, 3);
+    EXPECT_FALSE(root.file()->hasChanges());
+    root.file()->save();
+    root.file()->close();
+    const fio_File file = fio_File::Open(path.c_str(), false, true);
+    EXPECT_EQ(rootOf(file).fetch()->m_number, 3);
+}
+
 TEST(fio_File, appendingGoesOnInPlaceWhileAnOlderCopyIsRead)
 {
     const ScratchFolder folder;
@@ -308,6 +361,52 @@ TEST(fio_File, extentsThatNoSavedStateRefersToGoWhenTheNextWriterOpens)
     fio_Statement count = file.body()->database().prepare("SELECT count(*) FROM extent");
     ASSERT_TRUE(count.step());
     EXPECT_EQ(count.integer(0), 0);
+}
+
+TEST(fio_File, whatACallerHasIsLentOnlyWhereItIsWrittenAtOnceAndInOnePiece)
+{
+    const ScratchFolder folder;
+    const std::string path = folder.file("a.yld");
+    const std::vector<int> many(4u << 20, 3); // 16 MiB: as much as is gathered
+    const std::size_t bytes = many.size() * sizeof(int);
+    int few[] = {1, 2, 3};
+    const fio_Extents::Piece whole[] = {{many.data(), bytes}};
+    const fio_Extents::Piece halves[] = {{many.data(), bytes / 2}, {many.data() + many.size() / 2, bytes / 2}};
+    const fio_Extents::Piece less[] = {{many.data(), bytes - sizeof(int)}};
+    const fio_Extents::Piece small[] = {{few, sizeof(int)}, {nullptr, 0}, {few + 1, 2 * sizeof(int)}};
+    {
+        const Made root = makeFile(path, sample_Thing());
+        const fio_Buffer lent = fio_Extents::take(whole);
+        EXPECT_TRUE(lent.isBorrowed());
+        EXPECT_EQ(lent.data(), reinterpret_cast<const char*>(many.data()));
+        const fio_Buffer joined = fio_Extents::take(halves);
+        EXPECT_FALSE(joined.isBorrowed());
+        EXPECT_EQ(joined.size(), bytes);
+        EXPECT_FALSE(fio_Extents::take(less).isBorrowed());
+        EXPECT_TRUE(fio_Extents::take({}).isEmpty());
+        const fio_Buffer copied = fio_Extents::take(small);
+        few[0] = 9;
+        root.edit([&](sample_Thing& thing) {
+            thing.m_labels.adopt(copied);
+            thing.m_labels.toDisk(root.file());
+            thing.m_friend = Ref::create(root.file(), sample_Thing());
+        });
+        EXPECT_GT(root.file()->extents().gatheredBytes(), 0u);
+        root.fetch()->m_friend.edit([&](sample_Thing& thing) {
+            thing.m_labels.adopt(lent);
+            thing.m_labels.toDisk(root.file());
+        });
+        EXPECT_EQ(root.file()->extents().gatheredBytes(), 0u);
+        root.file()->save();
+    }
+    const fio_File file = fio_File::Open(path.c_str(), false, true);
+    const auto thing = rootOf(file).fetch();
+    ASSERT_EQ(thing->m_labels.size(), 3);
+    EXPECT_EQ(std::vector<int>(thing->m_labels.data(), thing->m_labels.data() + 3), (std::vector<int>{1, 2, 3}));
+    const auto large = thing->m_friend.fetch();
+    ASSERT_EQ(large->m_labels.size(), static_cast<long long>(many.size()));
+    EXPECT_EQ(large->m_labels[0], 3);
+    EXPECT_EQ(large->m_labels[large->m_labels.size() - 1], 3);
 }
 
 TEST(fio_File, openingForWritingChangesNothingUntilSomethingIsWritten)

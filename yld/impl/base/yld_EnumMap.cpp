@@ -170,19 +170,6 @@ fld_OutputPositionEnm unMapOutputPosition(yld_Enum::yld_ResultPositionEnum posit
     return row->store;
 }
 
-yld_String enumeratorName(yld_Enum::yld_DataTypeEnum type)
-{
-    if (type == yld_Enum::UNDEFINED_DATATYPE) return "UNDEFINED_DATATYPE";
-    const char* name = fld_DataType::shownBy(type).name;
-    return name ? yld_String(name) : yld_String(static_cast<int>(type));
-}
-
-yld_String enumeratorName(yld_Enum::yld_ResultPositionEnum position)
-{
-    const fld_OutputPosition* place = fld_OutputPosition::shownBy(position);
-    return place && place->name ? yld_String(place->name) : yld_String(static_cast<int>(position));
-}
-
 yld_Enum::yld_InvariantEnum mapInvarEnum(fld_InvariantEnm invariant) { return s_invariants.toPublic(invariant); }
 
 fld_InvariantEnm unMapInvarEnum(yld_Enum::yld_InvariantEnum invariant) { return s_invariants.toStore(invariant); }

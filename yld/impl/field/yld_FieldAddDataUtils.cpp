@@ -4,7 +4,7 @@
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_FieldStep.h"
 #include "platform/store/fio_Extents.h"
-#include "yld/impl/base/yld_Lists.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/field/yld_SetCache.h"
 #include "yld_EnumMap.h"
@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <limits>
 #include <string>
+#include <type_traits>
 #include <unordered_map>
 
 namespace {
@@ -54,7 +55,7 @@ sto_FieldDescriptionBuilder yld_FieldAddDataUtils::describe(const yld_FieldOutpu
 {
     const fld_DataType& type = fld_DataType::of(unMapDataType(field.m_type));
     sto_FieldDescriptionBuilder builder(field.m_name.cStr(), field.m_description.cStr(), type.store);
-    builder.components(yld_textsOf(field.m_componentLabels));
+    builder.components(yld_Convert::texts(field.m_componentLabels));
     builder.invariants(invariantCodes(field));
 
     const long long rows = field.m_rows;
@@ -223,8 +224,10 @@ template<class Visit> void yld_FieldAddDataUtils::eachRow(const Block& block, Vi
 }
 
 template<class T>
-fio_Buffer yld_FieldAddDataUtils::fill(int width, const yld_RowArray& rows, const Block& block, int firstWidth) const
+fio_Buffer yld_FieldAddDataUtils::fill(const fld_FieldDescription& description, const yld_RowArray& rows,
+                                       const Block& block, int firstWidth) const
 {
+    const int width = description.m_width;
     const auto refuse = [this, width] {
         if (m_type.kind == fld_DataType::Kind::SCALAR) yld_raise("SCALAR data should be of length 1.");
         if (m_type.isTensor()) yld_raise("Incorrect tensor data length");
@@ -240,23 +243,20 @@ fio_Buffer yld_FieldAddDataUtils::fill(int width, const yld_RowArray& rows, cons
         });
     }
 
-    const std::size_t bytes = static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T);
-    const bool isAsItStands = rows.isUniform() && wanted == width;
-    if (isAsItStands && block.stretches.size() == 1 && rows.held().size() == bytes) return rows.held();
-    // What is too much to be gathered goes to disk before the call ends: straight from the caller's memory.
-    if (isAsItStands && block.stretches.size() == 1 && bytes >= fio_Extents::gatherBytes) {
-        return fio_Buffer::borrow(rows.row<T>(block.stretches.front().first), bytes);
-    }
-    fio_Buffer buffer = fio_Extents::roomFor(bytes);
-    T* values = reinterpret_cast<T*>(buffer.writable());
-    if (isAsItStands) {
+    if (rows.isUniform() && wanted == width) {
         // Whole stretches as they stand.
+        const std::size_t rowBytes = static_cast<std::size_t>(width) * sizeof(T);
+        const std::size_t bytes = static_cast<std::size_t>(block.numRows) * rowBytes;
+        if (block.stretches.size() == 1 && rows.held().size() == bytes) return rows.held();
+        std::vector<fio_Extents::Piece> pieces;
+        pieces.reserve(block.stretches.size());
         for (const Stretch& stretch : block.stretches) {
-            values =
-                std::copy_n(rows.row<T>(stretch.first), static_cast<std::ptrdiff_t>(stretch.count) * width, values);
+            pieces.push_back({rows.row<T>(stretch.first), static_cast<std::size_t>(stretch.count) * rowBytes});
         }
-        return buffer;
+        return sto_FieldFrame::takeField(pieces);
     }
+    fio_Buffer buffer = sto_FieldFrame::allocateField(description, std::is_same_v<T, double> ? 1 : 0);
+    T* values = reinterpret_cast<T*>(buffer.writable());
     eachRow(block, [&](int from, int to) {
         T* row = values + static_cast<std::ptrdiff_t>(to) * width;
         std::copy_n(rows.row<T>(from), wanted, row);
@@ -265,12 +265,13 @@ fio_Buffer yld_FieldAddDataUtils::fill(int width, const yld_RowArray& rows, cons
     return buffer;
 }
 
-template<class T> fio_Buffer yld_FieldAddDataUtils::fillSystems(const Block& block) const
+template<class T>
+fio_Buffer yld_FieldAddDataUtils::fillSystems(const sto_FieldDescriptionBuilder& wanted, const Block& block) const
 {
     const bool isPlanar = m_type.systems == fld_DataTypeEnm::QUATERNION_2D;
     const int width = fld_DataType::of(m_type.systems).width;
     fio_Buffer buffer =
-        fio_Extents::roomFor(static_cast<std::size_t>(block.numRows) * static_cast<std::size_t>(width) * sizeof(T));
+        sto_FieldFrame::allocateField(wanted.ofSystems(m_type.systems, -1), std::is_same_v<T, double> ? 1 : 0);
     T* values = reinterpret_cast<T*>(buffer.writable());
     const auto convert = [&](int system, T* to) {
         float given[9];
@@ -313,10 +314,9 @@ template<class T> void yld_FieldAddDataUtils::writeValues(const Block& block, co
     const bool hasOrientation = !m_systems.isEmpty();
     constexpr int storageType = sizeof(T) == sizeof(double) ? 1 : 0;
     const int firstWidth = block.numRows > 0 ? m_data.width(block.stretches.front().first) : 0;
-    const fio_Buffer values = fill<T>(wanted.made().m_width, m_data, block, firstWidth);
-    const fio_Buffer conjugate =
-        m_isPair ? fill<T>(wanted.made().m_width, m_conjugate, block, firstWidth) : fio_Buffer();
-    const fio_Buffer systems = hasOrientation ? fillSystems<T>(block) : fio_Buffer();
+    const fio_Buffer values = fill<T>(wanted.made(), m_data, block, firstWidth);
+    const fio_Buffer conjugate = m_isPair ? fill<T>(wanted.made(), m_conjugate, block, firstWidth) : fio_Buffer();
+    const fio_Buffer systems = hasOrientation ? fillSystems<T>(wanted, block) : fio_Buffer();
 
     const int orientationKey = hasOrientation ? m_key++ : -1;
     const sto_FieldDescription description =

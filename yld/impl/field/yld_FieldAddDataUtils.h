@@ -65,8 +65,10 @@ private:
     void cut(const sto_Subset& members, Block& block) const;
     Block blockOf(int index) const;
     void writeOneBlock(const Block& block);
-    template<class T> fio_Buffer fill(int width, const yld_RowArray& rows, const Block& block, int firstWidth) const;
-    template<class T> fio_Buffer fillSystems(const Block& block) const;
+    template<class T>
+    fio_Buffer fill(const fld_FieldDescription& description, const yld_RowArray& rows, const Block& block,
+                    int firstWidth) const;
+    template<class T> fio_Buffer fillSystems(const sto_FieldDescriptionBuilder& wanted, const Block& block) const;
     template<class T> void writeValues(const Block& block, const sto_FieldDescriptionBuilder& wanted);
     template<class Visit> static void eachRow(const Block& block, Visit visit);
 

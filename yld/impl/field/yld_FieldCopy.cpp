@@ -4,7 +4,7 @@
 #include "platform/sto/sto_FieldStep.h"
 #include "platform/store/fio_File.h"
 #include "platform/text/prg_WIP.h"
-#include "yld/impl/base/yld_Lists.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/field/yld_FieldAddDataUtils.h"
 #include "yld/impl/field/yld_SetCache.h"
@@ -228,7 +228,7 @@ void yld_FieldCopy::copy(const yld_SubField& block)
     sto_FieldDescriptionBuilder wanted(m_target.m_name.cStr(), m_target.m_description.cStr(), type.store);
     wanted.shapeOf(*source);
     wanted.completenessOf(*source);
-    std::vector<std::string> labels = yld_textsOf(m_target.m_componentLabels);
+    std::vector<std::string> labels = yld_Convert::texts(m_target.m_componentLabels);
     if (type.isTensor() && labels.size() > static_cast<std::size_t>(source->m_width))
         labels.resize(static_cast<std::size_t>(source->m_width));
     wanted.components(std::move(labels));

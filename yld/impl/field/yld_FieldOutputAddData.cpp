@@ -4,7 +4,7 @@
 #include "platform/sto/sto_Field.h"
 #include "platform/sto/sto_FieldFrame.h"
 #include "platform/sto/sto_FieldStep.h"
-#include "yld/impl/base/yld_Lists.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/field/yld_FieldAddDataSet.h"
 #include "yld/impl/field/yld_FieldAddDataUtils.h"
@@ -73,7 +73,7 @@ void yld_FieldOutput::addData(yld_Enum::yld_ResultPositionEnum position, const s
     const int* first = count > 0 ? labels.run(0, length) : nullptr;
     std::vector<int> gathered;
     if (length < count) {
-        gathered = yld_vectorOf(labels);
+        gathered = yld_Convert::values(labels);
         first = gathered.data();
     }
     const yld_RowArray rows(data);

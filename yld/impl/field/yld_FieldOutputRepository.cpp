@@ -7,21 +7,13 @@
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_ModelOf.h"
 #include "platform/store/fio_File.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 
 #include <map>
 #include <string>
 #include <unordered_set>
 #include <vector>
-
-namespace {
-
-yld_Sequence<int> sequenceOf(const std::vector<int>& keys)
-{
-    return yld_Sequence<int>(keys.data(), static_cast<int>(keys.size()));
-}
-
-} // namespace
 
 yld_FieldOutputRepository::yld_FieldOutputRepository() = default;
 
@@ -74,7 +66,7 @@ bool yld_FieldOutputRepository::readOne(const yld_String& name) const
     if (keys.empty()) return false;
     const sto_Field first = m_fieldFrame.ConstGet().field().get(keys.front());
     yld_FieldOutput field(name, assemblyOf(first.fieldDescription()), m_fieldFrame, m_fieldStep, m_frameNumber);
-    field.addFieldKeys(sequenceOf(keys));
+    field.addFieldKeys(yld_Convert::sequence(keys));
     m_fields.Get().insert(name, field);
     return true;
 }
@@ -151,11 +143,11 @@ bool yld_FieldOutputRepository::readAll() const
     for (const auto& [text, found] : byName) {
         const yld_String name(text.c_str());
         if (m_fields->isMember(name)) {
-            if (m_fields.Get().get(name).addFieldKeys(sequenceOf(found.keys))) isNew = true;
+            if (m_fields.Get().get(name).addFieldKeys(yld_Convert::sequence(found.keys))) isNew = true;
             continue;
         }
         yld_FieldOutput field(name, found.assembly, m_fieldFrame, m_fieldStep, m_frameNumber);
-        field.addFieldKeys(sequenceOf(found.keys));
+        field.addFieldKeys(yld_Convert::sequence(found.keys));
         m_fields.Get().insert(name, field);
         isNew = true;
     }

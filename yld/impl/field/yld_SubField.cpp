@@ -2,7 +2,7 @@
 
 #include "platform/sto/sto_Assembly.h"
 #include "platform/store/fio_File.h"
-#include "yld/impl/base/yld_Lists.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/field/yld_FieldSubset.h"
 #include "yld_EnumMap.h"
@@ -208,7 +208,7 @@ yld_Sequence<int> yld_SubField::indicesInSet(const yld_Set& chosen) const
             if (on.setType() == set.setType() && chosen.name() == on.set().setLabel().c_str()) {
                 found.resize(static_cast<std::size_t>(block.storedLength));
                 for (std::size_t i = 0; i < found.size(); ++i) found[i] = static_cast<int>(i);
-                return yld_sequenceOf(found);
+                return yld_Convert::sequence(found);
             }
         }
 
@@ -227,8 +227,8 @@ yld_Sequence<int> yld_SubField::indicesInSet(const yld_Set& chosen) const
                 for (int k = 0; k < perEntity; ++k) found.push_back(first + k);
             });
         }
-        if (!block.indices.isEmpty()) found = intersection(found, yld_vectorOf(block.indices));
-        return yld_sequenceOf(found);
+        if (!block.indices.isEmpty()) found = intersection(found, yld_Convert::values(block.indices));
+        return yld_Convert::sequence(found);
     });
 }
 
@@ -240,14 +240,14 @@ yld_Sequence<int> yld_SubField::indicesOfElements(const yld_Sequence<int>& label
         std::vector<int> found;
         if (block.place().isOnNodes()) return {};
         const int perEntity = block.valuesPerEntity();
-        const std::vector<int> wanted = yld_vectorOf(labels);
+        const std::vector<int> wanted = yld_Convert::values(labels);
         const std::vector<int> own = entityLabels();
         for (std::size_t entity = 0; entity < own.size(); ++entity) {
             if (std::find(wanted.begin(), wanted.end(), own[entity]) == wanted.end()) continue;
             const int first = static_cast<int>(entity) * perEntity;
             for (int k = 0; k < perEntity; ++k) found.push_back(first + k);
         }
-        return yld_sequenceOf(found);
+        return yld_Convert::sequence(found);
     });
 }
 
@@ -286,7 +286,7 @@ yld_SubField yld_SubField::subsetAt(const yld_Sequence<int>& indices, yld_Enum::
         made.type = block.type;
         if (indices.isEmpty()) return subset;
         yld_FieldSubset taken(block);
-        taken.extract(yld_vectorOf(indices), position);
+        taken.extract(yld_Convert::values(indices), position);
         taken.writeWithTempSet(made, position, block.description.mesh());
         return subset;
     });
@@ -316,7 +316,7 @@ void yld_SubField::materialize() const
         yld_SubFieldBody& block = *m_body;
         const yld_Enum::yld_ResultPositionEnum at = position();
         yld_FieldSubset taken(block);
-        taken.extract(yld_vectorOf(block.indices), at);
+        taken.extract(yld_Convert::values(block.indices), at);
         const int subset = servingSubset(block, taken.labels().size());
         if (subset >= 0) taken.writeOrphanField(block, at, block.subsetSet.ConstGet(), subset);
         else taken.writeWithTempSet(block, at, block.description.mesh());

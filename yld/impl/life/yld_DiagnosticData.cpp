@@ -1,6 +1,7 @@
 #include "yld_DiagnosticData.h"
 
 #include "platform/diagnostic/dgn_DiagnosticData.h"
+#include "yld/impl/base/yld_Convert.h"
 
 yld_DiagnosticData::yld_DiagnosticData() = default;
 yld_DiagnosticData::yld_DiagnosticData(const std::shared_ptr<const dgn_DiagnosticData>& data) : m_data(data) {}
@@ -24,9 +25,7 @@ yld_JobTime yld_DiagnosticData::jobTime() const
 
 yld_Sequence<int> yld_DiagnosticData::jobHistoryDescription() const
 {
-    if (!m_data) return {};
-    const std::vector<int>& history = m_data->GetJobHistoryDescription();
-    return yld_Sequence<int>(history.data(), static_cast<int>(history.size()));
+    return m_data ? yld_Convert::sequence(m_data->GetJobHistoryDescription()) : yld_Sequence<int>();
 }
 
 yld_NumericalProblemSummary yld_DiagnosticData::numericalProblemSummary() const

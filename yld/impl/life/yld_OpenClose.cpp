@@ -1,6 +1,7 @@
 #include "platform/os/osu_Version.h"
 #include "platform/rmt/rmt_RemoteConnectionsRep.h"
 #include "platform/sto/sto_Model.h"
+#include "platform/sto/sto_ModelOf.h"
 #include "platform/sto/sto_Result.h"
 #include "platform/sto/sto_UserData.h"
 #include "platform/store/hdr_YLDHeaderParser.h"
@@ -15,8 +16,6 @@
 #include <cstdio>
 
 namespace {
-
-constexpr const char* defaultModel = "Default Model";
 
 fio_File openForReading(const yld_String& path) { return fio_File::Open(path.cStr(), false, true); }
 
@@ -103,7 +102,7 @@ sto_Sto openStore(const Place& place, bool& readOnly)
 void enterStore(yld_YldRepository& registry, const yld_String& name, const yld_String& path, const sto_Sto& store,
                 bool readOnly)
 {
-    const yld_String title(store.model(defaultModel).modelTitle().c_str());
+    const yld_String title(store.model().modelTitle().c_str());
     const yld_String description(store.description());
     registry.insert(name, yld_Yld(name, title, description, path, store, readOnly, true));
 }
@@ -217,7 +216,7 @@ yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle, const yld_
         sto_Sto store;
         container.CreateSto(store, path, description);
         isMade = true;
-        sto_Model model = store.Model(defaultModel);
+        sto_Model model = store.Model(sto_defaultModel);
         store.Result();
         store.UserData();
         yld_String version("ZANTRA/Scripting Interface ");

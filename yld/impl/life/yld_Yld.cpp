@@ -20,9 +20,11 @@
 #include "platform/store/lnk_Root.h"
 #include "platform/text/msg_Format.h"
 #include "platform/text/prg_WIP.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/life/yld_YldRepository.h"
 #include "yld/impl/model/yld_Mesh.h"
+#include "yld/impl/step/yld_FrameMatch.h"
 #include "yld_AttributeRepository.h"
 #include "yld_DiagnosticData.h"
 #include "yld_EnumMap.h"
@@ -30,15 +32,11 @@
 #include "yld_JobData.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
-#include <limits>
 #include <string>
 #include <vector>
 
 namespace {
-
-constexpr const char* defaultModel = "Default Model";
 
 // The model side of a step that a writer of results makes: what is known of the analysis is the domain, and for a few
 // procedures the keyword.
@@ -111,21 +109,22 @@ yld_Yld::yld_Yld()
 
 yld_Yld::yld_Yld(yld_String name, yld_String analysisTitle, yld_String description, yld_String path,
                  const sto_Sto& store, bool readOnly, bool makeUserData)
+    : yld_Yld(name, analysisTitle, description, path, store, store.model(), readOnly, makeUserData)
+{
+}
+
+yld_Yld::yld_Yld(const yld_String& name, const yld_String& analysisTitle, const yld_String& description,
+                 const yld_String& path, const sto_Sto& store, const sto_Model& model, bool readOnly, bool makeUserData)
     : m_sto(store), m_name(name), m_description(description), m_analysisTitle(analysisTitle), m_path(path),
-      m_steps(yld_StepRepository(store)), m_parts(yld_PartRepository(store.model(defaultModel))),
+      m_steps(yld_StepRepository(store)), m_parts(yld_PartRepository(model)),
       m_sectionCategories(yld_SectionCategoryRepository()),
-      m_rootAssembly(yld_Assembly(yld_String(store.model(defaultModel).rootAssembly().name().c_str()),
-                                  store.model(defaultModel).rootAssembly(), store.model(defaultModel))),
-      m_boundaryConditions(yld_BCRepository(store.model(defaultModel))),
-      m_interactionProperties(yld_IPRepository(store.model(defaultModel))),
-      m_contactControls(yld_ContactControlsRepository(store.model(defaultModel))),
-      m_interactions(yld_InteractionRepository(store.model(defaultModel))),
-      m_predefinedFields(yld_PredefinedFieldRepository(store.model(defaultModel))),
-      m_loads(yld_LoadRepository(store.model(defaultModel))),
-      m_constraints(yld_ConstraintRepository(store.model(defaultModel))),
-      m_fieldOutputRequests(yld_FieldOutputRequestRepository(store.model(defaultModel))),
-      m_historyOutputRequests(yld_HistoryOutputRequestRepository(store.model(defaultModel))), m_readOnly(readOnly),
-      m_apiExtensions(ApiExtensions()), m_globalJob(store.model(defaultModel).globalJob().c_str())
+      m_rootAssembly(yld_Assembly(yld_String(model.rootAssembly().name().c_str()), model.rootAssembly(), model)),
+      m_boundaryConditions(yld_BCRepository(model)), m_interactionProperties(yld_IPRepository(model)),
+      m_contactControls(yld_ContactControlsRepository(model)), m_interactions(yld_InteractionRepository(model)),
+      m_predefinedFields(yld_PredefinedFieldRepository(model)), m_loads(yld_LoadRepository(model)),
+      m_constraints(yld_ConstraintRepository(model)), m_fieldOutputRequests(yld_FieldOutputRequestRepository(model)),
+      m_historyOutputRequests(yld_HistoryOutputRequestRepository(model)), m_readOnly(readOnly),
+      m_apiExtensions(ApiExtensions()), m_globalJob(model.globalJob().c_str())
 {
     if (store.hasUserData()) {
         m_userData = yld_UserData(store.userData());
@@ -145,7 +144,7 @@ int yld_Yld::databaseVersion() const
 
 void yld_Yld::setAnalysisTitle(const yld_String& title)
 {
-    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setModelTitle(title.cStr()); });
+    yld_guard([&] { m_sto.ConstGet().model().setModelTitle(title.cStr()); });
     m_analysisTitle = title;
 }
 
@@ -157,34 +156,34 @@ void yld_Yld::setDescription(const yld_String& description)
 
 void yld_Yld::setGlobalJob(const yld_String& job)
 {
-    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setGlobalJob(job.cStr()); });
+    yld_guard([&] { m_sto.ConstGet().model().setGlobalJob(job.cStr()); });
     m_globalJob = job;
 }
 
 void yld_Yld::setShellGlobalModelToSolid(bool shellToSolid)
 {
-    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setShellToSolid(shellToSolid); });
+    yld_guard([&] { m_sto.ConstGet().model().setShellToSolid(shellToSolid); });
     m_shellToSolid = shellToSolid;
 }
 
 yld_String yld_Yld::solverInput() const
 {
-    return yld_guard([&] { return yld_String(m_sto.ConstGet().model(defaultModel).solverInput().c_str()); });
+    return yld_guard([&] { return yld_String(m_sto.ConstGet().model().solverInput().c_str()); });
 }
 
 void yld_Yld::setSolverInput(const yld_String& text)
 {
-    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setSolverInput(text.cStr()); });
+    yld_guard([&] { m_sto.ConstGet().model().setSolverInput(text.cStr()); });
 }
 
 yld_String yld_Yld::topLevelSolverInput() const
 {
-    return yld_guard([&] { return yld_String(m_sto.ConstGet().model(defaultModel).topLevelSolverInput().c_str()); });
+    return yld_guard([&] { return yld_String(m_sto.ConstGet().model().topLevelSolverInput().c_str()); });
 }
 
 void yld_Yld::setTopLevelSolverInput(const yld_String& text)
 {
-    yld_guard([&] { m_sto.ConstGet().model(defaultModel).setTopLevelSolverInput(text.cStr()); });
+    yld_guard([&] { m_sto.ConstGet().model().setTopLevelSolverInput(text.cStr()); });
 }
 
 void yld_Yld::setOnlyHasUserDefinedData(bool only)
@@ -204,10 +203,9 @@ void yld_Yld::setCyclicSymmetry(const yld_Sequence<float>& point1, const yld_Seq
         yld_raise("The points of the symmetry axis coincide.");
     }
     if (sectors < 1) yld_raise("The number of sectors must be positive.");
-    std::vector<std::string> names;
-    for (int i = 0; i < tieConstraints.size(); ++i) names.emplace_back(tieConstraints[i].cStr());
+    const std::vector<std::string> names = yld_Convert::texts(tieConstraints);
     yld_guard([&] {
-        sto_Model model = m_sto.ConstGet().model(defaultModel);
+        sto_Model model = m_sto.ConstGet().model();
         model.DefineCyclicSymmetry(start, end, sectors);
         model.setCyclicSymmTieConstraints(names);
     });
@@ -215,7 +213,7 @@ void yld_Yld::setCyclicSymmetry(const yld_Sequence<float>& point1, const yld_Seq
 
 bool yld_Yld::hasSectorDefinition() const
 {
-    return yld_guard([&] { return m_sto.ConstGet().model(defaultModel).HasSectorDefinition(); });
+    return yld_guard([&] { return m_sto.ConstGet().model().HasSectorDefinition(); });
 }
 
 yld_SectorDefinition yld_Yld::sectorDefinition() const
@@ -227,7 +225,7 @@ sto_Sto yld_Yld::sto() const { return m_sto.ConstGet(); }
 
 mshK_Model yld_Yld::model() const
 {
-    return yld_guard([&] { return *m_sto.ConstGet().model(defaultModel).model(); });
+    return yld_guard([&] { return *m_sto.ConstGet().model().model(); });
 }
 
 void yld_Yld::extendApi(yld_Enum::yld_ApiType type, const yld_ApiExtension& extension)
@@ -240,7 +238,7 @@ void yld_Yld::extendApi(yld_Enum::yld_ApiType type, const yld_ApiExtension& exte
             stored.m_name = extension.name().cStr();
             stored.m_content = extension.content().cStr();
             stored.m_sto = store.shortCut();
-            stored.m_model = store.model(defaultModel).shortCut();
+            stored.m_model = store.model().shortCut();
             store.ExtendApi(stored);
         });
     }
@@ -260,23 +258,23 @@ void yld_Yld::read() const
 {
     if (m_dataRead) return;
     yld_guard([&] {
-        readModel();
+        const sto_Model model = m_sto.ConstGet().model();
+        readModel(model);
         m_userData.userXYData();
-        if (!m_onlyHasUserDefinedData) readSteps();
+        if (!m_onlyHasUserDefinedData) readSteps(model);
     });
     m_dataRead = true;
 }
 
-void yld_Yld::readModel() const
+void yld_Yld::readModel(const sto_Model& model) const
 {
-    readParts();
-    readSectionCategories();
+    readParts(model);
+    readSectionCategories(model.rootAssembly());
     readAssembly();
 }
 
-void yld_Yld::readParts() const
+void yld_Yld::readParts(const sto_Model& model) const
 {
-    const sto_Model model = m_sto.ConstGet().model(defaultModel);
     yld_PartRepository& parts = m_parts.Get();
     for (int i = 0; i < model.numParts(); ++i) {
         const sto_Part part = model.part(i);
@@ -287,9 +285,8 @@ void yld_Yld::readParts() const
     }
 }
 
-void yld_Yld::readSectionCategories() const
+void yld_Yld::readSectionCategories(const sto_Assembly& assembly) const
 {
-    const sto_Assembly assembly = m_sto.ConstGet().model(defaultModel).rootAssembly();
     yld_SectionCategoryRepository& categories = m_sectionCategories.Get();
     for (int i = 0; i < assembly.numInstances(); ++i) {
         const sto_PartInstance instance = assembly.instance(i);
@@ -321,14 +318,14 @@ void yld_Yld::readAssembly() const
     root.ReadSets(m_assemblyRead);
 }
 
-void yld_Yld::readSteps() const
+void yld_Yld::readSteps(const sto_Model& model) const
 {
     try {
         const sto_StepContainer steps = m_sto.ConstGet().result().steps();
         yld_String previous;
         for (int i = 0; i < steps.size(); ++i) {
             const yld_String key(steps.key(i));
-            readStep(key, previous);
+            readStep(model, key, previous);
             previous = key;
         }
     } catch (...) {
@@ -338,14 +335,14 @@ void yld_Yld::readSteps() const
     }
 }
 
-bool yld_Yld::readStep(const yld_String& name, const yld_String& previous) const
+bool yld_Yld::readStep(const sto_Model& model, const yld_String& name, const yld_String& previous) const
 {
     const sto_Step step = m_sto.ConstGet().result().step(name);
     const sto_StoStep modelStep = step.modelStep();
     const int domain = modelStep.getDomain();
     const auto publicDomain =
         domain >= 1 && domain <= 3 ? static_cast<yld_Enum::yld_DomainEnum>(domain) : yld_Enum::TIME;
-    const shr_ArrayCOW<sto_Assembly> assembly(m_sto.ConstGet().model(defaultModel).rootAssembly());
+    const shr_ArrayCOW<sto_Assembly> assembly(model.rootAssembly());
     m_steps.Get().file(yld_Step(name, step, yld_String(modelStep.description()), assembly, publicDomain, previous,
                                 yld_String(sto_Procedure::keyword(modelStep.getProcedureType()))),
                        yld_String());
@@ -390,7 +387,7 @@ yld_Assembly& yld_Yld::rootAssembly()
 
 const yld_Assembly& yld_Yld::constRootAssembly() const
 {
-    if (!m_dataRead) yld_guard([&] { readModel(); });
+    if (!m_dataRead) yld_guard([&] { readModel(m_sto.ConstGet().model()); });
     return m_rootAssembly.ConstGet();
 }
 
@@ -515,8 +512,9 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
     }
     const int position = all.size();
     const sto_Sto store = m_sto.ConstGet();
+    const sto_Model model = store.model();
     const sto_StoStep modelStep = makeModelStep(
-        store.model(defaultModel), position, name, description, domain, timePeriod,
+        model, position, name, description, domain, timePeriod,
         previousStepName.compare("Initial") == 0 ? yld_String(stpC_InitialStepName()) : previousStepName, procedure);
     double begin = totalTime;
     if (begin < 0.0) {
@@ -531,7 +529,7 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
     step.setTotalTime(begin);
     step.FieldStep();
     step.HistoryStep();
-    const shr_ArrayCOW<sto_Assembly> assembly(store.model(defaultModel).rootAssembly());
+    const shr_ArrayCOW<sto_Assembly> assembly(model.rootAssembly());
     all.file(yld_Step(name, step, description, assembly, domain, previousStepName,
                       yld_String(sto_Procedure::keyword(modelStep.getProcedureType()))),
              previousStepName);
@@ -541,7 +539,7 @@ yld_Step& yld_Yld::Step(const yld_String& name, const yld_String& description, y
 yld_Frame yld_Yld::getFrame(double value, yld_Enum::yld_MatchEnum match)
 {
     yld_StepRepository& all = steps();
-    double best = std::numeric_limits<double>::max();
+    yld_FrameMatch search(value, match);
     int foundStep = -1;
     int foundFrame = -1;
     for (int s = 0; s < all.size(); ++s) {
@@ -550,24 +548,9 @@ yld_Frame yld_Yld::getFrame(double value, yld_Enum::yld_MatchEnum match)
         for (int f = 0; f < step.frames().size(); ++f) {
             float time = static_cast<float>(step.frames().constGet(f).frameValue());
             if (begin > 0.0) time = static_cast<float>(static_cast<double>(time) + begin);
-            const double at = static_cast<double>(time);
-            const double distance = std::fabs(value - at);
-            switch (match) {
-            case yld_Enum::MATCH_CLOSEST:
-                if (distance > best) continue;
-                break;
-            case yld_Enum::MATCH_BEFORE:
-                if (at > value || value - at >= best) continue;
-                break;
-            case yld_Enum::MATCH_AFTER:
-                if (at < value || at - value > best) continue;
-                break;
-            default:
-                if (at != value) continue;
-            }
+            if (!search.isBetter(static_cast<double>(time))) continue;
             foundStep = s;
             foundFrame = f;
-            best = distance;
         }
     }
     if (foundStep < 0) yld_raise("Frame not found.");
@@ -586,7 +569,7 @@ bool yld_Yld::update()
         for (int i = 0; i < stored.size(); ++i) {
             const yld_String key(stored.key(i));
             if (!m_steps.ConstGet().isMember(key)) {
-                readStep(key, previous);
+                readStep(store.model(), key, previous);
                 result = true;
             } else {
                 // The answer of the last step stands for all.

@@ -184,7 +184,7 @@ yld_Yld& enterOnlyStore(yld_YldRepository& registry)
     const std::string persistentName = stores.front().body()->uid();
     const sto_Sto store = sto_StoContainer().getByPersName(persistentName.c_str());
     const yld_String file(lnk_Root::GetFileName(persistentName.c_str()).c_str());
-    const yld_String title(store.model("Default Model").modelTitle().c_str());
+    const yld_String title(store.model().modelTitle().c_str());
     registry.insert(file, yld_Yld(file, title, yld_String(store.description()), yld_YldRepository::normalisedPath(file),
                                   store, true, true));
     return registry.get(file);

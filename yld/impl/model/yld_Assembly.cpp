@@ -3,6 +3,7 @@
 #include "platform/model/prtC_Enum.h"
 #include "platform/shape/shc_Topology.h"
 #include "platform/sto/sto_Model.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_Mesh.h"
 #include "yld/impl/model/yld_MeshInput.h"
@@ -162,7 +163,7 @@ void yld_Assembly::SectionAssignment(const yld_Set& set, const yld_Section& sect
         yld_raise("Section assignment at the assembly level requires a Connector Section.");
     }
     yld_guard([&] {
-        m_assembly->AssignSection(setC_Region(set.set().shortCut()), yld_MeshInput::text(section.name()), offset);
+        m_assembly->AssignSection(setC_Region(set.set().shortCut()), yld_Convert::text(section.name()), offset);
     });
 }
 
@@ -214,7 +215,7 @@ void yld_Assembly::ConnectorOrientation(const yld_Set& set, const yld_DatumCsys&
 
 void yld_Assembly::setSolverInput(const yld_String& text)
 {
-    yld_guard([&] { m_assembly->setSolverInput(yld_MeshInput::text(text)); });
+    yld_guard([&] { m_assembly->setSolverInput(yld_Convert::text(text)); });
 }
 
 yld_String yld_Assembly::solverInput() const
@@ -297,7 +298,7 @@ std::vector<sto_SetStruct> groupsOf(const yld_Sequence<yld_String>& instanceName
         if (!own && !instances.isMember(name)) yld_raise(messages.badInstance, name);
         if (own && !assembly.hasMesh()) yld_raise(messages.noMesh);
         const sto_Mesh mesh = own ? assembly.mesh() : instances.constGet(name).instance().mesh();
-        groups.push_back({yld_MeshInput::text(name), yld_MeshInput::values(labels[i])});
+        groups.push_back({yld_Convert::text(name), yld_Convert::values(labels[i])});
         const std::vector<int>& given = groups.back().labels;
         const int count = static_cast<int>(given.size());
         const int bad = isNodes ? mesh.nodeData().CheckUserNodeLabels(given.data(), count)
@@ -321,7 +322,7 @@ std::vector<mshK_SurfStruct> surfaceGroupsOf(const yld_Sequence<yld_String>& ins
         const yld_Instance& owner = instances.constGet(instanceNames[i]);
         const sto_Mesh mesh = yld_guard([&owner] { return owner.instance().mesh(); });
         mshK_SurfStruct group{
-            yld_MeshInput::text(instanceNames[i]), yld_MeshInput::classify(labels[i], faces[i], mesh), {}};
+            yld_Convert::text(instanceNames[i]), yld_MeshInput::classify(labels[i], faces[i], mesh), {}};
         for (const yld_Enum::yld_ElementFaceEnum face : faces[i]) group.faces.push_back(static_cast<int>(face) - 1);
         groups.push_back(std::move(group));
     }
@@ -338,7 +339,7 @@ yld_Set& yld_Assembly::NodeSet(const yld_String& name, const yld_Sequence<yld_St
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
     yld_guard([&] {
         const std::vector<sto_SetStruct> groups = groupsOf(instanceNames, labels, *m_instances, *m_assembly, true);
-        const sto_Set made = m_assembly->Nset(yld_MeshInput::text(name), groups, isInternal, isUnsorted);
+        const sto_Set made = m_assembly->Nset(yld_Convert::text(name), groups, isInternal, isUnsorted);
         sets.insert(name, setOf(name, made));
     });
     return sets.get(name);
@@ -351,7 +352,7 @@ yld_Set& yld_Assembly::ElementSet(const yld_String& name, const yld_Sequence<yld
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
     yld_guard([&] {
         const std::vector<sto_SetStruct> groups = groupsOf(instanceNames, labels, *m_instances, *m_assembly, false);
-        const sto_Set made = m_assembly->Elset(yld_MeshInput::text(name), groups, isInternal);
+        const sto_Set made = m_assembly->Elset(yld_Convert::text(name), groups, isInternal);
         sets.insert(name, setOf(name, made));
     });
     return sets.get(name);
@@ -365,7 +366,7 @@ yld_Set& yld_Assembly::Surface(const yld_String& name, const yld_Sequence<yld_St
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
     const std::vector<mshK_SurfStruct> groups = surfaceGroupsOf(instanceNames, labels, faces, *m_instances);
     yld_guard([&] {
-        const sto_Set made = m_assembly->Surface(yld_MeshInput::text(name), groups, isInternal);
+        const sto_Set made = m_assembly->Surface(yld_Convert::text(name), groups, isInternal);
         sets.insert(name, setOf(name, made));
     });
     return sets.get(name);
@@ -391,7 +392,7 @@ yld_Set& yld_Assembly::ModifyNodeSet(const yld_String& name, const yld_Sequence<
     if (!sets.isMember(name)) yld_raise("Set \"%s\" does not exist.", name);
     return yld_guard([&]() -> yld_Set& {
         const std::vector<sto_SetStruct> groups = groupsOf(instanceNames, labels, *m_instances, *m_assembly, true);
-        m_assembly->modifyNodeSetLabels(yld_MeshInput::text(name), groups, isInternal, isUnsorted);
+        m_assembly->modifyNodeSetLabels(yld_Convert::text(name), groups, isInternal, isUnsorted);
         return renewSet(sets.get(name), instanceNames);
     });
 }
@@ -405,10 +406,10 @@ yld_Set& yld_Assembly::ModifyElementSet(const yld_String& name, const yld_Sequen
     std::vector<sto_SetStruct> groups;
     for (int i = 0; i < instanceNames.size(); ++i) {
         if (!m_instances->isMember(instanceNames[i])) yld_raise(elementMessages.badInstance, instanceNames[i]);
-        groups.push_back({yld_MeshInput::text(instanceNames[i]), yld_MeshInput::values(labels[i])});
+        groups.push_back({yld_Convert::text(instanceNames[i]), yld_Convert::values(labels[i])});
     }
     return yld_guard([&]() -> yld_Set& {
-        m_assembly->modifyElementSetLabels(yld_MeshInput::text(name), groups, isInternal, false);
+        m_assembly->modifyElementSetLabels(yld_Convert::text(name), groups, isInternal, false);
         return renewSet(sets.get(name), instanceNames);
     });
 }
@@ -422,7 +423,7 @@ yld_Set& yld_Assembly::ModifySurface(const yld_String& name, const yld_Sequence<
     if (!sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
     const std::vector<mshK_SurfStruct> groups = surfaceGroupsOf(instanceNames, labels, faces, *m_instances);
     return yld_guard([&]() -> yld_Set& {
-        m_assembly->modifySurfaceLabels(yld_MeshInput::text(name), groups, isInternal);
+        m_assembly->modifySurfaceLabels(yld_Convert::text(name), groups, isInternal);
         return renewSet(sets.get(name), instanceNames);
     });
 }
@@ -432,7 +433,7 @@ void yld_Assembly::joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum typ
     yld_guard([&] {
         const bool isNodes = type == yld_Enum::NODE_SET;
         const sto_Set set =
-            m_assembly->set().find(isNodes ? setC_Set::nodeSet : setC_Set::elementSet, yld_MeshInput::text(name));
+            m_assembly->set().find(isNodes ? setC_Set::nodeSet : setC_Set::elementSet, yld_Convert::text(name));
         yld_SetRepository& sets = isNodes ? m_nodeSets : m_elementSets;
         const yld_String own[1];
         if (!sets.insert(name, setOf(name, set))) renewSet(sets.get(name), yld_Sequence<yld_String>(own, 1));
@@ -445,12 +446,12 @@ void yld_Assembly::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<
     constexpr int width = 3;
     if (labels.isEmpty()) yld_raise("No node labels provided.");
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, width);
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     yld_guard([&] {
         if (m_assembly->hasMesh() && m_assembly->mesh().nodeData().Dim() != width) {
             yld_raise("The space of part \"%s\" is not that of its mesh.", m_name);
         }
-        m_assembly->addNodes(given.data(), points.data(), static_cast<int>(given.size()), yld_MeshInput::text(setName));
+        m_assembly->addNodes(given.data(), points.data(), static_cast<int>(given.size()), yld_Convert::text(setName));
     });
     ReadMesh();
     if (!setName.empty()) joinSet(setName, yld_Enum::NODE_SET);
@@ -461,7 +462,7 @@ namespace {
 
 void requireAllowed(const yld_String& type)
 {
-    if (!sto_AssemblyAllowedElementType(yld_MeshInput::text(type))) {
+    if (!sto_AssemblyAllowedElementType(yld_Convert::text(type))) {
         yld_raise("Addition of elements of type \"%s\" is not permitted at the assembly level.", type);
     }
 }
@@ -478,7 +479,7 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
     if (!yld_guard([this] { return m_assembly->hasMesh(); })) {
         throw exc_TextException("Element nodes do not exist at the assembly level.");
     }
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     yld_guard([&] {
         sto_Mesh mesh = m_assembly->mesh();
         const int count = static_cast<int>(nodes.size());
@@ -487,7 +488,7 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
             yld_raise("Node number \"%d\" does not exist in the rootAssembly.\n", nodes[static_cast<std::size_t>(bad)]);
         }
         const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, yld_SectionCategory());
-        m_assembly->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr);
+        m_assembly->addElements(arg, yld_Convert::text(setName), params.isSet() ? &params.params() : nullptr);
     });
     if (!m_mesh->isBound()) ReadMesh();
     if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);
@@ -513,7 +514,7 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
         for (int i = 0; i < instanceNames.size(); ++i) {
             const yld_String& name = instanceNames[i];
             if (name.empty()) continue;
-            const auto [place, isNew] = places.emplace(yld_MeshInput::text(name), static_cast<int>(names.size()));
+            const auto [place, isNew] = places.emplace(yld_Convert::text(name), static_cast<int>(names.size()));
             scoped[static_cast<std::size_t>(i)].instance = place->second;
             if (!isNew) continue;
             if (!m_instances->isMember(name)) {
@@ -534,9 +535,9 @@ void yld_Assembly::addElements(const yld_Sequence<int>& labels, const yld_Sequen
             yld_raise("Node number \"%d\" does not exist in the part instance \"%s\".\n", node.label,
                       names[static_cast<std::size_t>(node.instance)].c_str());
         }
-        const std::vector<int> given = yld_MeshInput::values(labels);
+        const std::vector<int> given = yld_Convert::values(labels);
         const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, yld_SectionCategory());
-        m_assembly->addElements(arg, scoped, names, yld_MeshInput::text(setName),
+        m_assembly->addElements(arg, scoped, names, yld_Convert::text(setName),
                                 params.isSet() ? &params.params() : nullptr);
     });
     if (!m_mesh->isBound()) ReadMesh();

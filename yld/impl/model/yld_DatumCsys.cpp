@@ -124,15 +124,31 @@ yld_DatumCsys& yld_DatumCsysRepository::DatumCsysByThreePoints(const yld_String&
     });
 }
 
+namespace {
+
+// Nodes as the store is told of them.
+struct ThreeNodes
+{
+    ThreeNodes(const yld_Node& node1, const yld_Node& node2, const yld_Node& node3)
+        : meshes{node1.meshIndex(), node2.meshIndex(), node3.meshIndex()}, labels{node1.label(), node2.label(),
+                                                                                  node3.label()}
+    {
+    }
+
+    int meshes[3];
+    int labels[3];
+};
+
+} // namespace
+
 yld_DatumCsys& yld_DatumCsysRepository::DatumCsysByThreeNodes(const yld_String& name,
                                                               yld_Enum::yld_DatumCsysTypeEnum type,
                                                               const yld_Node& node1, const yld_Node& node2,
                                                               const yld_Node& node3)
 {
     return file(name, [&](const std::string& key) {
-        const int meshes[3] = {node1.meshIndex(), node2.meshIndex(), node3.meshIndex()};
-        const int labels[3] = {node1.label(), node2.label(), node3.label()};
-        return m_model->DatumCsys3Nodes(key, meshes, labels, unMapDatumCsysType(type));
+        const ThreeNodes nodes(node1, node2, node3);
+        return m_model->DatumCsys3Nodes(key, nodes.meshes, nodes.labels, unMapDatumCsysType(type));
     });
 }
 
@@ -142,9 +158,8 @@ yld_DatumCsys& yld_DatumCsysRepository::DatumCsysByThreeCircNodes(const yld_Stri
                                                                   const yld_Node& node3)
 {
     return file(name, [&](const std::string& key) {
-        const int meshes[3] = {node1.meshIndex(), node2.meshIndex(), node3.meshIndex()};
-        const int labels[3] = {node1.label(), node2.label(), node3.label()};
-        return m_model->DatumCsys3CircNodes(key, meshes, labels, unMapDatumCsysType(type));
+        const ThreeNodes nodes(node1, node2, node3);
+        return m_model->DatumCsys3CircNodes(key, nodes.meshes, nodes.labels, unMapDatumCsysType(type));
     });
 }
 

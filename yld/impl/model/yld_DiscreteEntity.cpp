@@ -1,9 +1,9 @@
 #include "yld_DiscreteEntity.h"
 
 #include "platform/shape/shc_ShapeDictionary.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_Mesh.h"
-#include "yld/impl/model/yld_MeshInput.h"
 #include "yld_EnumMap.h"
 
 yld_DiscreteEntity::yld_DiscreteEntity() : m_mesh(new yld_Mesh), m_elements(m_mesh), m_nodes(m_mesh) {}
@@ -170,7 +170,7 @@ yld_Sequence<int> yld_DiscreteEntity::nodesLabelsFromNodeTypeFace(const yld_Sequ
         const int label = labels[end];
         return yld_Sequence<int>(&label, 1);
     }
-    std::vector<int> nodes = yld_MeshInput::values(labels);
+    std::vector<int> nodes = yld_Convert::values(labels);
     if (static_cast<int>(nodes.size()) < shape->NumNodes()) yld_raise(invalid);
     int picked[shc_Cell::MAX_FACE_NODES] = {};
     int count = 0;

@@ -2,7 +2,6 @@
 
 #include "platform/sto/sto_Mesh.h"
 #include "yld/impl/base/yld_Raise.h"
-#include "yld/impl/model/yld_MeshInput.h"
 
 yld_Element::yld_Element() = default;
 

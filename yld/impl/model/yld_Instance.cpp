@@ -2,9 +2,9 @@
 
 #include "platform/math/eng_Quaternion.h"
 #include "platform/sto/sto_Model.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_Mesh.h"
-#include "yld/impl/model/yld_MeshInput.h"
 
 #include <cmath>
 
@@ -97,7 +97,7 @@ yld_Instance& yld_InstanceRepository::Instance(const yld_String& name, const yld
     yld_guard([&] {
         const sto_Part source = part.part();
         const sto_PartInstance made = m_model->PartInstanceFromPart(
-            yld_MeshInput::text(part.name()), yld_MeshInput::text(name), source.GetMeshIndex(), placement);
+            yld_Convert::text(part.name()), yld_Convert::text(name), source.GetMeshIndex(), placement);
         const yld_MeshHandle mesh(new yld_Mesh(made.mesh(), name, false));
         insert(name, yld_Instance(name, part.embeddedSpace(), made, mesh));
         m_meshes.merge(mesh);

@@ -1,6 +1,7 @@
 #include "yld/impl/model/yld_Mesh.h"
 
 #include "platform/shape/shc_ShapeDictionary.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_MeshInput.h"
 
@@ -8,6 +9,8 @@
 #include <limits>
 
 namespace {
+
+constexpr const char* outOfRange = "Element index out of range.";
 
 yld_Enum::yld_ElementGeometryClass geometryOf(const shc_Topology* shape)
 {
@@ -178,28 +181,37 @@ void yld_Mesh::loadClass(int classIndex, const sto_ElementClass& elementClass)
     m_geometryClass = geometryOf(shape);
 }
 
+void yld_Mesh::enterClass(int classIndex, const sto_ElementClass& elementClass, int start, int index)
+{
+    loadClass(classIndex, elementClass);
+    m_startClass = classIndex;
+    m_classStart = start;
+    m_indexInClass = index - start;
+}
+
+void yld_Mesh::moveForward(int classIndex, int start, int index, bool includeInternal)
+{
+    const sto_ElementData elements = m_store->elementData();
+    const int classes = elements.numClasses();
+    for (int i = classIndex; i < classes; ++i) {
+        const sto_ElementClass each = elements.elementClass(i, start);
+        if (!includeInternal && each.isInternal()) continue;
+        if (index - start < each.numElements()) {
+            enterClass(i, each, start, index);
+            return;
+        }
+        start += each.numElements();
+    }
+    yld_raise(outOfRange);
+}
+
 void yld_Mesh::moveTo(int index, bool includeInternal)
 {
-    const char* const outOfRange = "Element index out of range.";
     if (m_classStart < 0) {
         requireStore();
         if (index >= elementCount(includeInternal)) yld_raise(outOfRange);
-        const sto_ElementData elements = m_store->elementData();
-        const int classes = elements.numClasses();
-        int start = 0;
-        for (int i = 0; i < classes; ++i) {
-            const sto_ElementClass each = elements.elementClass(i, start);
-            if (!includeInternal && each.isInternal()) continue;
-            if (index - start < each.numElements()) {
-                loadClass(i, each);
-                m_startClass = i;
-                m_classStart = start;
-                m_indexInClass = index - start;
-                return;
-            }
-            start += each.numElements();
-        }
-        yld_raise(outOfRange);
+        moveForward(0, 0, index, includeInternal);
+        return;
     }
 
     if (m_startClass == m_currentClass && index >= m_classStart && index - m_classStart < m_classSize) {
@@ -217,31 +229,15 @@ void yld_Mesh::moveTo(int index, bool includeInternal)
     }
     if (index >= start) {
         if (index >= elementCount(false)) yld_raise(outOfRange);
-        const int classes = elements.numClasses();
-        start += size;
-        for (int i = m_startClass + 1; i < classes; ++i) {
-            const sto_ElementClass each = elements.elementClass(i, start);
-            if (each.isInternal()) continue;
-            if (index - start < each.numElements()) {
-                loadClass(i, each);
-                m_startClass = i;
-                m_classStart = start;
-                m_indexInClass = index - start;
-                return;
-            }
-            start += each.numElements();
-        }
-        yld_raise(outOfRange);
+        moveForward(m_startClass + 1, start + size, index, false);
+        return;
     }
     for (int i = m_startClass - 1; i >= 0; --i) {
         const sto_ElementClass each = elements.elementClass(i, 0);
         if (each.isInternal()) continue;
         start -= each.numElements();
         if (index >= start) {
-            loadClass(i, each);
-            m_startClass = i;
-            m_classStart = start;
-            m_indexInClass = index - start;
+            enterClass(i, each, start, index);
             return;
         }
     }
@@ -401,7 +397,7 @@ void yld_Mesh::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_
 {
     const int dimension = store().nodeData().Dim();
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, dimension);
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     yld_guard([&] { m_store->addNodes(given.data(), points.data(), static_cast<int>(given.size()), setName.cStr()); });
     refresh();
 }
@@ -413,7 +409,7 @@ void yld_Mesh::addElements(const yld_Sequence<int>& labels, const yld_Sequence<y
     if (labels.size() != connectivity.size()) yld_raise("Connectivity array must be provided for all elements.");
     const int width = labels.isEmpty() ? 0 : connectivity[0].size();
     const std::vector<int> nodes = yld_MeshInput::connectivity(connectivity, width);
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, category);
     yld_guard([&] { m_store->addElements(arg, setName.cStr(), nullptr); });
     refresh();

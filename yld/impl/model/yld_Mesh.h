@@ -85,6 +85,9 @@ private:
     };
 
     void moveTo(int index, bool includeInternal);
+    // To the first class from this one on, whose elements begin at `start`, that has the element.
+    void moveForward(int classIndex, int start, int index, bool includeInternal);
+    void enterClass(int classIndex, const sto_ElementClass& elementClass, int start, int index);
     void loadClass(int classIndex, const sto_ElementClass& elementClass);
     yld_Element elementHere();
     int labelHere();

@@ -1,21 +1,11 @@
 #include "yld/impl/model/yld_MeshInput.h"
 
 #include "platform/shape/shc_ShapeDictionary.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld_EnumMap.h"
 
 #include <algorithm>
-
-std::vector<int> yld_MeshInput::values(const yld_Sequence<int>& sequence)
-{
-    std::vector<int> all;
-    all.reserve(static_cast<std::size_t>(sequence.size()));
-    for (int i = 0, length = 0; i < sequence.size(); i += length) {
-        const int* run = sequence.run(i, length);
-        all.insert(all.end(), run, run + length);
-    }
-    return all;
-}
 
 namespace {
 
@@ -83,18 +73,18 @@ sto_ElementArg yld_MeshInput::elementArg(const yld_String& type, const std::vect
 {
     constexpr int mostSectionPoints = 1000000;
     sto_ElementArg arg;
-    arg.type = text(type);
+    arg.type = yld_Convert::text(type);
     arg.labels = labels.data();
     arg.numElements = static_cast<int>(labels.size());
     arg.connectivity = connectivity.data();
     arg.nodesPerElement = width;
-    arg.categoryDescription = text(category.description());
+    arg.categoryDescription = yld_Convert::text(category.description());
     for (const yld_SectionPoint& point : category.sectionPoints()) {
         if (point.number() < 1) continue;
         if (point.number() > mostSectionPoints) yld_raise("Invalid section point number %d.", point.number());
         const std::size_t place = static_cast<std::size_t>(point.number() - 1);
         if (arg.sectionPoints.size() <= place) arg.sectionPoints.resize(place + 1);
-        arg.sectionPoints[place] = text(point.description());
+        arg.sectionPoints[place] = yld_Convert::text(point.description());
     }
     return arg;
 }
@@ -142,7 +132,7 @@ std::vector<sto_SurfaceSubset> yld_MeshInput::classify(const yld_Sequence<int>& 
                                                        const sto_Mesh& mesh)
 {
     const sto_ElementData elements = mesh.elementData();
-    const std::vector<int> given = values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     const int count = static_cast<int>(given.size());
     std::vector<int> classes(given.size());
     std::vector<int> places(given.size());

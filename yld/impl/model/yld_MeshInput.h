@@ -16,9 +16,6 @@ class shc_Topology;
 class yld_MeshInput
 {
 public:
-    static std::vector<int> values(const yld_Sequence<int>& sequence);
-    static std::string text(const yld_String& string) { return std::string(string.cStr()); }
-
     /// All rows in one array. Raises "Number of node labels and coordinates does not match." and "Node location
     /// specification does not correspond to part dimension. %1$s floats expected; %2$s floats received.".
     static std::vector<float> coordinates(const yld_Sequence<int>& labels,

@@ -4,6 +4,7 @@
 #include "platform/result/fld_Enum.h"
 #include "platform/sto/sto_Model.h"
 #include "platform/text/prg_WIP.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_Mesh.h"
 #include "yld/impl/model/yld_MeshInput.h"
@@ -48,12 +49,12 @@ void yld_Part::addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_
     const int width = plane ? 2 : 3;
     if (labels.isEmpty()) yld_raise("No node labels provided.");
     const std::vector<float> points = yld_MeshInput::coordinates(labels, coordinates, width);
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     if (!setName.empty()) readSets(setC_Set::nodeSet, false, m_nodeSets);
     yld_guard([&] {
         sto_Mesh mesh = m_stored->mesh();
         if (mesh.nodeData().Dim() != width) yld_raise("The space of part \"%s\" is not that of its mesh.", m_name);
-        m_stored->addNodes(given.data(), points.data(), static_cast<int>(given.size()), yld_MeshInput::text(setName));
+        m_stored->addNodes(given.data(), points.data(), static_cast<int>(given.size()), yld_Convert::text(setName));
     });
     bindMesh();
     if (!setName.empty()) joinSet(setName, yld_Enum::NODE_SET);
@@ -73,7 +74,7 @@ void yld_Part::bindMesh()
 // The sets that were there before have been read: one that stands alone in the repository would hide them.
 void yld_Part::joinSet(const yld_String& name, yld_Enum::yld_SetTypeEnum type)
 {
-    const std::string wanted = yld_MeshInput::text(name);
+    const std::string wanted = yld_Convert::text(name);
     yld_guard([&] {
         const bool isNodes = type == yld_Enum::NODE_SET;
         const sto_Set set = isNodes ? m_stored->mesh().nset(wanted) : m_stored->mesh().elset(wanted);
@@ -88,11 +89,11 @@ void yld_Part::addElements(const yld_Sequence<int>& labels, const yld_Sequence<y
 {
     int width = 0;
     const std::vector<int> nodes = yld_MeshInput::elements(labels, connectivity, type, width);
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     const sto_ElementArg arg = yld_MeshInput::elementArg(type, given, nodes, width, category);
     if (!setName.empty()) readSets(setC_Set::elementSet, false, m_elementSets);
     yld_guard(
-        [&] { m_stored->addElements(arg, yld_MeshInput::text(setName), params.isSet() ? &params.params() : nullptr); });
+        [&] { m_stored->addElements(arg, yld_Convert::text(setName), params.isSet() ? &params.params() : nullptr); });
     if (!setName.empty()) joinSet(setName, yld_Enum::ELEMENT_SET);
 }
 
@@ -136,7 +137,7 @@ yld_Part& yld_PartRepository::Part(const yld_String& name, yld_Enum::yld_Dimensi
         break;
     }
     yld_guard([&] {
-        const sto_Part made = m_model->Part(yld_MeshInput::text(name), code, mshK_Part::typeDeformable);
+        const sto_Part made = m_model->Part(yld_Convert::text(name), code, mshK_Part::typeDeformable);
         insert(name,
                yld_Part(name, mapDimension(static_cast<fld_DimensionEnm>(made.space())),
                         mapPartType(static_cast<prtC_PartTypeEnm>(made.type())), made, yld_MeshHandle(new yld_Mesh)));

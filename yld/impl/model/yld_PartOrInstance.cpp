@@ -1,6 +1,7 @@
 #include "yld_PartOrInstance.h"
 
 #include "platform/sto/sto_Model.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_Mesh.h"
 #include "yld/impl/model/yld_MeshInput.h"
@@ -70,7 +71,7 @@ yld_Set& yld_PartOrInstance<Entity>::makeNodeSet(yld_SetRepository& sets, const 
                                                  bool isSortedFirst)
 {
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    std::vector<int> given = yld_MeshInput::values(labels);
+    std::vector<int> given = yld_Convert::values(labels);
     if (isSortedFirst) {
         std::sort(given.begin(), given.end());
         given.erase(std::unique(given.begin(), given.end()), given.end());
@@ -80,7 +81,7 @@ yld_Set& yld_PartOrInstance<Entity>::makeNodeSet(yld_SetRepository& sets, const 
         sto_Mesh mesh = m_stored->mesh();
         const int bad = mesh.nodeData().CheckUserNodeLabels(given.data(), count);
         if (bad < count) yld_raise("Invalid node label %d", given[static_cast<std::size_t>(bad)]);
-        return join(sets, name, mesh.Nset(yld_MeshInput::text(name), given.data(), count, isInternal, isUnsorted));
+        return join(sets, name, mesh.Nset(yld_Convert::text(name), given.data(), count, isInternal, isUnsorted));
     });
 }
 
@@ -89,13 +90,13 @@ yld_Set& yld_PartOrInstance<Entity>::makeElementSet(yld_SetRepository& sets, con
                                                     const yld_Sequence<int>& labels, bool isInternal)
 {
     if (sets.isMember(name)) yld_raise("Duplicate set or surface name %s", name);
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     const int count = static_cast<int>(given.size());
     return yld_guard([&]() -> yld_Set& {
         sto_Mesh mesh = m_stored->mesh();
         const int bad = mesh.elementData().CheckUserElementLabels(given.data(), count);
         if (bad < count) yld_raise("Invalid element label %d", given[static_cast<std::size_t>(bad)]);
-        return join(sets, name, mesh.Elset(yld_MeshInput::text(name), given.data(), count, isInternal));
+        return join(sets, name, mesh.Elset(yld_Convert::text(name), given.data(), count, isInternal));
     });
 }
 
@@ -124,7 +125,7 @@ yld_Set& yld_PartOrInstance<Entity>::Surface(const yld_String& name, const yld_S
     sto_Mesh mesh = yld_guard([this] { return m_stored->mesh(); });
     const std::vector<sto_SurfaceSubset> subsets = yld_MeshInput::classify(labels, faces, mesh);
     return yld_guard(
-        [&]() -> yld_Set& { return join(sets, name, mesh.Surface(yld_MeshInput::text(name), subsets, isInternal)); });
+        [&]() -> yld_Set& { return join(sets, name, mesh.Surface(yld_Convert::text(name), subsets, isInternal)); });
 }
 
 template<class Entity>
@@ -140,7 +141,7 @@ void yld_PartOrInstance<Entity>::assignSection(const yld_Set& set, const yld_Sec
     if (set.type() != yld_Enum::ELEMENT_SET) yld_raise("Section assignment requires element sets.");
     if (!elementSets(false, false).isMember(set.name())) yld_raise(Messages<Entity>::foreignSection);
     yld_guard([&] {
-        m_stored->AssignSection(regionOf(set), yld_MeshInput::text(section.name()), static_cast<double>(offset));
+        m_stored->AssignSection(regionOf(set), yld_Convert::text(section.name()), static_cast<double>(offset));
     });
 }
 
@@ -157,7 +158,7 @@ void yld_PartOrInstance<Entity>::assignMaterialOrientation(const yld_Set& set, c
 {
     requireOrientable(set);
     yld_guard([&] {
-        m_stored->assignMaterialOrientation(regionOf(set), yld_MeshInput::text(csys.name()), csys.datumCsys(),
+        m_stored->assignMaterialOrientation(regionOf(set), yld_Convert::text(csys.name()), csys.datumCsys(),
                                             unMapAxisEnum(axis), angle,
                                             unMapStackDirectionEnumToStackDirection(stackDirection));
     });
@@ -169,7 +170,7 @@ void yld_PartOrInstance<Entity>::assignRebarOrientation(const yld_Set& set, cons
 {
     requireOrientable(set);
     yld_guard([&] {
-        m_stored->assignRebarOrientation(regionOf(set), yld_MeshInput::text(csys.name()), csys.datumCsys(),
+        m_stored->assignRebarOrientation(regionOf(set), yld_Convert::text(csys.name()), csys.datumCsys(),
                                          unMapAxisEnum(axis), angle);
     });
 }
@@ -196,25 +197,25 @@ yld_PartOrInstance<Entity>::DatumCsysByThreePoints(const yld_String& name, yld_E
     float points[9];
     yld_DatumCsysRepository::threePoints(origin, point1, point2, points);
     return yld_guard([&] {
-        return yld_DatumCsys(name, m_stored->DatumCsys(yld_MeshInput::text(name), points, unMapDatumCsysType(type)));
+        return yld_DatumCsys(name, m_stored->DatumCsys(yld_Convert::text(name), points, unMapDatumCsysType(type)));
     });
 }
 
 template<class Entity> bool yld_PartOrInstance<Entity>::hasDatumCsys(const yld_String& name) const
 {
-    return yld_guard([&] { return sto_Model(m_stored->model()).hasDatum(yld_MeshInput::text(name)); });
+    return yld_guard([&] { return sto_Model(m_stored->model()).hasDatum(yld_Convert::text(name)); });
 }
 
 template<class Entity> yld_DatumCsys yld_PartOrInstance<Entity>::datumCsys(const yld_String& name) const
 {
     return yld_guard([&] {
-        return yld_DatumCsys(name, sto_Model(m_stored->model()).datum(yld_MeshInput::text(name)).CvtDatumCsys());
+        return yld_DatumCsys(name, sto_Model(m_stored->model()).datum(yld_Convert::text(name)).CvtDatumCsys());
     });
 }
 
 template<class Entity> void yld_PartOrInstance<Entity>::setSolverInput(const yld_String& text)
 {
-    yld_guard([&] { m_stored->setSolverInput(yld_MeshInput::text(text)); });
+    yld_guard([&] { m_stored->setSolverInput(yld_Convert::text(text)); });
 }
 
 template<class Entity> yld_String yld_PartOrInstance<Entity>::solverInput() const

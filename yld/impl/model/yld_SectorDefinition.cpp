@@ -2,22 +2,14 @@
 
 #include "platform/sto/sto_Model.h"
 #include "platform/sto/sto_Sto.h"
-
-namespace {
-
-yld_Sequence<float> sequenceOf(const std::array<float, 3>& point)
-{
-    return yld_Sequence<float>(point.data(), static_cast<int>(point.size()));
-}
-
-} // namespace
+#include "yld/impl/base/yld_Convert.h"
 
 yld_SectorDefinition::yld_SectorDefinition(const sto_Sto& store)
 {
-    const sto_Model model = store.model("Default Model");
+    const sto_Model model = store.model();
     if (!model.HasSectorDefinition()) return;
-    m_startPoint = sequenceOf(model.modelSectorDefinition().GetStartPoint());
-    m_endPoint = sequenceOf(model.modelSectorDefinition().GetEndPoint());
+    m_startPoint = yld_Convert::sequence(model.modelSectorDefinition().GetStartPoint());
+    m_endPoint = yld_Convert::sequence(model.modelSectorDefinition().GetEndPoint());
     m_numSymmetricSectors = model.modelSectorDefinition().GetNumberOfSectors();
 }
 

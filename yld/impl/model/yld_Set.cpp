@@ -2,6 +2,7 @@
 
 #include "platform/shape/shc_Topology.h"
 #include "platform/sto/sto_Mesh.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
 #include "yld/impl/model/yld_Mesh.h"
 #include "yld/impl/model/yld_MeshInput.h"
@@ -59,11 +60,6 @@ const sto_Set& yld_Set::set() const { return *m_set; }
 
 namespace {
 
-yld_Sequence<int> sequenceOf(const std::vector<int>& values)
-{
-    return yld_Sequence<int>(values.data(), static_cast<int>(values.size()));
-}
-
 // Adds up, or says that the file is wrong: places come from a file.
 int placeInMesh(int member, int offset)
 {
@@ -112,7 +108,7 @@ void readFacets(const sto_Subset& subset, int offset, bool isShell, SurfaceGroup
 void readSurface(const sto_Subset& subset, const yld_Mesh& mesh, SurfaceGroup& group)
 {
     if (subset.subsetType() == setC_SubSet::nodes) {
-        group.nodes = sequenceOf(subset.members());
+        group.nodes = yld_Convert::sequence(subset.members());
         return;
     }
     if (subset.classIndex() < 0) {
@@ -151,7 +147,7 @@ void yld_Set::fill() const
             for (int i = 0; i < subsets; ++i) {
                 const sto_Subset subset = m_set->subSet(i);
                 const yld_MeshHandle& mesh = m_meshes.meshFromMeshIndex(subset.meshIndex());
-                m_nodes.append(yld_SequenceNode(sequenceOf(subset.members()), mesh));
+                m_nodes.append(yld_SequenceNode(yld_Convert::sequence(subset.members()), mesh));
             }
             break;
         case yld_Enum::ELEMENT_SET: {
@@ -166,7 +162,7 @@ void yld_Set::fill() const
                 const int offset = classOffset(*groups[at].mesh, subset.classIndex());
                 std::vector<int> members = subset.members();
                 for (int& member : members) member = placeInMesh(member, offset);
-                if (groups[at].members.isEmpty()) groups[at].members = sequenceOf(members);
+                if (groups[at].members.isEmpty()) groups[at].members = yld_Convert::sequence(members);
                 else {
                     for (int member : members) groups[at].members.append(member);
                 }
@@ -300,7 +296,7 @@ void yld_Set::addLabels(const yld_Sequence<int>& labels, bool isInternal, bool i
     const yld_Enum::yld_SetTypeEnum kind = type();
     if (m_meshes.size() == 0) yld_raise("Entity has no mesh.");
     sto_Mesh mesh = m_meshes.mesh(0)->store();
-    const std::vector<int> given = yld_MeshInput::values(labels);
+    const std::vector<int> given = yld_Convert::values(labels);
     const int count = static_cast<int>(given.size());
     if (kind == yld_Enum::SURFACE_SET) {
         const std::vector<sto_SurfaceSubset> subsets =

@@ -2,8 +2,8 @@
 
 #include "platform/result/fld_OutputPosition.h"
 #include "platform/sto/sto_HistoryStep.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
-#include "yld/impl/model/yld_MeshInput.h"
 #include "yld_EnumMap.h"
 #include "yld_Instance.h"
 #include "yld_Set.h"
@@ -33,7 +33,7 @@ const sto_Set& yld_HistoryRegionPers::results(const sto_PartInstance& instance, 
     sto_Set& set = resultsSet();
     if (set.isValid()) return set;
     const std::string name =
-        yld_MeshInput::text(historyPoint().shortText()) + (isNode ? " results_nset" : " results_elset");
+        yld_Convert::text(historyPoint().shortText()) + (isNode ? " results_nset" : " results_elset");
     const int label = isNode ? historyPoint().node().label() : historyPoint().element().label();
     const int type = isNode ? setC_Set::nodeSet : setC_Set::elementSet;
     // Another region at the place, or an earlier session, may have made it.

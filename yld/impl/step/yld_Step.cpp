@@ -10,10 +10,11 @@
 #include "platform/sto/sto_Procedure.h"
 #include "platform/sto/sto_Step.h"
 #include "platform/sto/sto_StoStep.h"
+#include "yld/impl/base/yld_Convert.h"
 #include "yld/impl/base/yld_Raise.h"
+#include "yld/impl/step/yld_FrameMatch.h"
 #include "yld/impl/step/yld_StepHistory.h"
 
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -133,33 +134,24 @@ double yld_Step::mass() const { return m_step.IsValid() ? m_step->mass() : 0.0; 
 
 double yld_Step::acousticMass() const { return m_step.IsValid() ? m_step->acousticMass() : 0.0; }
 
-namespace {
-
-template<class T> yld_Sequence<T> sequenceOf(const std::vector<T>& values)
-{
-    return yld_Sequence<T>(values.data(), static_cast<int>(values.size()));
-}
-
-} // namespace
-
 yld_Sequence<double> yld_Step::massCenter() const
 {
-    return m_step.IsValid() ? sequenceOf(m_step->massCenter()) : yld_Sequence<double>();
+    return m_step.IsValid() ? yld_Convert::sequence(m_step->massCenter()) : yld_Sequence<double>();
 }
 
 yld_Sequence<double> yld_Step::acousticMassCenter() const
 {
-    return m_step.IsValid() ? sequenceOf(m_step->acousticMassCenter()) : yld_Sequence<double>();
+    return m_step.IsValid() ? yld_Convert::sequence(m_step->acousticMassCenter()) : yld_Sequence<double>();
 }
 
 yld_Sequence<double> yld_Step::inertiaAboutCenter() const
 {
-    return m_step.IsValid() ? sequenceOf(m_step->inertiaAboutCenter()) : yld_Sequence<double>();
+    return m_step.IsValid() ? yld_Convert::sequence(m_step->inertiaAboutCenter()) : yld_Sequence<double>();
 }
 
 yld_Sequence<double> yld_Step::inertiaAboutOrigin() const
 {
-    return m_step.IsValid() ? sequenceOf(m_step->inertiaAboutOrigin()) : yld_Sequence<double>();
+    return m_step.IsValid() ? yld_Convert::sequence(m_step->inertiaAboutOrigin()) : yld_Sequence<double>();
 }
 
 namespace {
@@ -177,7 +169,7 @@ yld_Sequence<int> yld_Step::retainedEigenModes() const
 {
     return yld_guard([this] {
         const auto settings = substructureOf(m_modelStep);
-        return settings ? sequenceOf(settings->m_retainedEigenModes) : yld_Sequence<int>();
+        return settings ? yld_Convert::sequence(settings->m_retainedEigenModes) : yld_Sequence<int>();
     });
 }
 
@@ -192,7 +184,7 @@ yld_SequenceNodalDofs yld_Step::nodalDofs(bool isRetained) const
         const sto_Model model(sto_modelOf(m_modelStep->shortCut().file()));
         for (int i = 0; i < stored.size(); ++i) {
             const auto each = stored.at(i).fetch();
-            all.append(yld_NodalDofs(each->argument<1>(), sequenceOf(each->argument<2>()), model));
+            all.append(yld_NodalDofs(each->argument<1>(), yld_Convert::sequence(each->argument<2>()), model));
         }
         return all;
     });
@@ -350,31 +342,10 @@ yld_Frame yld_Step::getFrame(const yld_LoadCase& loadCase, double value, yld_Enu
         yld_raise("Frame not found");
     }
 
-    // Which of two frames that fit equally well is taken differs from match to match; callers rely on each.
     int found = -1;
-    double best = std::numeric_limits<double>::max();
+    yld_FrameMatch search(value, match);
     for (int i = 0; i < walk.size(); ++i) {
-        if (!walk.isWanted(i)) continue;
-        const double v = walk.value(i);
-        const double distance = std::fabs(value - v);
-        bool skip = false;
-        switch (match) {
-        case yld_Enum::MATCH_CLOSEST:
-            skip = distance > best;
-            break;
-        case yld_Enum::MATCH_BEFORE:
-            skip = v > value || value - v >= best;
-            break;
-        case yld_Enum::MATCH_AFTER:
-            skip = v < value || v - value > best;
-            break;
-        case yld_Enum::MATCH_EXACT:
-            skip = !(distance == 0.0);
-            break;
-        }
-        if (skip) continue;
-        found = i;
-        best = distance;
+        if (walk.isWanted(i) && search.isBetter(walk.value(i))) found = i;
     }
     if (found < 0) yld_raise("Frame not found");
     return m_frames.get(found);
@@ -397,18 +368,15 @@ yld_Sequence<int> yld_Step::findFrames(const yld_LoadCase& loadCase, double valu
         return found;
     }
 
+    const yld_FrameMatch search(value, match);
     double best = std::numeric_limits<double>::max();
     for (int i = 0; i < walk.size(); ++i) {
         if (!walk.isWanted(i)) continue;
-        const double v = walk.value(i);
-        const double distance = std::fabs(value - v);
-        if (match == yld_Enum::MATCH_BEFORE && v > value) continue;
-        if (match == yld_Enum::MATCH_AFTER && v < value) continue;
-        if (match == yld_Enum::MATCH_EXACT && !(distance == 0.0)) continue;
-        if (match != yld_Enum::MATCH_EXACT && distance > best) continue;
-        if (distance < best) {
+        const std::optional<double> distance = search.distance(walk.value(i));
+        if (!distance || *distance > best) continue;
+        if (*distance < best) {
             found.clearAll();
-            best = distance;
+            best = *distance;
         }
         found.append(i);
     }

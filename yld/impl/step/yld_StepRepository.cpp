@@ -11,12 +11,6 @@
 
 #include <string>
 
-namespace {
-
-constexpr const char* defaultModel = "Default Model";
-
-} // namespace
-
 yld_StepRepository::yld_StepRepository() = default;
 
 yld_StepRepository::yld_StepRepository(const sto_Sto& store) : m_store(store) {}
@@ -62,8 +56,7 @@ const sto_Sto& yld_StepRepository::store() const { return m_store.ConstGet(); }
 void yld_StepRepository::setInitialStep()
 {
     if (size() != 0) return;
-    file(yld_guard([this] { return yld_Step(m_store.ConstGet().model(defaultModel).step(stpC_InitialStepName())); }),
-         yld_String());
+    file(yld_guard([this] { return yld_Step(m_store.ConstGet().model().step(stpC_InitialStepName())); }), yld_String());
 }
 
 const yld_String& yld_StepRepository::getInitialStepName()
@@ -77,8 +70,8 @@ yld_Step& yld_StepRepository::factory(const yld_String& name, const yld_String& 
                                       const stpC_Step& settings)
 {
     setInitialStep();
-    const sto_StoStep made = yld_guard(
-        [&] { return m_store.ConstGet().model(defaultModel).Step(size(), name, description, settings, previous); });
+    const sto_StoStep made =
+        yld_guard([&] { return m_store.ConstGet().model().Step(size(), name, description, settings, previous); });
     file(yld_Step(made), previous);
     return get(name);
 }
