@@ -17,61 +17,13 @@ class sto_Load;
 class sto_Model;
 template<class Output> class sto_OutputRequest;
 class sto_PredefinedField;
-class YLD_API yld_BC;
-class YLD_API yld_Constraint;
-class YLD_API yld_ContactControls;
-class YLD_API yld_FieldOutputRequest;
-class YLD_API yld_HistoryOutputRequest;
-class YLD_API yld_Interaction;
-class YLD_API yld_InteractionProperty;
-class YLD_API yld_Load;
-class YLD_API yld_PredefinedField;
-
-/// The stored class that a value stands for.
-template<class Value> struct yld_StoredAttribute;
-template<> struct yld_StoredAttribute<yld_BC>
-{
-    using Type = sto_BC;
-};
-template<> struct yld_StoredAttribute<yld_Load>
-{
-    using Type = sto_Load;
-};
-template<> struct yld_StoredAttribute<yld_Constraint>
-{
-    using Type = sto_Constraint;
-};
-template<> struct yld_StoredAttribute<yld_Interaction>
-{
-    using Type = sto_Interaction;
-};
-template<> struct yld_StoredAttribute<yld_InteractionProperty>
-{
-    using Type = sto_InteractionProperty;
-};
-template<> struct yld_StoredAttribute<yld_ContactControls>
-{
-    using Type = sto_ContactControls;
-};
-template<> struct yld_StoredAttribute<yld_PredefinedField>
-{
-    using Type = sto_PredefinedField;
-};
-template<> struct yld_StoredAttribute<yld_FieldOutputRequest>
-{
-    using Type = sto_OutputRequest<outC_FieldOutput>;
-};
-template<> struct yld_StoredAttribute<yld_HistoryOutputRequest>
-{
-    using Type = sto_OutputRequest<outC_HistoryOutput>;
-};
 
 /// What the values of these repositories have in common: a counted handle on a stored object. Copies stand for the same
 /// object, so what is changed through one is seen through the other.
-template<class Value> class YLD_API yld_Attribute
+template<class StoredHandle> class YLD_API yld_Attribute
 {
 public:
-    using Stored = typename yld_StoredAttribute<Value>::Type;
+    using Stored = StoredHandle;
 
     /// Empty: it stands for no object.
     yld_Attribute();
@@ -91,55 +43,55 @@ private:
     shr_COW<Stored> m_stored;
 };
 
-class YLD_API yld_BC : public yld_Attribute<yld_BC>
+class YLD_API yld_BC : public yld_Attribute<sto_BC>
 {
 public:
     using yld_Attribute::yld_Attribute;
 };
 
-class YLD_API yld_Load : public yld_Attribute<yld_Load>
+class YLD_API yld_Load : public yld_Attribute<sto_Load>
 {
 public:
     using yld_Attribute::yld_Attribute;
 };
 
-class YLD_API yld_Constraint : public yld_Attribute<yld_Constraint>
+class YLD_API yld_Constraint : public yld_Attribute<sto_Constraint>
 {
 public:
     using yld_Attribute::yld_Attribute;
 };
 
-class YLD_API yld_Interaction : public yld_Attribute<yld_Interaction>
+class YLD_API yld_Interaction : public yld_Attribute<sto_Interaction>
 {
 public:
     using yld_Attribute::yld_Attribute;
 };
 
-class YLD_API yld_InteractionProperty : public yld_Attribute<yld_InteractionProperty>
+class YLD_API yld_InteractionProperty : public yld_Attribute<sto_InteractionProperty>
 {
 public:
     using yld_Attribute::yld_Attribute;
 };
 
-class YLD_API yld_ContactControls : public yld_Attribute<yld_ContactControls>
+class YLD_API yld_ContactControls : public yld_Attribute<sto_ContactControls>
 {
 public:
     using yld_Attribute::yld_Attribute;
 };
 
-class YLD_API yld_PredefinedField : public yld_Attribute<yld_PredefinedField>
+class YLD_API yld_PredefinedField : public yld_Attribute<sto_PredefinedField>
 {
 public:
     using yld_Attribute::yld_Attribute;
 };
 
-class YLD_API yld_FieldOutputRequest : public yld_Attribute<yld_FieldOutputRequest>
+class YLD_API yld_FieldOutputRequest : public yld_Attribute<sto_OutputRequest<outC_FieldOutput>>
 {
 public:
     using yld_Attribute::yld_Attribute;
 };
 
-class YLD_API yld_HistoryOutputRequest : public yld_Attribute<yld_HistoryOutputRequest>
+class YLD_API yld_HistoryOutputRequest : public yld_Attribute<sto_OutputRequest<outC_HistoryOutput>>
 {
 public:
     using yld_Attribute::yld_Attribute;

@@ -24,7 +24,7 @@ enum yld_ErrorNoEnm : int
 /// if it is about a file, the file's name and versions. Caught as yld_Exception, exc_CommandException,
 /// exc_Exception or std::exception; what() gives the same text as JournalMessage() and lives as long as the
 /// object.
-class YLD_API yld_Exception : public virtual exc_Exception, public exc_CommandException
+class YLD_API yld_Exception : public virtual exc_Exception, public exc_Typed<yld_Exception, exc_CommandException>
 {
 public:
     /// Error numbers are values of yld_ErrorNoEnm; any other gives an empty text.
@@ -38,12 +38,8 @@ public:
     yld_Exception& operator=(const yld_Exception&);
     ~yld_Exception() override;
 
-    /// Throws a copy with its dynamic type.
-    [[noreturn]] void Propagate() const override;
     /// A copy on the heap; the caller owns it.
     yld_Exception* Copy() const override;
-    /// TypeId().
-    unsigned DynTypeId() const override;
     /// The fields by attribute name, if the visitor takes the class.
     void DBWrite(pcl_WriteVisitor& visitor) const override;
     /// The user's text: fixed by the error number, with the file's name, version or the message in it; for

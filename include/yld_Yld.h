@@ -172,6 +172,7 @@ private:
     yld_ApiExtension* findApiExtension(yld_Enum::yld_ApiType type);
 
     struct ApiExtensions;
+    struct Attributes;
 
     shr_COW<sto_Sto> m_sto;
     yld_String m_name;
@@ -183,15 +184,7 @@ private:
     mutable shr_COW<yld_PartRepository> m_parts;
     mutable shr_COW<yld_SectionCategoryRepository> m_sectionCategories;
     mutable shr_COW<yld_Assembly> m_rootAssembly;
-    shr_COW<yld_BCRepository> m_boundaryConditions;
-    shr_COW<yld_IPRepository> m_interactionProperties;
-    shr_COW<yld_ContactControlsRepository> m_contactControls;
-    shr_COW<yld_InteractionRepository> m_interactions;
-    shr_COW<yld_PredefinedFieldRepository> m_predefinedFields;
-    shr_COW<yld_LoadRepository> m_loads;
-    shr_COW<yld_ConstraintRepository> m_constraints;
-    shr_COW<yld_FieldOutputRequestRepository> m_fieldOutputRequests;
-    shr_COW<yld_HistoryOutputRequestRepository> m_historyOutputRequests;
+    shr_COW<Attributes> m_attributes;
     yld_UserData m_userData;
     bool m_readOnly = false;
     mutable bool m_dataRead = false;

@@ -1,6 +1,7 @@
 #ifndef MSHK_MODEL_H
 #define MSHK_MODEL_H
 
+#include "platform/model/mshK_AttributeKinds.h"
 #include "platform/store/mrp_Container.h"
 #include "platform/store/pcl_Persistent.h"
 
@@ -8,18 +9,9 @@
 #include <vector>
 
 class axs_DatumCsys;
-class bndC_BC;
-class cnsC_Constraint;
-class intC_ContactControls;
-class intC_Interaction;
-class intC_InteractionProperty;
-class ldcC_Load;
-class ldcC_PredefinedField;
 class mshK_Assembly;
 class mshK_Part;
 class mshK_Step;
-class outC_FieldOutput;
-class outC_HistoryOutput;
 class secC_Section;
 
 /// The model of a database: parts, root assembly, the model side of the steps.
@@ -48,15 +40,9 @@ public:
         visit("sector ties", self.m_sectorTies);
         visit("datums", self.m_datums);
         visit("sections", self.m_sections);
-        visit("boundary conditions", self.m_boundaryConditions);
-        visit("interaction properties", self.m_interactionProperties);
-        visit("contact controls", self.m_contactControls);
-        visit("interactions", self.m_interactions);
-        visit("predefined fields", self.m_predefinedFields);
-        visit("loads", self.m_loads);
-        visit("constraints", self.m_constraints);
-        visit("field output requests", self.m_fieldOutputRequests);
-        visit("history output requests", self.m_historyOutputRequests);
+#define MSHK_VISIT(stored, value, repository, member, text) visit(text, self.m_##member);
+        MSHK_ATTRIBUTE_KINDS(MSHK_VISIT)
+#undef MSHK_VISIT
     }
 
     /// The name of the datum with that id; empty for an id that none has. Looks at the row of each.
@@ -85,15 +71,9 @@ public:
     mrp_Container<axs_DatumCsys> m_datums; ///< by name; null until there is one, as the sections are
     mrp_Container<secC_Section> m_sections;
     // How the analysis was set up, by name; each null until there is one of its kind.
-    mrp_Container<bndC_BC> m_boundaryConditions;
-    mrp_Container<intC_InteractionProperty> m_interactionProperties;
-    mrp_Container<intC_ContactControls> m_contactControls;
-    mrp_Container<intC_Interaction> m_interactions;
-    mrp_Container<ldcC_PredefinedField> m_predefinedFields;
-    mrp_Container<ldcC_Load> m_loads;
-    mrp_Container<cnsC_Constraint> m_constraints;
-    mrp_Container<outC_FieldOutput> m_fieldOutputRequests;
-    mrp_Container<outC_HistoryOutput> m_historyOutputRequests;
+#define MSHK_MEMBER(stored, value, repository, member, text) mrp_Container<stored> m_##member;
+    MSHK_ATTRIBUTE_KINDS(MSHK_MEMBER)
+#undef MSHK_MEMBER
 };
 
 #endif

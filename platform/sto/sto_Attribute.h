@@ -1,15 +1,8 @@
 #ifndef STO_ATTRIBUTE_H
 #define STO_ATTRIBUTE_H
 
+#include "platform/model/mshK_AttributeKinds.h"
 #include "platform/store/lnk_ShortCut.h"
-
-class bndC_BC;
-class cnsC_Constraint;
-class intC_ContactControls;
-class intC_Interaction;
-class intC_InteractionProperty;
-class ldcC_Load;
-class ldcC_PredefinedField;
 
 /// A handle on a stored object that tells how the analysis was set up. Copies stand for the same object.
 template<class Stored> class sto_Attribute

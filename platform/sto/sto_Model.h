@@ -90,17 +90,6 @@ public:
     /// Makes a section, or gives the one of that name as it is.
     lnk_ShortCut<secC_Section> Section(const std::string& name, int subType);
 
-    /// How the analysis was set up, each kind by name; a container without entries where there is none.
-    mrp_Container<bndC_BC> boundaryConditions() const { return model()->m_boundaryConditions; }
-    mrp_Container<intC_InteractionProperty> interactionProperties() const { return model()->m_interactionProperties; }
-    mrp_Container<intC_ContactControls> contactControls() const { return model()->m_contactControls; }
-    mrp_Container<intC_Interaction> interactions() const { return model()->m_interactions; }
-    mrp_Container<ldcC_PredefinedField> predefinedFields() const { return model()->m_predefinedFields; }
-    mrp_Container<ldcC_Load> loads() const { return model()->m_loads; }
-    mrp_Container<cnsC_Constraint> constraints() const { return model()->m_constraints; }
-    mrp_Container<outC_FieldOutput> fieldOutputRequests() const { return model()->m_fieldOutputRequests; }
-    mrp_Container<outC_HistoryOutput> historyOutputRequests() const { return model()->m_historyOutputRequests; }
-
     /// The model side of a step. Raises when there is no step of that name; the initial step is there always.
     sto_StoStep step(const shr_String& name) const;
     /// A new step with its analysis settings, which tell procedure, period and flags; behind the one that it follows,

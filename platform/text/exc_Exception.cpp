@@ -86,31 +86,19 @@ unsigned exc_CommandException::DynTypeId() const { return TypeId(); }
 
 unsigned exc_CommandException::TypeId() { return component | 2; }
 
-exc_TextException::exc_TextException(const msg_StringBase& text) : exc_Exception(text) {}
+exc_TextException::exc_TextException(const msg_StringBase& text) : exc_Typed(text) {}
 
 exc_TextException::exc_TextException(const exc_TextException&) = default;
 
 exc_TextException::~exc_TextException() = default;
 
-void exc_TextException::Propagate() const { throw exc_TextException(*this); }
-
-exc_TextException* exc_TextException::Copy() const { return new exc_TextException(*this); }
-
-unsigned exc_TextException::DynTypeId() const { return TypeId(); }
-
 unsigned exc_TextException::TypeId() { return component | 3; }
 
-exc_AssertException::exc_AssertException(const msg_StringBase& condition) : exc_Exception(condition) {}
+exc_AssertException::exc_AssertException(const msg_StringBase& condition) : exc_Typed(condition) {}
 
 exc_AssertException::exc_AssertException(const exc_AssertException&) = default;
 
 exc_AssertException::~exc_AssertException() = default;
-
-void exc_AssertException::Propagate() const { throw exc_AssertException(*this); }
-
-exc_AssertException* exc_AssertException::Copy() const { return new exc_AssertException(*this); }
-
-unsigned exc_AssertException::DynTypeId() const { return TypeId(); }
 
 const char* exc_AssertException::PythonType() const { return "AssertionError"; }
 

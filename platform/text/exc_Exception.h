@@ -74,32 +74,40 @@ public:
     static unsigned TypeId();
 };
 
+/// Keeps the dynamic type of an exception through copying and raising. An exception class derives from this with itself
+/// and its base for arguments, and tells its TypeId(); the two roots above stand for themselves.
+template<class Self, class Base> class YLD_API exc_Typed : public Base
+{
+public:
+    using Base::Base;
+
+    [[noreturn]] void Propagate() const override { throw Self(self()); }
+    Base* Copy() const override { return new Self(self()); }
+    unsigned DynTypeId() const override { return Self::TypeId(); }
+
+private:
+    const Self& self() const { return static_cast<const Self&>(*this); }
+};
+
 /// A failure that is nothing but its text.
-class YLD_API exc_TextException : public exc_Exception
+class YLD_API exc_TextException : public exc_Typed<exc_TextException, exc_Exception>
 {
 public:
     explicit exc_TextException(const msg_StringBase& text);
     exc_TextException(const exc_TextException&);
     ~exc_TextException() override;
 
-    [[noreturn]] void Propagate() const override;
-    exc_TextException* Copy() const override;
-    unsigned DynTypeId() const override;
-
     static unsigned TypeId();
 };
 
 /// A condition of the program that does not hold.
-class YLD_API exc_AssertException : public exc_Exception
+class YLD_API exc_AssertException : public exc_Typed<exc_AssertException, exc_Exception>
 {
 public:
     explicit exc_AssertException(const msg_StringBase& condition);
     exc_AssertException(const exc_AssertException&);
     ~exc_AssertException() override;
 
-    [[noreturn]] void Propagate() const override;
-    exc_AssertException* Copy() const override;
-    unsigned DynTypeId() const override;
     const char* PythonType() const override;
 
     static unsigned TypeId();

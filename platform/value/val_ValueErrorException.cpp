@@ -7,12 +7,6 @@ val_ValueErrorException::val_ValueErrorException(const val_ValueErrorException&)
 
 val_ValueErrorException::~val_ValueErrorException() = default;
 
-void val_ValueErrorException::Propagate() const { throw val_ValueErrorException(*this); }
-
-val_ValueErrorException* val_ValueErrorException::Copy() const { return new val_ValueErrorException(*this); }
-
-unsigned val_ValueErrorException::DynTypeId() const { return TypeId(); }
-
 const char* val_ValueErrorException::PythonType() const { return "ValueError"; }
 
 unsigned val_ValueErrorException::TypeId() { return 13u << 16 | 1; }

@@ -4,16 +4,13 @@
 #include "platform/text/exc_Exception.h"
 
 /// A value of a command that is not allowed.
-class val_ValueErrorException : public exc_CommandException
+class val_ValueErrorException : public exc_Typed<val_ValueErrorException, exc_CommandException>
 {
 public:
     explicit val_ValueErrorException(const msg_StringBase& text);
     val_ValueErrorException(const val_ValueErrorException&);
     ~val_ValueErrorException() override;
 
-    [[noreturn]] void Propagate() const override;
-    val_ValueErrorException* Copy() const override;
-    unsigned DynTypeId() const override;
     const char* PythonType() const override;
 
     static unsigned TypeId();

@@ -38,8 +38,9 @@ WITHOUT_CLASS = {
     # the enumerations of a prefix
     "axs_Enum.h", "fld_Enum.h", "kvp_Enum.h", "ntsC_Enum.h", "prtC_Enum.h",
     # Families whose members are read side by side: a name would say less than the list does. All steps with settings
-    # of an analysis, all libraries that start, all families that declare themselves to class evolution.
-    "clvS_Families.h", "stpC_Steps.h", "yld_Libraries.h",
+    # of an analysis, all kinds of attributes, all libraries that start, all families that declare themselves to class
+    # evolution.
+    "clvS_Families.h", "mshK_AttributeKinds.h", "stpC_Steps.h", "yld_Libraries.h",
 }
 # A source whose members are of another class than it is named after. The class is too large for one source and this
 # is a part of it, or it is what the one class of the source keeps its data in.

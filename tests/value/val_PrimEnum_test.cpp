@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -132,16 +133,15 @@ TEST(val_PrimEnum, fromAnEnumerator)
 
 TEST(val_PrimEnum, fromAnEnumeratorOutsideTheTable)
 {
-    EXPECT_EQ("val_PrimEnum(Enum) - Enum value not allowed: 9  Permissible: RED, GREEN, CYAN, BLUE",
-              refusalOf([] { ColourValue value(UNLISTED); }));
-    EXPECT_EQ("val_PrimEnum(Enum) - Enum value not allowed: -1  Permissible: RED, GREEN, CYAN, BLUE",
-              refusalOf([] { ColourValue value(static_cast<Colour>(-1)); }));
-}
-
-TEST(val_PrimEnum, theEndOfTheTableIsNoEnumerator)
-{
-    EXPECT_EQ("val_PrimEnum(Enum) - Enum value not allowed: 0  Permissible: RED, GREEN, CYAN, BLUE",
-              refusalOf([] { ColourValue value(static_cast<Colour>(0)); }));
+    const std::pair<int, const char*> rows[] = {
+        {UNLISTED, "val_PrimEnum(Enum) - Enum value not allowed: 9  Permissible: RED, GREEN, CYAN, BLUE"},
+        {-1, "val_PrimEnum(Enum) - Enum value not allowed: -1  Permissible: RED, GREEN, CYAN, BLUE"},
+        // the number at the end of the table
+        {0, "val_PrimEnum(Enum) - Enum value not allowed: 0  Permissible: RED, GREEN, CYAN, BLUE"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.second, refusalOf([&] { ColourValue value(static_cast<Colour>(row.first)); }));
+    }
 }
 
 TEST(val_PrimEnum, fromAText)
@@ -153,10 +153,15 @@ TEST(val_PrimEnum, fromAText)
 
 TEST(val_PrimEnum, fromATextOutsideTheTable)
 {
-    EXPECT_EQ("val_PrimEnum(const shr_String&) - str not allowed: green  Permissible: RED, GREEN, CYAN, BLUE",
-              refusalOf([] { ColourValue value(shr_String("green")); }));
-    EXPECT_EQ("val_PrimEnum(const shr_String&) - str not allowed:   Permissible: RED, GREEN, CYAN, BLUE",
-              refusalOf([] { ColourValue value{shr_String()}; }));
+    const std::pair<const char*, const char*> rows[] = {
+        {"green", "val_PrimEnum(const shr_String&) - str not allowed: green  Permissible: RED, GREEN, CYAN, BLUE"},
+        {"", "val_PrimEnum(const shr_String&) - str not allowed:   Permissible: RED, GREEN, CYAN, BLUE"},
+        // no placeholder of the message
+        {"%s%d", "val_PrimEnum(const shr_String&) - str not allowed: %s%d  Permissible: RED, GREEN, CYAN, BLUE"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.second, refusalOf([&] { ColourValue value{shr_String(row.first)}; }));
+    }
 }
 
 TEST(val_PrimEnum, fromTheValueOfAnotherEnumerationByItsText)
@@ -204,52 +209,37 @@ TEST(val_PrimEnum, aVisitorThatDeclinesGetsNothing)
 
 TEST(val_PrimEnum, readATextOutsideTheTable)
 {
-    Memory memory;
-    memory.texts["type"] = "PINK";
-    EXPECT_EQ("val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: PINK  Permissible: RED, GREEN, CYAN, BLUE",
-              refusalOf([&] { ColourValue value(static_cast<pcl_ReadVisitor&>(memory)); }));
-}
-
-TEST(val_PrimEnum, readAnObjectWithoutTheText)
-{
-    Memory memory;
-    EXPECT_EQ("val_PrimEnum(const pcl_ReadVisitor&) - str not allowed:   Permissible: RED, GREEN, CYAN, BLUE",
-              refusalOf([&] { ColourValue value(static_cast<pcl_ReadVisitor&>(memory)); }));
-}
-
-TEST(val_PrimEnum, aPerCentSignInATextIsNoPlaceholder)
-{
-    EXPECT_EQ("val_PrimEnum(const shr_String&) - str not allowed: %s%d  Permissible: RED, GREEN, CYAN, BLUE",
-              refusalOf([] { ColourValue value(shr_String("%s%d")); }));
+    const std::pair<std::map<std::string, std::string>, const char*> rows[] = {
+        {{{"type", "PINK"}},
+         "val_PrimEnum(const pcl_ReadVisitor&) - str not allowed: PINK  Permissible: RED, GREEN, CYAN, BLUE"},
+        // an object without the text
+        {{}, "val_PrimEnum(const pcl_ReadVisitor&) - str not allowed:   Permissible: RED, GREEN, CYAN, BLUE"},
+    };
+    for (const auto& row : rows) {
+        Memory memory;
+        memory.texts = row.first;
+        EXPECT_EQ(row.second, refusalOf([&] { ColourValue value(static_cast<pcl_ReadVisitor&>(memory)); }));
+    }
 }
 
 TEST(val_PrimEnum, theRefusalIsACommandsException) { EXPECT_THROW(ColourValue{UNLISTED}, exc_CommandException); }
 
 TEST(val_PrimEnum, setByText)
 {
-    ColourValue value(RED);
-    EXPECT_TRUE(value.SetValue("BLUE"));
-    EXPECT_STREQ("BLUE", value.GetText());
-    EXPECT_EQ(BLUE, value.GetValue());
-}
-
-TEST(val_PrimEnum, setByATextThatDiffersInCase)
-{
-    ColourValue value(RED);
-    EXPECT_FALSE(value.SetValue("Blue"));
-    EXPECT_STREQ("RED", value.GetText());
-    EXPECT_EQ(RED, value.GetValue());
-}
-
-TEST(val_PrimEnum, setByATextThatIsNotTheWholeText)
-{
-    ColourValue value(RED);
-    EXPECT_FALSE(value.SetValue("BLU"));
-    EXPECT_FALSE(value.SetValue("BLUE "));
-    EXPECT_FALSE(value.SetValue(""));
-    EXPECT_FALSE(value.SetValue(static_cast<const char*>(nullptr)));
-    EXPECT_STREQ("RED", value.GetText());
-    EXPECT_EQ(RED, value.GetValue());
+    struct Row
+    {
+        const char* text;
+        bool isTaken;
+    };
+    // A text that differs in case or is not the whole text is none of the table's.
+    for (const Row& row :
+         {Row{"BLUE", true}, {"Blue", false}, {"BLU", false}, {"BLUE ", false}, {"", false}, {nullptr, false}}) {
+        SCOPED_TRACE(row.text ? row.text : "(null)");
+        ColourValue value(RED);
+        EXPECT_EQ(row.isTaken, value.SetValue(row.text));
+        EXPECT_STREQ(row.isTaken ? "BLUE" : "RED", value.GetText());
+        EXPECT_EQ(row.isTaken ? BLUE : RED, value.GetValue());
+    }
 }
 
 TEST(val_PrimEnum, setByEnumerator)

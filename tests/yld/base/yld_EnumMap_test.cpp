@@ -6,6 +6,7 @@
 
 #include <climits>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -53,6 +54,21 @@ Rows swapped(const Rows& rows)
     return result;
 }
 
+/// The store's numbers and the public ones, paired one to one.
+template<class Store, class Public>
+void expectBothWays(Public (*map)(Store), Store (*unMap)(Public), const Rows& rows, const char* message)
+{
+    expectMap(map, rows, message);
+    expectMap(unMap, swapped(rows), message);
+}
+
+/// What the store's numbers mean, by the names that clients write.
+template<class Store, class Public>
+void expectNames(Public (*map)(Store), const std::vector<std::pair<int, std::type_identity_t<Public>>>& rows)
+{
+    for (const auto& [number, name] : rows) EXPECT_EQ(name, map(static_cast<Store>(number))) << number;
+}
+
 Rows identity(int first, int last)
 {
     Rows rows;
@@ -68,25 +84,23 @@ TEST(yld_EnumMap, dataType)
 {
     const Rows rows = {{1, 0},  {2, 1}, {3, 2},  {4, 3},  {5, 4},  {6, 11},
                        {7, 10}, {9, 5}, {10, 6}, {11, 7}, {12, 8}, {13, 9}};
-    const char* message = "Could not map DataType Enumeration";
-    expectMap(mapDataType, rows, message);
-    expectMap(unMapDataType, swapped(rows), message);
+    expectBothWays(mapDataType, unMapDataType, rows, "Could not map DataType Enumeration");
 }
 
 TEST(yld_EnumMap, dataTypeByName)
 {
-    EXPECT_EQ(yld_Enum::BOOLEAN, mapDataType(static_cast<fld_DataTypeEnm>(1)));
-    EXPECT_EQ(yld_Enum::INTEGER, mapDataType(static_cast<fld_DataTypeEnm>(2)));
-    EXPECT_EQ(yld_Enum::SCALAR, mapDataType(static_cast<fld_DataTypeEnm>(3)));
-    EXPECT_EQ(yld_Enum::VECTOR, mapDataType(static_cast<fld_DataTypeEnm>(4)));
-    EXPECT_EQ(yld_Enum::MATRIX, mapDataType(static_cast<fld_DataTypeEnm>(5)));
-    EXPECT_EQ(yld_Enum::QUATERNION_2D, mapDataType(static_cast<fld_DataTypeEnm>(6)));
-    EXPECT_EQ(yld_Enum::QUATERNION_3D, mapDataType(static_cast<fld_DataTypeEnm>(7)));
-    EXPECT_EQ(yld_Enum::TENSOR_3D_FULL, mapDataType(static_cast<fld_DataTypeEnm>(9)));
-    EXPECT_EQ(yld_Enum::TENSOR_3D_PLANAR, mapDataType(static_cast<fld_DataTypeEnm>(10)));
-    EXPECT_EQ(yld_Enum::TENSOR_3D_SURFACE, mapDataType(static_cast<fld_DataTypeEnm>(11)));
-    EXPECT_EQ(yld_Enum::TENSOR_2D_PLANAR, mapDataType(static_cast<fld_DataTypeEnm>(12)));
-    EXPECT_EQ(yld_Enum::TENSOR_2D_SURFACE, mapDataType(static_cast<fld_DataTypeEnm>(13)));
+    expectNames(mapDataType, {{1, yld_Enum::BOOLEAN},
+                              {2, yld_Enum::INTEGER},
+                              {3, yld_Enum::SCALAR},
+                              {4, yld_Enum::VECTOR},
+                              {5, yld_Enum::MATRIX},
+                              {6, yld_Enum::QUATERNION_2D},
+                              {7, yld_Enum::QUATERNION_3D},
+                              {9, yld_Enum::TENSOR_3D_FULL},
+                              {10, yld_Enum::TENSOR_3D_PLANAR},
+                              {11, yld_Enum::TENSOR_3D_SURFACE},
+                              {12, yld_Enum::TENSOR_2D_PLANAR},
+                              {13, yld_Enum::TENSOR_2D_SURFACE}});
 }
 
 TEST(yld_EnumMap, aFieldWithoutATypeHasNoStoreNumber)
@@ -124,41 +138,39 @@ TEST(yld_EnumMap, publicPosition14ComesBackAsNodal)
 
 TEST(yld_EnumMap, outputPositionByName)
 {
-    EXPECT_EQ(yld_Enum::UNDEFINED_POSITION, mapOutputPosition(static_cast<fld_OutputPositionEnm>(0)));
-    EXPECT_EQ(yld_Enum::INTEGRATION_POINT, mapOutputPosition(static_cast<fld_OutputPositionEnm>(2)));
-    EXPECT_EQ(yld_Enum::ELEMENT_FACE, mapOutputPosition(static_cast<fld_OutputPositionEnm>(3)));
-    EXPECT_EQ(yld_Enum::ELEMENT_NODAL, mapOutputPosition(static_cast<fld_OutputPositionEnm>(4)));
-    EXPECT_EQ(yld_Enum::WHOLE_ELEMENT, mapOutputPosition(static_cast<fld_OutputPositionEnm>(5)));
-    EXPECT_EQ(yld_Enum::CENTROID, mapOutputPosition(static_cast<fld_OutputPositionEnm>(6)));
-    EXPECT_EQ(yld_Enum::WHOLE_REGION, mapOutputPosition(static_cast<fld_OutputPositionEnm>(7)));
-    EXPECT_EQ(yld_Enum::WHOLE_PART_INSTANCE, mapOutputPosition(static_cast<fld_OutputPositionEnm>(8)));
-    EXPECT_EQ(yld_Enum::WHOLE_MODEL, mapOutputPosition(static_cast<fld_OutputPositionEnm>(9)));
-    EXPECT_EQ(yld_Enum::GENERAL_PARTICLE, mapOutputPosition(static_cast<fld_OutputPositionEnm>(10)));
-    EXPECT_EQ(yld_Enum::ELEMENT_FACE_INTEGRATION_POINT, mapOutputPosition(static_cast<fld_OutputPositionEnm>(16)));
-    EXPECT_EQ(yld_Enum::SURFACE_INTEGRATION_POINT, mapOutputPosition(static_cast<fld_OutputPositionEnm>(17)));
+    expectNames(mapOutputPosition, {{0, yld_Enum::UNDEFINED_POSITION},
+                                    {2, yld_Enum::INTEGRATION_POINT},
+                                    {3, yld_Enum::ELEMENT_FACE},
+                                    {4, yld_Enum::ELEMENT_NODAL},
+                                    {5, yld_Enum::WHOLE_ELEMENT},
+                                    {6, yld_Enum::CENTROID},
+                                    {7, yld_Enum::WHOLE_REGION},
+                                    {8, yld_Enum::WHOLE_PART_INSTANCE},
+                                    {9, yld_Enum::WHOLE_MODEL},
+                                    {10, yld_Enum::GENERAL_PARTICLE},
+                                    {16, yld_Enum::ELEMENT_FACE_INTEGRATION_POINT},
+                                    {17, yld_Enum::SURFACE_INTEGRATION_POINT}});
 }
 
 TEST(yld_EnumMap, invariant)
 {
     const Rows rows = {{0, 1}, {1, 2}, {2, 3}, {3, 9}, {4, 10}, {5, 11}, {6, 4}, {7, 5}, {8, 6}, {9, 7}, {10, 8}};
-    const char* message = "Could not map Invariant Enumeration";
-    expectMap(mapInvarEnum, rows, message);
-    expectMap(unMapInvarEnum, swapped(rows), message);
+    expectBothWays(mapInvarEnum, unMapInvarEnum, rows, "Could not map Invariant Enumeration");
 }
 
 TEST(yld_EnumMap, invariantByName)
 {
-    EXPECT_EQ(yld_Enum::MAX_PRINCIPAL, mapInvarEnum(static_cast<fld_InvariantEnm>(0)));
-    EXPECT_EQ(yld_Enum::MID_PRINCIPAL, mapInvarEnum(static_cast<fld_InvariantEnm>(1)));
-    EXPECT_EQ(yld_Enum::MIN_PRINCIPAL, mapInvarEnum(static_cast<fld_InvariantEnm>(2)));
-    EXPECT_EQ(yld_Enum::MAX_INPLANE_PRINCIPAL, mapInvarEnum(static_cast<fld_InvariantEnm>(3)));
-    EXPECT_EQ(yld_Enum::MIN_INPLANE_PRINCIPAL, mapInvarEnum(static_cast<fld_InvariantEnm>(4)));
-    EXPECT_EQ(yld_Enum::OUTOFPLANE_PRINCIPAL, mapInvarEnum(static_cast<fld_InvariantEnm>(5)));
-    EXPECT_EQ(yld_Enum::MISES, mapInvarEnum(static_cast<fld_InvariantEnm>(6)));
-    EXPECT_EQ(yld_Enum::TRESCA, mapInvarEnum(static_cast<fld_InvariantEnm>(7)));
-    EXPECT_EQ(yld_Enum::PRESS, mapInvarEnum(static_cast<fld_InvariantEnm>(8)));
-    EXPECT_EQ(yld_Enum::INV3, mapInvarEnum(static_cast<fld_InvariantEnm>(9)));
-    EXPECT_EQ(yld_Enum::MAGNITUDE, mapInvarEnum(static_cast<fld_InvariantEnm>(10)));
+    expectNames(mapInvarEnum, {{0, yld_Enum::MAX_PRINCIPAL},
+                               {1, yld_Enum::MID_PRINCIPAL},
+                               {2, yld_Enum::MIN_PRINCIPAL},
+                               {3, yld_Enum::MAX_INPLANE_PRINCIPAL},
+                               {4, yld_Enum::MIN_INPLANE_PRINCIPAL},
+                               {5, yld_Enum::OUTOFPLANE_PRINCIPAL},
+                               {6, yld_Enum::MISES},
+                               {7, yld_Enum::TRESCA},
+                               {8, yld_Enum::PRESS},
+                               {9, yld_Enum::INV3},
+                               {10, yld_Enum::MAGNITUDE}});
 }
 
 TEST(yld_EnumMap, theUndefinedInvariantHasNoStoreNumber)
@@ -173,23 +185,17 @@ TEST(yld_EnumMap, theUndefinedInvariantHasNoStoreNumber)
 
 TEST(yld_EnumMap, sourceType)
 {
-    const char* message = "Could not map SourceType Enumeration";
-    expectMap(mapSourceType, identity(0, 4), message);
-    expectMap(unMapSourceType, identity(0, 4), message);
+    expectBothWays(mapSourceType, unMapSourceType, identity(0, 4), "Could not map SourceType Enumeration");
 }
 
 TEST(yld_EnumMap, axisSharesTheInvariantMessage)
 {
-    const char* message = "Could not map Invariant Enumeration";
-    expectMap(mapAxisEnum, identity(0, 2), message);
-    expectMap(unMapAxisEnum, identity(0, 2), message);
+    expectBothWays(mapAxisEnum, unMapAxisEnum, identity(0, 2), "Could not map Invariant Enumeration");
 }
 
 TEST(yld_EnumMap, orientationMethodSharesTheInvariantMessage)
 {
-    const char* message = "Could not map Invariant Enumeration";
-    expectMap(mapOrientationMethod, identity(0, 2), message);
-    expectMap(unMapOrientationMethod, identity(0, 2), message);
+    expectBothWays(mapOrientationMethod, unMapOrientationMethod, identity(0, 2), "Could not map Invariant Enumeration");
 }
 
 TEST(yld_EnumMap, datumSystemSharesTheInvariantMessage)
@@ -200,51 +206,43 @@ TEST(yld_EnumMap, datumSystemSharesTheInvariantMessage)
 TEST(yld_EnumMap, relativePositionHasNo4)
 {
     const Rows rows = {{0, 0}, {1, 1}, {2, 2}, {3, 3}, {5, 5}, {6, 6}, {7, 7}, {8, 8}};
-    const char* message = "Could not map RelativePosition Enumeration";
-    expectMap(mapRelativePositionEnm, rows, message);
-    expectMap(unMapRelativePositionEnm, rows, message);
+    expectBothWays(mapRelativePositionEnm, unMapRelativePositionEnm, rows,
+                   "Could not map RelativePosition Enumeration");
 }
 
 TEST(yld_EnumMap, arrowHeadStyle)
 {
-    const char* message = "Could not map ArrowHeadStyle Enumeration";
-    expectMap(mapArrowHeadStyleEnm, identity(0, 8), message);
-    expectMap(unMapArrowHeadStyleEnm, identity(0, 8), message);
+    expectBothWays(mapArrowHeadStyleEnm, unMapArrowHeadStyleEnm, identity(0, 8),
+                   "Could not map ArrowHeadStyle Enumeration");
 }
 
 TEST(yld_EnumMap, lineStyle)
 {
-    const char* message = "Could not map Line Style Enumeration";
-    expectMap(mapLineStyleEnm, identity(0, 4), message);
-    expectMap(unMapLineStyleEnm, identity(0, 4), message);
+    expectBothWays(mapLineStyleEnm, unMapLineStyleEnm, identity(0, 4), "Could not map Line Style Enumeration");
 }
 
 TEST(yld_EnumMap, lineThickness)
 {
-    const char* message = "Could not map LineThickness Enumeration";
-    expectMap(mapLineThicknessEnm, identity(0, 3), message);
-    expectMap(unMapLineThicknessEnm, identity(0, 3), message);
+    expectBothWays(mapLineThicknessEnm, unMapLineThicknessEnm, identity(0, 3),
+                   "Could not map LineThickness Enumeration");
 }
 
 TEST(yld_EnumMap, backgroundStyle)
 {
-    const char* message = "Could not map yld_Enum::BackgroundStyleEnm Enumeration";
-    expectMap(mapBackgroundStyleEnm, identity(0, 2), message);
-    expectMap(unMapBackgroundStyleEnm, identity(0, 2), message);
+    expectBothWays(mapBackgroundStyleEnm, unMapBackgroundStyleEnm, identity(0, 2),
+                   "Could not map yld_Enum::BackgroundStyleEnm Enumeration");
 }
 
 TEST(yld_EnumMap, lineJustification)
 {
-    const char* message = "Could not map yld_Enum::LineJustificationEnm Enumeration";
-    expectMap(mapLineJustificationEnm, identity(0, 2), message);
-    expectMap(unMapLineJustificationEnm, identity(0, 2), message);
+    expectBothWays(mapLineJustificationEnm, unMapLineJustificationEnm, identity(0, 2),
+                   "Could not map yld_Enum::LineJustificationEnm Enumeration");
 }
 
 TEST(yld_EnumMap, stackDirection)
 {
-    const char* message = "Could not map stack direction enumeration.";
-    expectMap(mapStackDirectionEnm, identity(0, 3), message);
-    expectMap(unMapStackDirectionEnumToStackDirection, identity(0, 3), message);
+    expectBothWays(mapStackDirectionEnm, unMapStackDirectionEnumToStackDirection, identity(0, 3),
+                   "Could not map stack direction enumeration.");
 }
 
 TEST(yld_EnumMap, dimensionNeverRaises)
@@ -265,28 +263,22 @@ TEST(yld_EnumMap, partTypeNeverRaises)
         EXPECT_EQ(yld_Enum::DEFORMABLE_BODY, mapPartType(static_cast<prtC_PartTypeEnm>(other))) << other;
 }
 
-TEST(yld_EnumMap, faceOfASolid)
+TEST(yld_EnumMap, faceOfASolidAndOfAShell)
 {
-    const int faces[] = {11, 12, 13, 14, 15, 16, 0};
-    for (int number = 0; number <= 6; ++number) EXPECT_EQ(faces[number], mapFaceIndex(number, false, false)) << number;
-}
-
-TEST(yld_EnumMap, faceOfASolidsEdge)
-{
-    const int faces[] = {11, 12, 13, 14, 0, 0, 0};
-    for (int number = 0; number <= 6; ++number) EXPECT_EQ(faces[number], mapFaceIndex(number, false, true)) << number;
-}
-
-TEST(yld_EnumMap, faceOfAShell)
-{
-    const int faces[] = {1001, 1002, 0, 0, 0, 0, 1003};
-    for (int number = 0; number <= 6; ++number) EXPECT_EQ(faces[number], mapFaceIndex(number, true, false)) << number;
-}
-
-TEST(yld_EnumMap, faceOfAShellsEdge)
-{
-    const int faces[] = {11, 12, 13, 14, 0, 0, 1003};
-    for (int number = 0; number <= 6; ++number) EXPECT_EQ(faces[number], mapFaceIndex(number, true, true)) << number;
+    struct Row
+    {
+        bool isShell;
+        bool isEdge;
+        int faces[7]; // of the numbers from 0
+    };
+    for (const Row& row :
+         {Row{false, false, {11, 12, 13, 14, 15, 16, 0}}, Row{false, true, {11, 12, 13, 14, 0, 0, 0}},
+          Row{true, false, {1001, 1002, 0, 0, 0, 0, 1003}}, Row{true, true, {11, 12, 13, 14, 0, 0, 1003}}}) {
+        for (int number = 0; number <= 6; ++number) {
+            EXPECT_EQ(row.faces[number], mapFaceIndex(number, row.isShell, row.isEdge))
+                << number << (row.isShell ? " of a shell" : " of a solid") << (row.isEdge ? "'s edge" : "");
+        }
+    }
 }
 
 TEST(yld_EnumMap, faceOutsideTheTableIsUnknown)

@@ -8,234 +8,201 @@
 
 // Clients are compiled with the numbers, so each is written down here a second time.
 
-TEST(yld_Enum, analysisCode)
-{
-    EXPECT_EQ(0, yld_Enum::UNKNOWN_ANALYSIS_CODE);
-    EXPECT_EQ(1, yld_Enum::ZANTRA_STANDARD);
-    EXPECT_EQ(2, yld_Enum::ZANTRA_EXPLICIT);
-}
+namespace {
 
-TEST(yld_Enum, precision)
+struct Row
 {
-    EXPECT_EQ(0, yld_Enum::SINGLE_PRECISION);
-    EXPECT_EQ(1, yld_Enum::DOUBLE_PRECISION);
-}
+    const char* name;
+    int number;
+    int expected;
+};
 
-TEST(yld_Enum, productAddOn)
-{
-    EXPECT_EQ(0, yld_Enum::WELD_MARINE);
-    EXPECT_EQ(1, yld_Enum::ZANTRA_DESIGN);
-}
+#define ROW(enumerator, number)                                                                                        \
+    {                                                                                                                  \
+#enumerator, yld_Enum::enumerator, number                                                                      \
+    }
+constexpr Row rows[] = {
+    // analysis code
+    ROW(UNKNOWN_ANALYSIS_CODE, 0),
+    ROW(ZANTRA_STANDARD, 1),
+    ROW(ZANTRA_EXPLICIT, 2),
+    // precision
+    ROW(SINGLE_PRECISION, 0),
+    ROW(DOUBLE_PRECISION, 1),
+    // product add on
+    ROW(WELD_MARINE, 0),
+    ROW(ZANTRA_DESIGN, 1),
+    // dimension
+    ROW(THREE_D, 0),
+    ROW(TWO_D_PLANAR, 1),
+    ROW(AXISYMMETRIC, 2),
+    ROW(UNKNOWN_DIMENSION, 3),
+    // part type
+    ROW(DEFORMABLE_BODY, 0),
+    ROW(DISCRETE_RIGID_SURFACE, 1),
+    ROW(ANALYTIC_RIGID_SURFACE, 2),
+    // domain
+    ROW(TIME, 0),
+    ROW(FREQUENCY, 1),
+    ROW(MODAL, 2),
+    ROW(ARC_LENGTH, 3),
+    // data type
+    ROW(BOOLEAN, 0),
+    ROW(INTEGER, 1),
+    ROW(SCALAR, 2),
+    ROW(VECTOR, 3),
+    ROW(MATRIX, 4),
+    ROW(TENSOR_3D_FULL, 5),
+    ROW(TENSOR_3D_PLANAR, 6),
+    ROW(TENSOR_3D_SURFACE, 7),
+    ROW(TENSOR_2D_PLANAR, 8),
+    ROW(TENSOR_2D_SURFACE, 9),
+    ROW(QUATERNION_3D, 10),
+    ROW(QUATERNION_2D, 11),
+    ROW(UNDEFINED_DATATYPE, 12),
+    // data subtype
+    ROW(UNDEFINED_DATASUBTYPE, 0),
+    ROW(SYMMETRIC_MATRIX, 1),
+    // result position
+    ROW(UNDEFINED_POSITION, 0),
+    ROW(NODAL, 1),
+    ROW(ELEMENT_NODAL, 2),
+    ROW(INTEGRATION_POINT, 3),
+    ROW(CENTROID, 4),
+    ROW(ELEMENT_FACE, 5),
+    ROW(ELEMENT_FACE_INTEGRATION_POINT, 6),
+    ROW(SURFACE_INTEGRATION_POINT, 7),
+    ROW(WHOLE_ELEMENT, 8),
+    ROW(WHOLE_REGION, 9),
+    ROW(WHOLE_PART_INSTANCE, 10),
+    ROW(WHOLE_MODEL, 11),
+    ROW(GENERAL_PARTICLE, 12),
+    ROW(RESULT_POSITION_13, 13),
+    ROW(RESULT_POSITION_14, 14),
+    ROW(RESULT_POSITION_15, 15),
+    // invariant
+    ROW(UNDEFINED_INVARIANT, 0),
+    ROW(MAX_PRINCIPAL, 1),
+    ROW(MID_PRINCIPAL, 2),
+    ROW(MIN_PRINCIPAL, 3),
+    ROW(MISES, 4),
+    ROW(TRESCA, 5),
+    ROW(PRESS, 6),
+    ROW(INV3, 7),
+    ROW(MAGNITUDE, 8),
+    ROW(MAX_INPLANE_PRINCIPAL, 9),
+    ROW(MIN_INPLANE_PRINCIPAL, 10),
+    ROW(OUTOFPLANE_PRINCIPAL, 11),
+    // element face
+    ROW(FACE_UNKNOWN, 0),
+    ROW(END1, 1),
+    ROW(END2, 2),
+    ROW(END3, 3),
+    ROW(FACE1, 11),
+    ROW(FACE2, 12),
+    ROW(FACE3, 13),
+    ROW(FACE4, 14),
+    ROW(FACE5, 15),
+    ROW(FACE6, 16),
+    ROW(EDGE2, 102),
+    ROW(EDGE3, 103),
+    ROW(EDGE4, 104),
+    ROW(SIDE1, 1001),
+    ROW(SIDE2, 1002),
+    ROW(SIDE3, 1003),
+    // match
+    ROW(MATCH_CLOSEST, 0),
+    ROW(MATCH_BEFORE, 1),
+    ROW(MATCH_AFTER, 2),
+    ROW(MATCH_EXACT, 3),
+    // set type
+    ROW(NODE_SET, 0),
+    ROW(ELEMENT_SET, 1),
+    ROW(SURFACE_SET, 2),
+    ROW(UNKNOWN_SET, 7),
+    // datum csys type
+    ROW(CYLINDRICAL, 2),
+    ROW(SPHERICAL, 3),
+    // axis
+    ROW(AXIS_1, 0),
+    ROW(AXIS_2, 1),
+    ROW(AXIS_3, 2),
+    // math operation
+    ROW(OPERATION_MULTIPLY, 0),
+    ROW(OPERATION_DIVIDE, 1),
+    ROW(OPERATION_SUBTRACT, 2),
+    ROW(OPERATION_ADD, 3),
+    ROW(OPERATION_POWER, 4),
+    ROW(OPERATION_ABS, 5),
+    ROW(OPERATION_COMPLEX_MAGNITUDE, 6),
+    ROW(OPERATION_COMPLEX_PHASE, 7),
+    ROW(OPERATION_COMPLEX_REAL, 8),
+    ROW(OPERATION_COMPLEX_IMAG, 9),
+    ROW(OPERATION_ACOS, 10),
+    ROW(OPERATION_ASIN, 11),
+    ROW(OPERATION_ATAN, 12),
+    ROW(OPERATION_COS, 13),
+    ROW(OPERATION_SIN, 14),
+    ROW(OPERATION_TAN, 15),
+    ROW(OPERATION_DEGREE_TO_RADIAN, 16),
+    ROW(OPERATION_RADIAN_TO_DEGREE, 17),
+    ROW(OPERATION_EXP, 18),
+    ROW(OPERATION_EXP10, 19),
+    ROW(OPERATION_LOG, 20),
+    ROW(OPERATION_LOG10, 21),
+    ROW(OPERATION_SQRT, 22),
+    ROW(OPERATION_TRANSPOSE, 23),
+    // increment stats
+    ROW(NUMBER_OF_ATTEMPTS, 0),
+    ROW(NUMBER_OF_SEVERE_DISCONTINUITY_ITERATIONS, 1),
+    ROW(NUMBER_OF_EQUILIBRIUM_ITERATIONS, 2),
+    ROW(NUMBER_OF_ITERATIONS, 3),
+    ROW(STEP_TIME_COMPLETED, 4),
+    ROW(INCREMENT_SIZE, 5),
+    // element geometry class
+    ROW(UNKNOWN_GEOMETRY, 0),
+    ROW(POINT_GEOMETRY, 1),
+    ROW(LINEAR_LINE, 6),
+    ROW(QUADRATIC_LINE, 7),
+    ROW(LINEAR_TRIANGLE, 10),
+    ROW(QUADRATIC_TRIANGLE, 12),
+    ROW(LINEAR_QUADRILATERAL, 11),
+    ROW(QUADRATIC_QUADRILATERAL, 13),
+    ROW(LINEAR_HEXAHEDRON, 16),
+    ROW(QUADRATIC_HEXAHEDRON, 19),
+    ROW(LINEAR_WEDGE, 15),
+    ROW(QUADRATIC_WEDGE, 18),
+    ROW(LINEAR_TETRAHEDRON, 14),
+    ROW(QUADRATIC_TETRAHEDRON, 17),
+    // of these, the first and the last
+    ROW(ARROW_HEAD_NONE, 0),
+    ROW(ARROW_HEAD_DIAMOND, 8),
+    ROW(BACKGROUND_TRANSPARENT, 0),
+    ROW(BACKGROUND_COLORED, 2),
+    ROW(JUSTIFY_LEFT, 0),
+    ROW(JUSTIFY_RIGHT, 2),
+    ROW(LINE_SOLID, 0),
+    ROW(LINE_DASH_DOT_DOT, 4),
+    ROW(LINE_VERY_THIN, 0),
+    ROW(LINE_THICK, 3),
+    ROW(ORIENTATION_BY_COSINES, 0),
+    ROW(ORIENTATION_BY_VECTOR, 2),
+    ROW(STACK_DIRECTION_1, 0),
+    ROW(STACK_DIRECTION_OF_ORIENTATION, 3),
+    ROW(XY_FROM_KEYBOARD, 0),
+    ROW(XY_FROM_OPERATION, 4),
+    ROW(BOTTOM_LEFT, 0),
+    ROW(TOP_RIGHT, 8),
+    ROW(UNDEFINED_CSYS, 0),
+    ROW(SPHERICAL, 3),
+};
+#undef ROW
 
-TEST(yld_Enum, dimension)
-{
-    EXPECT_EQ(0, yld_Enum::THREE_D);
-    EXPECT_EQ(1, yld_Enum::TWO_D_PLANAR);
-    EXPECT_EQ(2, yld_Enum::AXISYMMETRIC);
-    EXPECT_EQ(3, yld_Enum::UNKNOWN_DIMENSION);
-}
+} // namespace
 
-TEST(yld_Enum, partType)
+TEST(yld_Enum, everyEnumeratorHasItsNumber)
 {
-    EXPECT_EQ(0, yld_Enum::DEFORMABLE_BODY);
-    EXPECT_EQ(1, yld_Enum::DISCRETE_RIGID_SURFACE);
-    EXPECT_EQ(2, yld_Enum::ANALYTIC_RIGID_SURFACE);
-}
-
-TEST(yld_Enum, domain)
-{
-    EXPECT_EQ(0, yld_Enum::TIME);
-    EXPECT_EQ(1, yld_Enum::FREQUENCY);
-    EXPECT_EQ(2, yld_Enum::MODAL);
-    EXPECT_EQ(3, yld_Enum::ARC_LENGTH);
-}
-
-TEST(yld_Enum, dataType)
-{
-    EXPECT_EQ(0, yld_Enum::BOOLEAN);
-    EXPECT_EQ(1, yld_Enum::INTEGER);
-    EXPECT_EQ(2, yld_Enum::SCALAR);
-    EXPECT_EQ(3, yld_Enum::VECTOR);
-    EXPECT_EQ(4, yld_Enum::MATRIX);
-    EXPECT_EQ(5, yld_Enum::TENSOR_3D_FULL);
-    EXPECT_EQ(6, yld_Enum::TENSOR_3D_PLANAR);
-    EXPECT_EQ(7, yld_Enum::TENSOR_3D_SURFACE);
-    EXPECT_EQ(8, yld_Enum::TENSOR_2D_PLANAR);
-    EXPECT_EQ(9, yld_Enum::TENSOR_2D_SURFACE);
-    EXPECT_EQ(10, yld_Enum::QUATERNION_3D);
-    EXPECT_EQ(11, yld_Enum::QUATERNION_2D);
-    EXPECT_EQ(12, yld_Enum::UNDEFINED_DATATYPE);
-}
-
-TEST(yld_Enum, dataSubtype)
-{
-    EXPECT_EQ(0, yld_Enum::UNDEFINED_DATASUBTYPE);
-    EXPECT_EQ(1, yld_Enum::SYMMETRIC_MATRIX);
-}
-
-TEST(yld_Enum, resultPosition)
-{
-    EXPECT_EQ(0, yld_Enum::UNDEFINED_POSITION);
-    EXPECT_EQ(1, yld_Enum::NODAL);
-    EXPECT_EQ(2, yld_Enum::ELEMENT_NODAL);
-    EXPECT_EQ(3, yld_Enum::INTEGRATION_POINT);
-    EXPECT_EQ(4, yld_Enum::CENTROID);
-    EXPECT_EQ(5, yld_Enum::ELEMENT_FACE);
-    EXPECT_EQ(6, yld_Enum::ELEMENT_FACE_INTEGRATION_POINT);
-    EXPECT_EQ(7, yld_Enum::SURFACE_INTEGRATION_POINT);
-    EXPECT_EQ(8, yld_Enum::WHOLE_ELEMENT);
-    EXPECT_EQ(9, yld_Enum::WHOLE_REGION);
-    EXPECT_EQ(10, yld_Enum::WHOLE_PART_INSTANCE);
-    EXPECT_EQ(11, yld_Enum::WHOLE_MODEL);
-    EXPECT_EQ(12, yld_Enum::GENERAL_PARTICLE);
-    EXPECT_EQ(13, yld_Enum::RESULT_POSITION_13);
-    EXPECT_EQ(14, yld_Enum::RESULT_POSITION_14);
-    EXPECT_EQ(15, yld_Enum::RESULT_POSITION_15);
-}
-
-TEST(yld_Enum, invariant)
-{
-    EXPECT_EQ(0, yld_Enum::UNDEFINED_INVARIANT);
-    EXPECT_EQ(1, yld_Enum::MAX_PRINCIPAL);
-    EXPECT_EQ(2, yld_Enum::MID_PRINCIPAL);
-    EXPECT_EQ(3, yld_Enum::MIN_PRINCIPAL);
-    EXPECT_EQ(4, yld_Enum::MISES);
-    EXPECT_EQ(5, yld_Enum::TRESCA);
-    EXPECT_EQ(6, yld_Enum::PRESS);
-    EXPECT_EQ(7, yld_Enum::INV3);
-    EXPECT_EQ(8, yld_Enum::MAGNITUDE);
-    EXPECT_EQ(9, yld_Enum::MAX_INPLANE_PRINCIPAL);
-    EXPECT_EQ(10, yld_Enum::MIN_INPLANE_PRINCIPAL);
-    EXPECT_EQ(11, yld_Enum::OUTOFPLANE_PRINCIPAL);
-}
-
-TEST(yld_Enum, elementFace)
-{
-    EXPECT_EQ(0, yld_Enum::FACE_UNKNOWN);
-    EXPECT_EQ(1, yld_Enum::END1);
-    EXPECT_EQ(2, yld_Enum::END2);
-    EXPECT_EQ(3, yld_Enum::END3);
-    EXPECT_EQ(11, yld_Enum::FACE1);
-    EXPECT_EQ(12, yld_Enum::FACE2);
-    EXPECT_EQ(13, yld_Enum::FACE3);
-    EXPECT_EQ(14, yld_Enum::FACE4);
-    EXPECT_EQ(15, yld_Enum::FACE5);
-    EXPECT_EQ(16, yld_Enum::FACE6);
-    EXPECT_EQ(102, yld_Enum::EDGE2);
-    EXPECT_EQ(103, yld_Enum::EDGE3);
-    EXPECT_EQ(104, yld_Enum::EDGE4);
-    EXPECT_EQ(1001, yld_Enum::SIDE1);
-    EXPECT_EQ(1002, yld_Enum::SIDE2);
-    EXPECT_EQ(1003, yld_Enum::SIDE3);
-}
-
-TEST(yld_Enum, match)
-{
-    EXPECT_EQ(0, yld_Enum::MATCH_CLOSEST);
-    EXPECT_EQ(1, yld_Enum::MATCH_BEFORE);
-    EXPECT_EQ(2, yld_Enum::MATCH_AFTER);
-    EXPECT_EQ(3, yld_Enum::MATCH_EXACT);
-}
-
-TEST(yld_Enum, setType)
-{
-    EXPECT_EQ(0, yld_Enum::NODE_SET);
-    EXPECT_EQ(1, yld_Enum::ELEMENT_SET);
-    EXPECT_EQ(2, yld_Enum::SURFACE_SET);
-    EXPECT_EQ(7, yld_Enum::UNKNOWN_SET);
-}
-
-TEST(yld_Enum, datumCsysType)
-{
-    EXPECT_EQ(2, yld_Enum::CYLINDRICAL);
-    EXPECT_EQ(3, yld_Enum::SPHERICAL);
-}
-
-TEST(yld_Enum, axis)
-{
-    EXPECT_EQ(0, yld_Enum::AXIS_1);
-    EXPECT_EQ(1, yld_Enum::AXIS_2);
-    EXPECT_EQ(2, yld_Enum::AXIS_3);
-}
-
-TEST(yld_Enum, mathOperation)
-{
-    EXPECT_EQ(0, yld_Enum::OPERATION_MULTIPLY);
-    EXPECT_EQ(1, yld_Enum::OPERATION_DIVIDE);
-    EXPECT_EQ(2, yld_Enum::OPERATION_SUBTRACT);
-    EXPECT_EQ(3, yld_Enum::OPERATION_ADD);
-    EXPECT_EQ(4, yld_Enum::OPERATION_POWER);
-    EXPECT_EQ(5, yld_Enum::OPERATION_ABS);
-    EXPECT_EQ(6, yld_Enum::OPERATION_COMPLEX_MAGNITUDE);
-    EXPECT_EQ(7, yld_Enum::OPERATION_COMPLEX_PHASE);
-    EXPECT_EQ(8, yld_Enum::OPERATION_COMPLEX_REAL);
-    EXPECT_EQ(9, yld_Enum::OPERATION_COMPLEX_IMAG);
-    EXPECT_EQ(10, yld_Enum::OPERATION_ACOS);
-    EXPECT_EQ(11, yld_Enum::OPERATION_ASIN);
-    EXPECT_EQ(12, yld_Enum::OPERATION_ATAN);
-    EXPECT_EQ(13, yld_Enum::OPERATION_COS);
-    EXPECT_EQ(14, yld_Enum::OPERATION_SIN);
-    EXPECT_EQ(15, yld_Enum::OPERATION_TAN);
-    EXPECT_EQ(16, yld_Enum::OPERATION_DEGREE_TO_RADIAN);
-    EXPECT_EQ(17, yld_Enum::OPERATION_RADIAN_TO_DEGREE);
-    EXPECT_EQ(18, yld_Enum::OPERATION_EXP);
-    EXPECT_EQ(19, yld_Enum::OPERATION_EXP10);
-    EXPECT_EQ(20, yld_Enum::OPERATION_LOG);
-    EXPECT_EQ(21, yld_Enum::OPERATION_LOG10);
-    EXPECT_EQ(22, yld_Enum::OPERATION_SQRT);
-    EXPECT_EQ(23, yld_Enum::OPERATION_TRANSPOSE);
-}
-
-TEST(yld_Enum, incrementStats)
-{
-    EXPECT_EQ(0, yld_Enum::NUMBER_OF_ATTEMPTS);
-    EXPECT_EQ(1, yld_Enum::NUMBER_OF_SEVERE_DISCONTINUITY_ITERATIONS);
-    EXPECT_EQ(2, yld_Enum::NUMBER_OF_EQUILIBRIUM_ITERATIONS);
-    EXPECT_EQ(3, yld_Enum::NUMBER_OF_ITERATIONS);
-    EXPECT_EQ(4, yld_Enum::STEP_TIME_COMPLETED);
-    EXPECT_EQ(5, yld_Enum::INCREMENT_SIZE);
-}
-
-TEST(yld_Enum, elementGeometryClass)
-{
-    EXPECT_EQ(0, yld_Enum::UNKNOWN_GEOMETRY);
-    EXPECT_EQ(1, yld_Enum::POINT_GEOMETRY);
-    EXPECT_EQ(6, yld_Enum::LINEAR_LINE);
-    EXPECT_EQ(7, yld_Enum::QUADRATIC_LINE);
-    EXPECT_EQ(10, yld_Enum::LINEAR_TRIANGLE);
-    EXPECT_EQ(12, yld_Enum::QUADRATIC_TRIANGLE);
-    EXPECT_EQ(11, yld_Enum::LINEAR_QUADRILATERAL);
-    EXPECT_EQ(13, yld_Enum::QUADRATIC_QUADRILATERAL);
-    EXPECT_EQ(16, yld_Enum::LINEAR_HEXAHEDRON);
-    EXPECT_EQ(19, yld_Enum::QUADRATIC_HEXAHEDRON);
-    EXPECT_EQ(15, yld_Enum::LINEAR_WEDGE);
-    EXPECT_EQ(18, yld_Enum::QUADRATIC_WEDGE);
-    EXPECT_EQ(14, yld_Enum::LINEAR_TETRAHEDRON);
-    EXPECT_EQ(17, yld_Enum::QUADRATIC_TETRAHEDRON);
-}
-
-TEST(yld_Enum, enumerationsKnownByTheirRange)
-{
-    EXPECT_EQ(0, yld_Enum::ARROW_HEAD_NONE);
-    EXPECT_EQ(8, yld_Enum::ARROW_HEAD_DIAMOND);
-    EXPECT_EQ(0, yld_Enum::BACKGROUND_TRANSPARENT);
-    EXPECT_EQ(2, yld_Enum::BACKGROUND_COLORED);
-    EXPECT_EQ(0, yld_Enum::JUSTIFY_LEFT);
-    EXPECT_EQ(2, yld_Enum::JUSTIFY_RIGHT);
-    EXPECT_EQ(0, yld_Enum::LINE_SOLID);
-    EXPECT_EQ(4, yld_Enum::LINE_DASH_DOT_DOT);
-    EXPECT_EQ(0, yld_Enum::LINE_VERY_THIN);
-    EXPECT_EQ(3, yld_Enum::LINE_THICK);
-    EXPECT_EQ(0, yld_Enum::ORIENTATION_BY_COSINES);
-    EXPECT_EQ(2, yld_Enum::ORIENTATION_BY_VECTOR);
-    EXPECT_EQ(0, yld_Enum::STACK_DIRECTION_1);
-    EXPECT_EQ(3, yld_Enum::STACK_DIRECTION_OF_ORIENTATION);
-    EXPECT_EQ(0, yld_Enum::XY_FROM_KEYBOARD);
-    EXPECT_EQ(4, yld_Enum::XY_FROM_OPERATION);
-    EXPECT_EQ(0, yld_Enum::BOTTOM_LEFT);
-    EXPECT_EQ(8, yld_Enum::TOP_RIGHT);
-    EXPECT_EQ(0, yld_Enum::UNDEFINED_CSYS);
-    EXPECT_EQ(3, yld_Enum::SPHERICAL);
+    for (const Row& row : rows) EXPECT_EQ(row.expected, row.number) << row.name;
 }
 
 namespace {

@@ -293,17 +293,19 @@ TEST(yld_PrimEnum, categories)
 
 TEST(yld_PrimEnum, theEndsOfTheCategoryGroups)
 {
-    EXPECT_EQ(0x1010000, yld_AnalysisWarningError::INTERNAL);
-    EXPECT_EQ(0x2080000, yld_AnalysisWarningError::TRANSFORMATION);
-    EXPECT_EQ(0x3070000, yld_AnalysisWarningError::PREDEFINED_FIELD);
-    EXPECT_EQ(0x40c0000, yld_AnalysisWarningError::OVERCONSTRAINT);
-    EXPECT_EQ(0x5060000, yld_AnalysisWarningError::CAVITY_RADIATION);
-    EXPECT_EQ(0x6030000, yld_AnalysisWarningError::PARALLEL);
-    EXPECT_EQ(0x7010000, yld_AnalysisWarningError::OUTPUT);
-    EXPECT_EQ(0x81a0000, yld_AnalysisWarningError::MARINE);
-    EXPECT_EQ(0x9100000, yld_AnalysisWarningError::ADAPTIVE_MESHING);
-    EXPECT_EQ(0xa0d0000, yld_AnalysisWarningError::TIME_INTEGRATION);
-    EXPECT_EQ(0xb010000, yld_AnalysisWarningError::USER_SUBROUTINE);
+    const std::pair<int, yld_AnalysisWarningError::Category> rows[] = {
+        {0x1010000, yld_AnalysisWarningError::INTERNAL},
+        {0x2080000, yld_AnalysisWarningError::TRANSFORMATION},
+        {0x3070000, yld_AnalysisWarningError::PREDEFINED_FIELD},
+        {0x40c0000, yld_AnalysisWarningError::OVERCONSTRAINT},
+        {0x5060000, yld_AnalysisWarningError::CAVITY_RADIATION},
+        {0x6030000, yld_AnalysisWarningError::PARALLEL},
+        {0x7010000, yld_AnalysisWarningError::OUTPUT},
+        {0x81a0000, yld_AnalysisWarningError::MARINE},
+        {0x9100000, yld_AnalysisWarningError::ADAPTIVE_MESHING},
+        {0xa0d0000, yld_AnalysisWarningError::TIME_INTEGRATION},
+        {0xb010000, yld_AnalysisWarningError::USER_SUBROUTINE}};
+    for (const auto& [number, category] : rows) EXPECT_EQ(number, category);
 }
 
 TEST(yld_PrimEnum, piezoelectricAndPoreFluidDiffusionShareANumber)

@@ -45,11 +45,7 @@ yld_Exception& yld_Exception::operator=(const yld_Exception&) = default;
 
 yld_Exception::~yld_Exception() = default;
 
-void yld_Exception::Propagate() const { throw yld_Exception(*this); }
-
 yld_Exception* yld_Exception::Copy() const { return new yld_Exception(*this); }
-
-unsigned yld_Exception::DynTypeId() const { return TypeId(); }
 
 void yld_Exception::DBWrite(pcl_WriteVisitor& visitor) const
 {

@@ -1,6 +1,7 @@
 #include "yld_Yld.h"
 
 #include "platform/attribute/ntsC_AnnotationClient.h"
+#include "platform/model/mshK_AttributeKinds.h"
 #include "platform/model/prtC_Enum.h"
 #include "platform/result/fld_Enum.h"
 #include "platform/sto/sto_Assembly.h"
@@ -96,14 +97,27 @@ struct yld_Yld::ApiExtensions : shr_Btree<yld_Enum::yld_ApiType, yld_ApiExtensio
     }
 };
 
+// How the analysis was set up. A copy shares each kind by itself.
+struct yld_Yld::Attributes
+{
+    Attributes() = default;
+    explicit Attributes(const sto_Model& model)
+    {
+#define YLD_BIND(stored, value, repository, member, text)                                                              \
+    member = shr_COW<yld_##repository##Repository>(yld_##repository##Repository(model));
+        MSHK_ATTRIBUTE_KINDS(YLD_BIND)
+#undef YLD_BIND
+    }
+#define YLD_MEMBER(stored, value, repository, member, text)                                                            \
+    shr_COW<yld_##repository##Repository> member{yld_##repository##Repository()};
+    MSHK_ATTRIBUTE_KINDS(YLD_MEMBER)
+#undef YLD_MEMBER
+};
+
 yld_Yld::yld_Yld()
     : m_sto(sto_Sto()), m_steps(yld_StepRepository()), m_parts(yld_PartRepository()),
-      m_sectionCategories(yld_SectionCategoryRepository()), m_rootAssembly(yld_Assembly()),
-      m_boundaryConditions(yld_BCRepository()), m_interactionProperties(yld_IPRepository()),
-      m_contactControls(yld_ContactControlsRepository()), m_interactions(yld_InteractionRepository()),
-      m_predefinedFields(yld_PredefinedFieldRepository()), m_loads(yld_LoadRepository()),
-      m_constraints(yld_ConstraintRepository()), m_fieldOutputRequests(yld_FieldOutputRequestRepository()),
-      m_historyOutputRequests(yld_HistoryOutputRequestRepository()), m_apiExtensions(ApiExtensions())
+      m_sectionCategories(yld_SectionCategoryRepository()), m_rootAssembly(yld_Assembly()), m_attributes(Attributes()),
+      m_apiExtensions(ApiExtensions())
 {
 }
 
@@ -119,12 +133,8 @@ yld_Yld::yld_Yld(const yld_String& name, const yld_String& analysisTitle, const 
       m_steps(yld_StepRepository(store)), m_parts(yld_PartRepository(model)),
       m_sectionCategories(yld_SectionCategoryRepository()),
       m_rootAssembly(yld_Assembly(yld_String(model.rootAssembly().name().c_str()), model.rootAssembly(), model)),
-      m_boundaryConditions(yld_BCRepository(model)), m_interactionProperties(yld_IPRepository(model)),
-      m_contactControls(yld_ContactControlsRepository(model)), m_interactions(yld_InteractionRepository(model)),
-      m_predefinedFields(yld_PredefinedFieldRepository(model)), m_loads(yld_LoadRepository(model)),
-      m_constraints(yld_ConstraintRepository(model)), m_fieldOutputRequests(yld_FieldOutputRequestRepository(model)),
-      m_historyOutputRequests(yld_HistoryOutputRequestRepository(model)), m_readOnly(readOnly),
-      m_apiExtensions(ApiExtensions()), m_globalJob(model.globalJob().c_str())
+      m_attributes(Attributes(model)), m_readOnly(readOnly), m_apiExtensions(ApiExtensions()),
+      m_globalJob(model.globalJob().c_str())
 {
     if (store.hasUserData()) {
         m_userData = yld_UserData(store.userData());
@@ -391,59 +401,14 @@ const yld_Assembly& yld_Yld::constRootAssembly() const
     return m_rootAssembly.ConstGet();
 }
 
-yld_BCRepository& yld_Yld::boundaryConditions()
-{
-    read();
-    return readUnshared(m_boundaryConditions);
-}
-
-yld_IPRepository& yld_Yld::interactionProperties()
-{
-    read();
-    return readUnshared(m_interactionProperties);
-}
-
-yld_ContactControlsRepository& yld_Yld::contactControls()
-{
-    read();
-    return readUnshared(m_contactControls);
-}
-
-yld_InteractionRepository& yld_Yld::interactions()
-{
-    read();
-    return readUnshared(m_interactions);
-}
-
-yld_PredefinedFieldRepository& yld_Yld::predefinedFields()
-{
-    read();
-    return readUnshared(m_predefinedFields);
-}
-
-yld_LoadRepository& yld_Yld::loads()
-{
-    read();
-    return readUnshared(m_loads);
-}
-
-yld_ConstraintRepository& yld_Yld::constraints()
-{
-    read();
-    return readUnshared(m_constraints);
-}
-
-yld_FieldOutputRequestRepository& yld_Yld::fieldOutputRequests()
-{
-    read();
-    return readUnshared(m_fieldOutputRequests);
-}
-
-yld_HistoryOutputRequestRepository& yld_Yld::historyOutputRequests()
-{
-    read();
-    return readUnshared(m_historyOutputRequests);
-}
+#define YLD_ACCESSOR(stored, value, repository, member, text)                                                          \
+    yld_##repository##Repository& yld_Yld::member()                                                                    \
+    {                                                                                                                  \
+        read();                                                                                                        \
+        return readUnshared(m_attributes.Get().member);                                                                \
+    }
+MSHK_ATTRIBUTE_KINDS(YLD_ACCESSOR)
+#undef YLD_ACCESSOR
 
 yld_UserData& yld_Yld::userData()
 {
