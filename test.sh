@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . cmake/packages.sh
-yld_install_packages
+yld_install_packages run test
 yld_reuse_objects
 
 echo "== format"
