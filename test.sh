@@ -16,3 +16,4 @@ for preset in ${YLD_PRESETS:-release asan}; do
     cmake --build --preset "$preset"
     ctest --preset "$preset"
 done
+python3 tests/tools/exodus_expected_test.py --left-out
