@@ -3,13 +3,13 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . cmake/packages.sh
-yld_install_packages
+yld_install_packages run
 yld_reuse_objects
-cmake --preset release >/dev/null
-cmake --build --preset release
+cmake --preset run >/dev/null
+cmake --build --preset run
 
-bin=build/release/bin
-results=build/release/cantilever.yld
+bin=build/run/bin
+results=build/run/cantilever.yld
 echo
 echo "== a cantilever of hexahedra, its end load in ten increments"
 "$bin/cantilever_analysis" "$results"

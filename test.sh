@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . cmake/packages.sh
-yld_install_packages
+yld_install_packages run test
 yld_reuse_objects
 
 echo "== format"
@@ -16,3 +16,4 @@ for preset in ${YLD_PRESETS:-release asan}; do
     cmake --build --preset "$preset"
     ctest --preset "$preset"
 done
+python3 tests/tools/exodus_expected_test.py --left-out

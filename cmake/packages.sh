@@ -1,8 +1,15 @@
-# Sourced by run.sh and test.sh: install what packages.txt lists and this machine lacks.
+# Sourced by run.sh and test.sh: install what packages.txt lists under these headings and this machine lacks.
 yld_install_packages() {
-    local missing=() package
+    local missing=() package heading=
     while read -r package; do
-        case "$package" in '' | '#'*) continue ;; esac
+        case "$package" in
+        '' | '#'*) continue ;;
+        '['*']')
+            heading=${package:1:-1}
+            continue
+            ;;
+        esac
+        case " $* " in *" $heading "*) ;; *) continue ;; esac
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
     done < packages.txt
     if [ ${#missing[@]} -eq 0 ]; then return 0; fi

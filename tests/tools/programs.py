@@ -1,5 +1,6 @@
 """What the tests of the programs share: running them, and comparing floats."""
 
+import gzip
 import json
 import os
 import struct
@@ -8,6 +9,8 @@ import sys
 import unittest
 
 BIN = os.environ.get("YLD_BIN", "")
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+EXODUS = os.path.join(ROOT, "tests", "data", "exodus")
 
 
 def program(name):
@@ -19,6 +22,14 @@ def run(*arguments, **options):
     command = [program(arguments[0])] + [str(a) for a in arguments[1:]]
     return subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                           universal_newlines=True, timeout=600, **options)
+
+
+def exodus_file(name, folder):
+    """A file of another program, unpacked into a folder; its path."""
+    path = os.path.join(folder, os.path.basename(name))
+    with gzip.open(os.path.join(EXODUS, name + ".gz")) as packed, open(path, "wb") as stream:
+        stream.write(packed.read())
+    return path
 
 
 def single(number):

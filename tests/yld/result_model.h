@@ -8,6 +8,11 @@
 #include <initializer_list>
 #include <string>
 
+inline constexpr const char* incompatible =
+    "Fields are not compatible. They are either associated with different structural "
+    "models or have incompatible attributes.";
+inline constexpr const char* undefinedWarning = "Warning: Undefined position for historyPoint.\n";
+
 inline yld_Sequence<int> ints(std::initializer_list<int> values)
 {
     return yld_Sequence<int>(values.begin(), static_cast<int>(values.size()));
@@ -24,6 +29,16 @@ inline yld_Sequence<yld_Sequence<float>> rows(std::initializer_list<std::initial
     for (const auto& row : values) all.append(floats(row));
     return all;
 }
+
+inline std::string listed(const yld_Sequence<int>& numbers)
+{
+    std::string text;
+    for (int i = 0; i < numbers.size(); ++i) text += (i ? " " : "") + std::to_string(numbers[i]);
+    return text;
+}
+
+/// A quarter turn about the third axis.
+inline yld_Sequence<yld_Sequence<float>> turnedSystem() { return rows({{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}); }
 
 inline yld_Sequence<yld_Sequence<int>> connectivity(std::initializer_list<std::initializer_list<int>> values)
 {

@@ -106,12 +106,6 @@ std::string byLabel(const yld_FieldOutput& field)
     return all;
 }
 
-const char* const incompatible =
-    "Fields are not compatible. They are either associated with different structural models "
-    "or have incompatible attributes.";
-
-yld_Sequence<yld_Sequence<float>> turnedSystem() { return rows({{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}); }
-
 } // namespace
 
 TEST_F(yld_FieldAddDataFieldTest, withinOneDatabaseEveryBlockIsCopied)

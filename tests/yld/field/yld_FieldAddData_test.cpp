@@ -69,14 +69,14 @@ std::vector<Kind> allKinds()
 const std::vector<int> nodeLabels = {70, 10, 120, 40};
 const std::vector<int> elementLabels = {102, 7, 301, 101, 5, 302};
 
-struct Shape
+struct ElementShape
 {
     int numNodes;
     int numPoints;
     std::vector<int> nodes;
 };
 
-Shape shapeOf(int element)
+ElementShape shapeOf(int element)
 {
     switch (element) {
     case 101:
@@ -110,7 +110,7 @@ std::vector<Location> locationsOf(yld_Enum::yld_ResultPositionEnum position)
         return all;
     }
     for (const int label : elementLabels) {
-        const Shape shape = shapeOf(label);
+        const ElementShape shape = shapeOf(label);
         const int count = position == yld_Enum::ELEMENT_NODAL       ? shape.numNodes
                           : position == yld_Enum::INTEGRATION_POINT ? shape.numPoints
                                                                     : 1;

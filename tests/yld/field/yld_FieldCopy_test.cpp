@@ -9,9 +9,6 @@
 
 namespace {
 
-constexpr const char* incompatible = "Fields are not compatible. They are either associated with different structural "
-                                     "models or have incompatible attributes.";
-
 std::string describe(const yld_FieldOutput& field)
 {
     std::string text;
@@ -25,8 +22,6 @@ std::string describe(const yld_FieldOutput& field)
     }
     return text;
 }
-
-yld_Sequence<yld_Sequence<float>> turnedSystem() { return rows({{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}); }
 
 // Two databases at a time: results.yld and a second one whose model each test makes.
 class yld_FieldCopyTest : public ResultModel

@@ -17,7 +17,6 @@ std::string describe(const yld_FieldValue& value)
 yld_Sequence<yld_Sequence<float>> unitSystem() { return rows({{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}); }
 
 // The axes turned by a quarter about the third.
-yld_Sequence<yld_Sequence<float>> turnedSystem() { return rows({{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}); }
 
 } // namespace
 

@@ -65,7 +65,6 @@ protected:
     }
 };
 
-constexpr const char* undefinedWarning = "Warning: Undefined position for historyPoint.\n";
 constexpr const char* unknownWarning = "Warning: Unknown History Output position.\n";
 
 } // namespace

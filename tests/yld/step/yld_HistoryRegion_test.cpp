@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr const char* undefinedWarning = "Warning: Undefined position for historyPoint.\n";
-
 class HistoryModel : public ResultModel
 {
 protected:

@@ -24,13 +24,6 @@ std::string numbers(const yld_Sequence<double>& list)
     return text;
 }
 
-std::string listed(const yld_Sequence<int>& list)
-{
-    std::string text;
-    for (int i = 0; i < list.size(); ++i) text += (i ? " " : "") + std::to_string(list[i]);
-    return text;
-}
-
 } // namespace
 
 TEST_F(yld_StepDetails, numberCountsCreationsFromOne)

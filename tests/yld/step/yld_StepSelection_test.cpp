@@ -20,13 +20,6 @@ struct Case
     std::string found; ///< indices, or nothing
 };
 
-std::string listed(const yld_Sequence<int>& numbers)
-{
-    std::string text;
-    for (int i = 0; i < numbers.size(); ++i) text += (i ? " " : "") + std::to_string(numbers[i]);
-    return text;
-}
-
 } // namespace
 
 TEST_F(yld_StepSelection, getFrameCaseByCase)

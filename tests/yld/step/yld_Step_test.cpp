@@ -5,17 +5,6 @@
 
 using yld_StepTest = ResultModel;
 
-namespace {
-
-std::string listed(const yld_Sequence<int>& numbers)
-{
-    std::string text;
-    for (int i = 0; i < numbers.size(); ++i) text += std::to_string(numbers[i]) + " ";
-    return text;
-}
-
-} // namespace
-
 TEST_F(yld_StepTest, framesOutsideTheStep)
 {
     step().Frame(1, 1.0);
@@ -68,10 +57,10 @@ TEST_F(yld_StepTest, getFrameTakesTheLaterOrTheEarlierOfTwoThatFit)
 TEST_F(yld_StepTest, findFramesGivesAllAtTheBestDistance)
 {
     for (const double value : {1.0, 2.0, 2.0, 3.0}) step().Frame(0, value);
-    EXPECT_EQ(listed(step().findFrames(1.5, yld_Enum::MATCH_CLOSEST)), "0 1 2 ");
-    EXPECT_EQ(listed(step().findFrames(2.75, yld_Enum::MATCH_BEFORE)), "1 2 ");
-    EXPECT_EQ(listed(step().findFrames(1.25, yld_Enum::MATCH_AFTER)), "1 2 ");
-    EXPECT_EQ(listed(step().findFrames(2.0, yld_Enum::MATCH_EXACT)), "1 2 ");
+    EXPECT_EQ(listed(step().findFrames(1.5, yld_Enum::MATCH_CLOSEST)), "0 1 2");
+    EXPECT_EQ(listed(step().findFrames(2.75, yld_Enum::MATCH_BEFORE)), "1 2");
+    EXPECT_EQ(listed(step().findFrames(1.25, yld_Enum::MATCH_AFTER)), "1 2");
+    EXPECT_EQ(listed(step().findFrames(2.0, yld_Enum::MATCH_EXACT)), "1 2");
     EXPECT_EQ(listed(step().findFrames(0.5, yld_Enum::MATCH_BEFORE)), "");
     EXPECT_EQ(listed(step().findFrames(std::numeric_limits<double>::quiet_NaN(), yld_Enum::MATCH_EXACT)), "");
 }
@@ -91,9 +80,9 @@ TEST_F(yld_StepTest, loadCasesSelectFrames)
     EXPECT_STREQ(step().frames(1).loadCase().name().cStr(), "pull");
     EXPECT_STREQ(step().frames(0).loadCase().name().cStr(), "");
     EXPECT_EQ(step().frames(3).frameValue(), 0.0);
-    EXPECT_EQ(listed(step().findFrames(pull, -1.0, yld_Enum::MATCH_EXACT)), "1 3 ");
-    EXPECT_EQ(listed(step().findFrames(push, 1.0, yld_Enum::MATCH_CLOSEST)), "2 ");
-    EXPECT_EQ(listed(step().findFrames(1.0, yld_Enum::MATCH_EXACT)), "0 1 2 ");
+    EXPECT_EQ(listed(step().findFrames(pull, -1.0, yld_Enum::MATCH_EXACT)), "1 3");
+    EXPECT_EQ(listed(step().findFrames(push, 1.0, yld_Enum::MATCH_CLOSEST)), "2");
+    EXPECT_EQ(listed(step().findFrames(1.0, yld_Enum::MATCH_EXACT)), "0 1 2");
     EXPECT_EQ(step().getFrame(pull, -1.0).frameIndex(), 1);
     EXPECT_EQ(step().getFrame(pull, 0.1).frameIndex(), 3);
     EXPECT_EQ(failureOf([&] { step().getFrame(yld_LoadCase("twist"), -1.0); }), "Frame not found");
