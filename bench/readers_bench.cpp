@@ -165,9 +165,9 @@ void watchedWriter(benchmark::State& state)
             if (status != 0) state.SkipWithError("a reader failed");
         }
         for (const Board::Reader& reader : board.readers) {
-            fewestStates = std::min<int>(fewestStates, reader.states);
-            medians.push_back(reader.median);
-            worst = std::max<double>(worst, reader.worst);
+            fewestStates = std::min(fewestStates, static_cast<int>(reader.states));
+            medians.push_back(static_cast<double>(reader.median));
+            worst = std::max(worst, static_cast<double>(reader.worst));
         }
         state.SetIterationTime(seconds);
     }
