@@ -45,7 +45,7 @@ def dangling(root=ROOT):
     names = set()
     for top in TOP:
         for path in (root / top).rglob("*"):
-            if path.suffix in (".h", ".cpp", ".py"):
+            if path.suffix in (".h", ".cpp", ".py", ".txt", ".cmake"):
                 words.update(re.findall(r"\w+", path.read_text()))
                 names.add(path.name)
                 names.add(path.stem)
