@@ -4,7 +4,7 @@
 #include "platform/base/bas_Export.h"
 
 /// Brackets all use of the library: a program calls yld_initializeAPI() before anything else of it and
-/// yld_finalizeAPI() behind everything else. Calls nest: the first start does the work, the last stop undoes
+/// yld_finalizeAPI() after everything else. Calls nest: the first start does the work, the last stop undoes
 /// it, and one stop too many has no effect. A program that ends without the stop gets one from an exit
 /// handler. Start, use and stop belong to one thread.
 ///

@@ -84,7 +84,7 @@ public:
     yld_JobTime jobTime() const;
     /// The counts and flags of the numerical problem summary from entry 1 on; what else stands here is the solver's.
     yld_Sequence<int> jobHistoryDescription() const;
-    /// What the job history description tells; an entry that it has not counts as 0.
+    /// What the job history description tells; an entry that it lacks counts as 0.
     yld_NumericalProblemSummary numericalProblemSummary() const;
 
 private:

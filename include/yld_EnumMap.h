@@ -79,7 +79,7 @@ YLD_API ntsC_LineStyleEnm unMapLineStyleEnm(yld_Enum::yld_LineStyleEnm style);
 YLD_API yld_Enum::yld_LineThicknessEnm mapLineThicknessEnm(ntsC_LineThicknessEnm thickness);
 YLD_API ntsC_LineThicknessEnm unMapLineThicknessEnm(yld_Enum::yld_LineThicknessEnm thickness);
 
-/// What lies behind a text. Raises "Could not map yld_Enum::BackgroundStyleEnm Enumeration".
+/// The background of a text annotation. Raises "Could not map yld_Enum::BackgroundStyleEnm Enumeration".
 YLD_API yld_Enum::yld_BackgroundStyleEnm mapBackgroundStyleEnm(ntsC_BackgroundStyleEnm style);
 YLD_API ntsC_BackgroundStyleEnm unMapBackgroundStyleEnm(yld_Enum::yld_BackgroundStyleEnm style);
 

@@ -172,7 +172,7 @@ public:
     /// Results as plain arrays: the same checks in the same order, the same blocks, without a sequence of sequences.
     /// All arrays are borrowed for the call alone. Labels in the order of the mesh are recognised by one comparison.
     /// @param numLabels          how many labels
-    /// @param data               numRows rows of width components, one behind the other
+    /// @param data               numRows rows of width components, one after the other
     /// @param conjugateData      the imaginary half, laid out as data; null for none
     /// @param localCoordSystems  numSystems systems of nine direction cosines, axis by axis: one, or one a row; null
     /// for
@@ -197,10 +197,10 @@ public:
 
     /// Adds stored fields by key; tells whether any was new.
     bool addFieldKeys(const yld_Sequence<int>& keys);
-    /// Takes the caller's component labels, or the default ones of the type behind the field's name.
+    /// Takes the caller's component labels, or the default ones of the type after the field's name.
     /// Raises "The number of component labels should be %s".
     void setDefaultComponents(const yld_Sequence<yld_String>& given);
-    /// Raises "Invalid invariant" for an invariant that the type has not.
+    /// Raises "Invalid invariant" for an invariant that the type lacks.
     static void checkValidInvariants(yld_Enum::yld_DataTypeEnum type,
                                      const yld_Sequence<yld_Enum::yld_InvariantEnum>& invariants);
 

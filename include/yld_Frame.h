@@ -46,7 +46,7 @@ public:
     /// Reads the descriptions of all fields once.
     int size() const;
     bool isMember(const yld_String& name) const;
-    /// The field; an empty one for a name that the frame has not. Holds until the repository is next changed.
+    /// The field; an empty one for a name that the frame lacks. Holds until the repository is next changed.
     yld_FieldOutput& get(const yld_String& name);
     const yld_FieldOutput& constGet(const yld_String& name) const;
     const yld_FieldOutput& get(const yld_String& name) const { return constGet(name); }
@@ -107,7 +107,7 @@ public:
     yld_Enum::yld_DomainEnum domain() const { return m_domain; }
 
     /// A new scalar, vector or tensor field.
-    /// @param componentLabels  empty for the default labels behind the name
+    /// @param componentLabels  empty for the default ones, which begin with the name
     /// Raises "A field named '%s' already exists.", "Invalid invariant", "The number of component labels should be %s".
     yld_FieldOutput& FieldOutput(
         const yld_String& name, const yld_String& description, const yld_Enum::yld_DataTypeEnum& type,

@@ -25,7 +25,7 @@ public:
     /// A new curve. Raises here "Adding a history output object to an orphan History object is not allowed.".
     virtual yld_HistoryOutput& HistoryOutput(const yld_String& name, const yld_String& description,
                                              yld_Enum::yld_DataTypeEnum type);
-    /// A plain region with the part of each curve that lies strictly between start and end, or behind start.
+    /// A plain region with the part of each curve that lies strictly between start and end, or after start.
     virtual yld_HistoryRegion getSubset(double start, double end) const;
     virtual yld_HistoryRegion getSubset(double start) const;
     /// A plain region with that one curve, or with none if there is none of that name. The curve stays what it is.
@@ -54,7 +54,8 @@ public:
     const yld_HistoryOutput& historyOutputs(const yld_String& name) const;
 
 protected:
-    /// The set behind the curves at a node or an element; null until there is one. Shared by copies of the region.
+    /// The set that the curves at a node or an element refer to; null until there is one. Shared by copies of the
+    /// region.
     sto_Set& resultsSet() const { return *m_set; }
 
 private:

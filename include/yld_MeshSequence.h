@@ -25,7 +25,7 @@ public:
     /// is taken and the sequence stays whole.
     /// Raises "SequenceNode is not associated with an discrete entity." or "SequenceElement is not associated with an
     /// discrete entity." on a mesh without a name, and "Node index out of range." or "Element not found." for a label
-    /// that the mesh has not.
+    /// that the mesh lacks.
     void append(const Item& item);
     /// Appends the chosen indices of a sequence of the same mesh; a whole-mesh sequence has none to append.
     /// Raises "Cannot Append. Sequence belongs to different part.".

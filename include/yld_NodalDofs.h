@@ -23,7 +23,7 @@ public:
 
     /// The numbers of the degrees of freedom, as they were given.
     yld_Sequence<int> dofs() const { return m_dofs; }
-    /// The nodes; the meshes behind them have empty names, one for each group of the set. An empty set where there is
+    /// The nodes; their meshes have empty names, one for each group of the set. An empty set where there is
     /// no region.
     yld_Set nset() const;
 

@@ -10,7 +10,7 @@ class YLD_API yld_Part;
 class sto_Part;
 class sto_PartInstance;
 
-/// The handle on the stored entity behind a public one.
+/// The handle on the stored part or instance of a public one.
 template<class Entity> struct yld_StoredEntity;
 template<> struct yld_StoredEntity<yld_Part>
 {

@@ -96,13 +96,13 @@ public:
     yld_Sequence<int> retainedEigenModes() const;
     yld_SequenceNodalDofs retainedNodalDofs() const;
     yld_SequenceNodalDofs eliminatedNodalDofs() const;
-    /// Text for the solver that stands behind the step.
+    /// Lines of solver input that follow those of the step itself.
     yld_String solverInput() const;
     void setSolverInput(const yld_String& text);
 
     /// A new frame at the end of the step; the caller gets a copy of its own.
     yld_Frame Frame(int incrementNumber, double frameValue, const yld_String& description = yld_String());
-    /// Raises "Invalid LoadCase" for a load case that the step has not.
+    /// Raises "Invalid LoadCase" for a load case that the step lacks.
     yld_Frame Frame(const yld_LoadCase& loadCase, const yld_String& description);
     yld_Frame Frame(const yld_LoadCase& loadCase, const yld_String& description, double frameValue);
     /// Raises "Incorrect index for frame.". The reference is good until the next frame of this step is asked for.
@@ -121,7 +121,7 @@ public:
 
     /// A new history region, good as long as the step. A node or element of an instance gets that instance. The region
     /// is kept in the database with its first curve.
-    /// Raises "A historyRegion named '%1$s' already exists in step '%2$s'.", and with a load case that the step has not
+    /// Raises "A historyRegion named '%1$s' already exists in step '%2$s'.", and with a load case that the step lacks
     /// "Invalid LoadCase".
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description,
                                      const yld_HistoryPoint& point);
@@ -267,7 +267,7 @@ public:
                                    double argument7, double argument8, const yld_Union& argument9,
                                    const yld_MassScalingList& massScaling);
 
-    /// Files a step: at the end without a previous name, else behind the previous one; "Initial" stands before
+    /// Files a step: at the end without a previous name, else after the previous one; "Initial" stands before
     /// the first. Raises "Invalid step name.", "Invalid previous step name.".
     void file(const yld_Step& step, const yld_String& previousStepName);
     /// By place, unchecked.

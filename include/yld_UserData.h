@@ -106,7 +106,7 @@ public:
     const yld_Repository<yld_String, yld_UserXYData>& userXYData() const { return xyDataObjects(); }
 
     /// Bring in the stored curves that are not here yet, or the one of a name, without points. The first question for a
-    /// curve does so by itself. Raises what the store says, for a name that it has not too.
+    /// curve does so by itself. Raises what the store says, also for a name that it lacks.
     void ReadUserXYDataCon() const;
     void ReadUserXYData(const yld_String& name) const;
 

@@ -357,7 +357,7 @@ void sto_Mesh::appendFacets(setC_Set& set, const std::vector<sto_SurfaceSubset>&
         const int count = static_cast<int>(std::min(subset.labels.size(), subset.facets.size()));
         std::vector<int> classes(static_cast<std::size_t>(count));
         std::vector<int> places(static_cast<std::size_t>(count));
-        // An unknown label is left out, and the search goes on behind it.
+        // An unknown label is left out, and the search goes on after it.
         for (int from = 0; from < count;) {
             const int known = elements.GetElementIndices(subset.labels.data() + from, count - from,
                                                          classes.data() + from, places.data() + from);

@@ -27,7 +27,7 @@ sto_StoStep enter(const lnk_ShortCut<mshK_Model>& model, mshK_Step step, const s
     step.m_stepId = steps.size() + (hasInitial ? 0 : 1);
     step.m_previousName = previous.cStr();
     const std::string name = step.m_name;
-    // What is found under a name stays: a step that comes in under a name that is taken goes behind its namesake.
+    // What is found under a name stays: a step that comes in under a name that is taken goes after its namesake.
     const int place = std::max(sto_StepContainer::placeBehind(steps, previous.cStr()), steps.find(name) + 1);
     const lnk_ShortCut<mshK_Step> created = lnk_ShortCut<mshK_Step>::create(file, std::move(step));
     steps.insert(place, name, created);

@@ -9,7 +9,7 @@ class lnk_AnyShortCut;
 template<class T> class pcl_Array;
 
 /// Receives the attributes of one persistent object, by name, when the object is written.
-/// Values are taken over during the call; nothing is borrowed behind it.
+/// Values are taken over during the call; nothing is borrowed beyond it.
 class pcl_WriteVisitor
 {
 public:
@@ -36,7 +36,7 @@ public:
 };
 
 /// Gives the attributes of one stored object, by name. Each Read tells whether the file has the
-/// attribute; where it has not, the value stays as it was, which makes the member's initialiser the default.
+/// attribute; where it is absent, the value stays as it was, which makes the member's initialiser the default.
 class pcl_ReadVisitor
 {
 public:

@@ -37,7 +37,7 @@ constexpr bool hasSanitizer = false;
 #endif
 
 /// Makes and opens the files of the numbers [0, count) in processes of their own, many in each, with at most 256 MB and
-/// 2 seconds for a file. A process that ends early fails the number that it was at, and another goes on behind it.
+/// 2 seconds for a file. A process that ends early fails the number that it was at, and another goes on after it.
 /// @param make  makes file number n at a path
 /// @param walk  opens and reads everything; odd turns may open for writing
 /// @param namesPath  whether each refusal must begin with the file's path

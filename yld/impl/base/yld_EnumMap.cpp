@@ -55,7 +55,7 @@ constexpr EnumTable<fld_DataTypeEnm, yld_Enum::yld_DataTypeEnum, 12> s_dataTypes
      {fld_DataTypeEnm::TENSOR_2D_SURFACE, yld_Enum::TENSOR_2D_SURFACE}}};
 
 // Nodal values that elements carry are NODAL to a client, and NODAL is plain nodal to the store: the row of
-// NODAL_BY_ELEMENT stands behind that of NODAL, and the row of public number 14 behind both.
+// NODAL_BY_ELEMENT stands after that of NODAL, and the row of public number 14 after both.
 constexpr EnumTable<fld_OutputPositionEnm, yld_Enum::yld_ResultPositionEnum, 17> s_positions = {
     "Could not map OutputPosition Enumeration",
     {{fld_OutputPositionEnm::UNDEFINED, yld_Enum::UNDEFINED_POSITION},

@@ -26,7 +26,7 @@ yld_Sequence<int> sequenceOf(const std::vector<int>& keys)
     return yld_Sequence<int>(keys.data(), static_cast<int>(keys.size()));
 }
 
-// Behind a frame of a file of this kind stands another database, whose own assembly counts.
+// A frame of a file of this kind is about another database, whose own assembly counts.
 bool isBehindOtherDatabase(const shr_ArrayCOW<sto_Assembly>& assembly)
 {
     if (assembly.IsNull() || !assembly.ConstGet().isValid()) return false;
