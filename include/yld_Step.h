@@ -22,7 +22,8 @@ class stpC_Step;
 class yld_StepHistory;
 class yld_Yld;
 
-/// The frames of a step. It holds one frame at a time: a reference to a frame is good until the next is asked for.
+/// The frames of a step, counted from 0. It holds one frame at a time, so that a walk over a thousand of them takes the
+/// memory of one: the reference to a frame is good until another frame is asked for. Take a copy of a frame to keep it.
 class YLD_API yld_SequenceFrame
 {
 public:
@@ -33,11 +34,12 @@ public:
     ~yld_SequenceFrame();
 
     int size() const;
-    /// The frame at a place counted from 0, unchecked against the size but for what the store says.
+    /// The frame at a place. An index that no frame has raises what the store says; yld_Step::frames(index) has a text
+    /// of its own. Reads the frame's row, and none of its fields.
     yld_Frame& get(int index);
     const yld_Frame& constGet(int index) const;
     const yld_Frame& operator[](int index) const { return constGet(index); }
-    /// Frames are made by their step: always raises exc_TextException with the text "SequenceFrame::Append" == 0.
+    /// Always raises exc_TextException with the text "SequenceFrame::Append" == 0: yld_Step::Frame() makes frames.
     void append(const yld_Frame& frame);
 
 private:
@@ -54,12 +56,13 @@ private:
     shr_CountedHld<yld_Step> m_owner;
 };
 
-/// One phase of the analysis, with its frames and load cases.
+/// One step of the analysis, with its frames, load cases and history. A copy stands for the same step, with the frame
+/// that it holds; histories are shared by all copies. Steps come from yld_Yld::steps(), new ones from yld_Yld::Step().
 class YLD_API yld_Step
 {
 public:
     yld_Step();
-    /// A shell on the model side alone.
+    /// A step of the model that has no results.
     explicit yld_Step(const sto_StoStep& modelStep);
     yld_Step(const yld_String& name, const sto_Step& step, const yld_String& description,
              const shr_ArrayCOW<sto_Assembly>& assembly, yld_Enum::yld_DomainEnum domain,
@@ -70,29 +73,33 @@ public:
 
     const yld_String& name() const { return m_name; }
     const yld_String& description() const { return m_description; }
+    /// The number of the step in the order of creation, from 1; 0 for the initial state.
     int number() const;
+    /// What its frames are counted along: time, frequency, modes and so on.
     yld_Enum::yld_DomainEnum domain() const { return m_domain; }
     /// The procedure keyword, for example "*STATIC".
     const yld_String& procedure() const { return m_procedure; }
+    /// The length of the step, as it was given.
     double timePeriod() const;
     /// The analysis time at which the step begins.
     double totalTime() const;
     const yld_String& previousStepName() const { return m_previousStepName; }
     /// Whether geometric nonlinearity is on.
     bool nlgeom() const;
+    /// False for the initial state alone.
     bool isAnalysisStep() const;
     bool isPerturbation() const;
-    /// What the model weighs as the step finds it, in the model's units; 0 where nobody has worked it out.
+    /// The mass of the model at the beginning of the step, in the model's units; 0 where the analysis has not told it.
     double mass() const;
     double acousticMass() const;
-    /// Three coordinates; empty where nobody has worked them out.
+    /// Three coordinates; empty where the analysis has not told them.
     yld_Sequence<double> massCenter() const;
     yld_Sequence<double> acousticMassCenter() const;
-    /// Six components in the order 11, 22, 33, 12, 13, 23; empty where nobody has worked them out.
+    /// Six components in the order 11, 22, 33, 12, 13, 23; empty where the analysis has not told them.
     yld_Sequence<double> inertiaAboutCenter() const;
     yld_Sequence<double> inertiaAboutOrigin() const;
-    /// The modes, counted from 1, and the degrees of freedom that a step generating a substructure keeps or loses;
-    /// empty for any other step.
+    /// Of a step that generates a substructure: the eigenmodes that are kept, counted from 1, and the degrees of
+    /// freedom that are kept and those that are eliminated. Empty for any other step.
     yld_Sequence<int> retainedEigenModes() const;
     yld_SequenceNodalDofs retainedNodalDofs() const;
     yld_SequenceNodalDofs eliminatedNodalDofs() const;
@@ -100,7 +107,10 @@ public:
     yld_String solverInput() const;
     void setSolverInput(const yld_String& text);
 
-    /// A new frame at the end of the step; the caller gets a copy of its own.
+    /// A new frame at the end of the step. What is written to the returned object goes to the database; the next save
+    /// keeps it.
+    /// @param frameValue  time, frequency or another measure of the step; kept in single precision
+    /// Raises "Step \"%s\" has no results." for a step of the model alone.
     yld_Frame Frame(int incrementNumber, double frameValue, const yld_String& description = yld_String());
     /// Raises "Invalid LoadCase" for a load case that the step lacks.
     yld_Frame Frame(const yld_LoadCase& loadCase, const yld_String& description);
@@ -110,19 +120,22 @@ public:
     const yld_Frame& frames(int index) const;
     yld_SequenceFrame& frames() { return m_frames; }
     const yld_SequenceFrame& frames() const { return m_frames; }
-    /// The frame that matches a value. Raises "Frame not found".
+    /// The frame whose value matches: the closest, the closest at or before, the closest at or after, or exactly this
+    /// one. Of frames that match equally well the last, but with MATCH_BEFORE the first. With a load case only its
+    /// frames count, and a negative value means its first frame. Raises "Frame not found". Reads the rows of the
+    /// frames.
     yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     yld_Frame getFrame(const yld_LoadCase& loadCase, double value,
                        yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
-    /// The places of all frames at the best distance, in order.
+    /// The places of all frames that match equally well and best, ascending; empty where none does.
     yld_Sequence<int> findFrames(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     yld_Sequence<int> findFrames(const yld_LoadCase& loadCase, double value,
                                  yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
 
-    /// A new history region, good as long as the step. A node or element of an instance gets that instance. The region
-    /// is kept in the database with its first curve.
-    /// Raises "A historyRegion named '%1$s' already exists in step '%2$s'.", and with a load case that the step lacks
-    /// "Invalid LoadCase".
+    /// A new history region, to get curves by HistoryOutput(). The reference is good as long as the database is open.
+    /// The instance of a node or an element is found by the number of its mesh. The database has the region from its
+    /// first curve on. Raises "A historyRegion named '%1$s' already exists in step '%2$s'.", and with a load case that
+    /// the step lacks "Invalid LoadCase".
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description,
                                      const yld_HistoryPoint& point);
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description,
@@ -130,12 +143,13 @@ public:
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description, const yld_Node& node);
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description, const yld_Node& node,
                                      const yld_LoadCase& loadCase);
-    /// The regions as they stand; nothing is read.
+    /// The regions that have been read or made so far; reads none.
     yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegion();
-    /// The regions, read on first demand without any of their values.
+    /// All regions by name. The first call reads them with the names of their curves, and no pair.
     yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegions();
     const yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegions() const;
-    /// The first region at a place, in the order of their names; warns of each further one. A linear search.
+    /// The region at a place. Where several are at it, the first by name, with a warning for each of the others. Cost:
+    /// linear in the regions.
     /// Raises "HistoryRegion not found.".
     yld_HistoryRegion& getHistoryRegion(const yld_HistoryPoint& point);
     yld_HistoryRegion& getHistoryRegion(const yld_HistoryPoint& point, const yld_LoadCase& loadCase);
@@ -144,15 +158,15 @@ public:
     yld_LoadCase& LoadCase(const yld_String& name);
     const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
 
-    /// Looks for frames, load cases and, once history was read, curves that came in since the last look, and, if all
-    /// fields of the frame at hand have been read, for fields of it; tells whether there were any.
+    /// Looks for what a writer has added since the last look: frames, load cases, curves if the history has been read,
+    /// and fields of the held frame if all of its fields have been read. Tells whether there was anything.
     bool update();
-    /// Gives back the memory of the frame at hand and its fields.
+    /// Gives back the memory of the held frame and its fields; references to them are good no longer.
     void ClearFrameContainer();
 
-    /// Makes a field the one that each frame shows first, or by which it shows the model deformed. A frame that does
-    /// not hold the field, as the field's own frame describes it, stays as it was.
-    /// Cost: one look at the names of each frame's fields.
+    /// Tells viewers which field to show first, and by which field to deform the model. It is noted in every frame of
+    /// the step that has the field with the same description; other frames stay as they were. Cost: one look at the
+    /// names of each frame's fields.
     void setDefaultField(const yld_FieldOutput& field);
     void setDefaultDeformedField(const yld_FieldOutput& field);
     /// Asks for restart data; a later request takes the place of an earlier one. What the arguments mean is the
@@ -192,7 +206,7 @@ private:
     mutable shr_CountedHld<yld_StepHistory> m_history; // shared by all copies; null until asked for
 };
 
-/// The steps of a database, in the order of the analysis.
+/// The steps of a database, in the order of the analysis. References to steps are good until a step is added.
 class YLD_API yld_StepRepository
 {
 public:
@@ -213,18 +227,25 @@ public:
     const shr_1DArrayList<yld_Step>& stepList() const { return m_steps; }
     const yld_Sequence<yld_String>& stepNames() const { return m_names; }
 
-    /// Files the state before the first step, if there is no step yet.
+    /// Adds the initial state, which every model has, as the first step, if there is no step yet.
     void setInitialStep();
-    /// The name of that state; files it if there is no step yet. The reference is good as long as the repository.
+    /// The name of the initial state, "Initial"; adds it as above. The reference is good as long as the repository.
     const yld_String& getInitialStepName();
 
-    // Steps with the settings of an analysis. They stand in the model, in the order of the arguments, and hold no
-    // results: a step to write results to is made by the database. Numbers and flags without a name are the solver's
-    // affair. A step without a previous one goes to the end; "Initial" stands before the first.
+    // The next five functions make steps that tell a solver what to do. Such a step belongs to the model and holds no
+    // results: yld_Yld::Step() makes the steps that results are written to.
     //
-    // Raise what val_PrimEnum raises for a text that its enumeration has not (with the texts that it has), and, when
-    // the model has the step already, "Invalid step name." and "Invalid previous step name.".
+    // The database keeps every argument as it is given. Those without a name (argument3 and so on) mean something to
+    // the solver alone. An argument that is one of a few words is a text; the words are listed with each function.
+    //
+    // name      of the new step
+    // previous  the step that it follows; empty for the last one, "Initial" for the first place
+    //
+    // They raise for a text that is none of the words a message that lists these; "Invalid step name." for a name that
+    // this repository has; "Invalid previous step name." for a step that it lacks. The last two come when the model has
+    // the new step already. The reference is good until a step is added.
 
+    /// A static step.
     /// @param nlgeom         OFF, ON
     /// @param stabilization  NONE, ENERGY_FRACTION, DAMPING
     /// @param incrementation FIXED, AUTOMATIC
@@ -233,9 +254,11 @@ public:
                          double timePeriod, const yld_String& nlgeom, int argument3, double argument4, double argument5,
                          double argument6, const yld_String& stabilization, double argument8, bool argument9,
                          const yld_String& incrementation, const yld_String& amplitude);
+    /// A linear static perturbation.
     /// @param matrixSolver  DIRECT, ITERATIVE
     yld_Step& StaticLinearPerturbationStep(const yld_String& name, const yld_String& previous,
                                            const yld_String& description, const yld_String& matrixSolver);
+    /// A heat transfer step.
     /// @param response       STEADY_STATE, TRANSIENT
     /// @param amplitude      STEP, RAMP
     /// @param incrementation FIXED, AUTOMATIC
@@ -246,6 +269,7 @@ public:
                                const yld_String& incrementation, double argument4, int argument5, double argument6,
                                double argument7, double argument8, double argument9, double argument10,
                                const yld_String& extrapolation, const yld_String& matrixSolver);
+    /// A static step by arc length (Riks).
     /// @param nlgeom         OFF, ON
     /// @param region         a set that the solver watches; an empty one for none
     /// @param incrementation FIXED, AUTOMATIC
@@ -258,19 +282,21 @@ public:
                              const yld_String& matrixSolver, const yld_String& extrapolation,
                              const yld_String& argument16, bool argument17, bool argument18, int argument19,
                              int argument20, bool argument21);
+    /// An explicit dynamic step.
     /// @param nlgeom         OFF, ON
     /// @param incrementation FIXED, AUTOMATIC
-    /// @param argument5, argument9  a double, which is used; or a text: "NONE" for a value that is not used
+    /// @param argument5, argument9  a double; or a text in its place, "NONE" if there shall be no such value
+    /// @param massScaling    kept in this order
     yld_Step& ExplicitDynamicsStep(const yld_String& name, const yld_String& previous, const yld_String& description,
                                    double timePeriod, const yld_String& nlgeom, bool argument3,
                                    const yld_String& incrementation, const yld_Union& argument5, double argument6,
                                    double argument7, double argument8, const yld_Union& argument9,
                                    const yld_MassScalingList& massScaling);
 
-    /// Files a step: at the end without a previous name, else after the previous one; "Initial" stands before
-    /// the first. Raises "Invalid step name.", "Invalid previous step name.".
+    /// Adds a step to this list, and to nothing else: after the previous one, at the end if that is empty, at the first
+    /// place if it is "Initial". Raises "Invalid step name.", "Invalid previous step name.".
     void file(const yld_Step& step, const yld_String& previousStepName);
-    /// By place, unchecked.
+    /// By place in the list, which is not checked.
     yld_Step& at(int position) { return m_steps.Get(position); }
     const sto_Sto& store() const;
 
@@ -284,7 +310,8 @@ private:
     shr_COW<sto_Sto> m_store;
 };
 
-/// Walks the steps in order. Leaving a step gives back the memory of its frames.
+/// Walks the steps in order. It borrows the repository. Going on gives back the memory of the frames of the step that
+/// is left.
 class YLD_API yld_StepRepositoryIT
 {
 public:
