@@ -62,9 +62,8 @@ public:
 
     /// Places a part. The instance gets its nodes at origin + x e1 + y e2 + z e3, e1 to e3 being the base vectors made
     /// length 1.
-    /// @param localCoordSystem  empty for no displacement, or four rows: three base vectors of 3 entries, of any length
-    /// but
-    ///                          zero, and the origin of 2 or 3
+    /// @param localCoordSystem  empty to leave the part where it is, or four rows: three base vectors of 3 entries, of
+    ///                          any length but zero, and the origin of 2 or 3 entries
     /// Raises "localCoordSystem should contain 4 sequences.", "The coordinate system of part instance "%s" has entries
     /// that are not numbers.", "Coord system base vectors should be of length 3.".
     yld_Instance& Instance(const yld_String& name, const yld_Part& part,

@@ -33,8 +33,7 @@ template<class T, class List> struct yld_Stored<yld_Sequence<T, List>>
 /// until this sequence is next copied and written. The counts of the sharing are not atomic: a sequence
 /// and its copies belong to one thread.
 ///
-/// @tparam T     any type that can be default-constructed and assigned; it may still be incomplete where a
-/// class
+/// @tparam T     any type that can be default-constructed and assigned; it may still be incomplete where a class
 ///               has a sequence as a member
 /// @tparam List  the list that stores the elements, from which the sequence derives without adding data
 template<class T, class List = shr_1DArrayList<typename yld_Stored<T>::Type>> class YLD_API yld_Sequence : public List
