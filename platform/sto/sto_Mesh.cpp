@@ -307,7 +307,7 @@ void sto_Mesh::appendNodes(setC_Set& set, const int* labels, int count) const
 {
     const std::shared_ptr<const mshK_Mesh> body = mesh();
     const sto_NodeData nodes(body->m_nodeData);
-    const int first = nodes.isValid() ? nodes.data()->m_labels.findStretch(labels, count) : -1;
+    const int first = nodes.isValid() ? nodes.data()->m_labels.findRun(labels, count) : -1;
     if (first >= 0) {
         set.appendRun(body->m_meshIndex, -1, setC_SubSet::nodes, first, count);
         return;
@@ -321,7 +321,7 @@ void sto_Mesh::appendNodes(setC_Set& set, const int* labels, int count) const
 void sto_Mesh::appendElements(setC_Set& set, const int* labels, int count) const
 {
     int classIndex = -1;
-    if (const int first = elementData().findStretch(labels, count, classIndex); first >= 0) {
+    if (const int first = elementData().findRun(labels, count, classIndex); first >= 0) {
         set.appendRun(meshIndex(), classIndex, setC_SubSet::elements, first, count);
         return;
     }

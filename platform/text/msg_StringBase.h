@@ -95,7 +95,7 @@ public:
     msg_StringBase& rightTrim(const char* characters);
     msg_StringBase& trim(const char* characters);
 
-    /// A copy of a stretch of the text; the whole text shares its body.
+    /// A copy of a part of the text; the whole text shares its body.
     msg_StringBase substr(int position = 0, int length = toEnd) const;
 
     msg_StringBase& toLower();
