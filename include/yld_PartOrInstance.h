@@ -36,7 +36,7 @@ public:
     /// A surface: faces of elements.
     /// @param labels  element labels; one that the mesh lacks is left out
     /// @param faces   one face for each label
-    /// Raises "Duplicate set or surface name %s", as exc_TextException the messages for faces that an element has not,
+    /// Raises "Duplicate set or surface name %s", as exc_TextException the messages for faces that an element lacks,
     /// and for a part "Number of faces and elements should agree for a Surface.", for an instance "Number of surface
     /// faces and elements must agree.".
     yld_Set& Surface(const yld_String& name, const yld_Sequence<int>& labels,
