@@ -24,8 +24,8 @@ class yld_Set;
 /// One named result in one frame, for example the displacements. Its values lie in blocks, one for each position,
 /// element class, section point and instance; a block is read from the file when one of its values is first asked for.
 ///
-/// A field of a frame is attached: it takes data, which the next save keeps. A field that getSubset() or arithmetic
-/// gives is an orphan: it lives in memory alone and takes no data.
+/// A field of a frame is attached: it takes data, which the next save keeps. A field that getSubset() gives is
+/// an orphan: it lives in memory alone and takes no data.
 ///
 /// A copy shares the blocks. Values come one by one (values()) or as plain arrays (bulkDataBlocks()), which is faster.
 class YLD_API yld_FieldOutput

@@ -60,8 +60,8 @@ public:
     yld_InstanceRepository& operator=(const yld_InstanceRepository&);
     ~yld_InstanceRepository();
 
-    /// Places a part. The instance gets its nodes at origin + x e1 + y e2 + z e3, e1 to e3 being the base vectors made
-    /// length 1.
+    /// Places a part. The instance gets its nodes at origin + x e1 + y e2 + z e3, e1 to e3 being the base vectors,
+    /// which are at right angles, made length 1.
     /// @param localCoordSystem  empty to leave the part where it is, or four rows: three base vectors of 3 entries, of
     ///                          any length but zero, and the origin of 2 or 3 entries
     /// Raises "localCoordSystem should contain 4 sequences.", "The coordinate system of part instance "%s" has entries

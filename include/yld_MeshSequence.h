@@ -32,7 +32,7 @@ public:
     void append(const Sequence& other);
     /// The items at the places from `from` on, up to but without `to`.
     Sequence slice(const int& from, const int& to) const;
-    /// Compare with operator== of the items. Cost: linear, each item is made.
+    /// These two compare items with their operator==. Cost: linear, each item is made.
     bool isMember(const Item& item) const;
     bool isEqual(const Sequence& other) const;
     friend bool operator==(const Sequence& a, const Sequence& b) { return a.isEqual(b); }

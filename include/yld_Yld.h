@@ -29,8 +29,8 @@ class yld_LoadRepository;
 class yld_PredefinedFieldRepository;
 
 /// A results database: one file, with the model, the steps with their results, and what users have added. openYld()
-/// opens one, Yld() makes one; both give a reference that is good until the database is closed. Nothing is kept in the
-/// file before save().
+/// opens one, Yld() makes one; both give a reference that is good until the database is closed. What is changed
+/// is kept by save() and lost without it.
 ///
 /// Opening reads the header alone; the first access to steps, parts or assembly reads their lists; values are read when
 /// they are asked for. A copy shares everything until one of the two is changed. Only the thread that opened a database
