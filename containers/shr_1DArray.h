@@ -17,7 +17,7 @@
 /// table and one block. Indices are not checked. Counts are plain integers: an array and its copies stay within one
 /// thread.
 ///
-/// Every entry of a table owns one count of its block, also those behind the end, which a shrunken array
+/// Every entry of a table owns one count of its block, also those after the end, which a shrunken array
 /// keeps and finds again when it grows back; so the last holder of a table leaves nothing behind.
 template<class T> class YLD_API shr_1DArray
 {
@@ -140,7 +140,7 @@ public:
     }
 
     /// Changes the number of elements to n. Growing makes no block and moves no element. Shrinking, except to
-    /// 0, only moves the end: what lies behind it is found again by growing back. 0 gives everything back.
+    /// 0, only moves the end: what lies after it is found again by growing back. 0 gives everything back.
     bool Grow(int n)
     {
         CopyArray();
@@ -184,7 +184,7 @@ public:
         } else {
             Grow((used << m_power) + 1);
         }
-        // The entries behind the end are about to be overwritten.
+        // The entries after the end are about to be overwritten.
         releaseBlocks(used, m_tableLength);
         const int shift = m_tableLength - used;
         std::memmove(static_cast<void*>(m_table + shift), m_table, sizeof(Block*) * static_cast<std::size_t>(used));
@@ -272,7 +272,7 @@ private:
         return static_cast<int>((std::int64_t{end} + (std::int64_t{1} << power) - 1) >> power);
     }
 
-    // The allocation behind a table depends on the table's length alone. That of a long table is rounded up
+    // The allocation for a table depends on the table's length alone. That of a long table is rounded up
     // by up to a quarter, so that appending, which lengthens the table by few entries at a time, seldom moves
     // it.
     static std::size_t bytesFor(int length) noexcept

@@ -30,7 +30,7 @@ public:
             nextBlock();
         }
     }
-    /// Known right behind Next() without another look: a loop costs one comparison an element.
+    /// Known right after Next() without another look: a loop costs one comparison an element.
     bool IsDone() const noexcept { return m_offset == m_stop; }
     bool HasCurrent() const noexcept { return !IsDone() && m_elements; }
     /// The element; there must be one. Good as long as the iterator.
@@ -68,7 +68,7 @@ private:
     int m_blockSize;
     int m_start;             // the position where the block begins
     std::ptrdiff_t m_offset; // in the block; as wide as an address, which saves widening it for each element
-    std::ptrdiff_t m_stop;   // the offset behind the last one to visit in the block
+    std::ptrdiff_t m_stop;   // the offset after the last one to visit in the block
     const T* m_elements;
 };
 

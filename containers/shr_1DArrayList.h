@@ -64,7 +64,7 @@ public:
     int Size() const noexcept { return m_count; }
     bool IsEmpty() const noexcept { return m_count == 0; }
 
-    /// For writing; unshares. An index behind the storage extends it, and the count stays.
+    /// For writing; unshares. An index past the storage extends it, and the count stays.
     T& Get(int i) { return m_array.Get(i); }
     /// For reading; any index within the table of the storage will do.
     const T& ConstGet(int i) const { return m_array.PartialArrayConstGet(i); }
@@ -210,7 +210,7 @@ public:
         return values;
     }
 
-    /// The storage behind the list; for tests, measurements and bulk reading (shr_1DArray::ConstRun).
+    /// The storage under the list; for tests, measurements and bulk reading (shr_1DArray::ConstRun).
     const shr_1DArray<T>& Array() const noexcept { return m_array; }
 
     shr_1DArrayWalk<T> begin() const noexcept { return {m_array, m_count}; }

@@ -34,7 +34,7 @@ Bytes bytesOf(const std::filesystem::path& path)
 
 bool show(const Bytes& bytes)
 {
-    // Exactly as large as its content, so that the sanitizer sees who reads behind it.
+    // Exactly as large as its content, so that the sanitizer sees who reads past it.
     const std::unique_ptr<std::uint8_t[]> copy(new std::uint8_t[bytes.size()]);
     std::copy(bytes.begin(), bytes.end(), copy.get());
     LLVMFuzzerTestOneInput(copy.get(), bytes.size());

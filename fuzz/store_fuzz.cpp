@@ -1,5 +1,5 @@
 // Any bytes, opened as a file of the store and walked whole: data or one exception of ours. The sample classes have
-// every kind of attribute, and lists in lists, which the model's have not.
+// every kind of attribute, and lists in lists, which those of the model lack.
 
 #include "fuzz_files.h"
 #include "store/sample_states.h"

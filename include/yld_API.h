@@ -3,13 +3,13 @@
 
 #include "platform/base/bas_Export.h"
 
-/// Brackets all use of the library: a program calls yld_initializeAPI() before anything else of it and
-/// yld_finalizeAPI() behind everything else. Calls nest: the first start does the work, the last stop undoes
-/// it, and one stop too many has no effect. A program that ends without the stop gets one from an exit
-/// handler. Start, use and stop belong to one thread.
+/// A program calls yld_initializeAPI() before it uses anything else of the library, and yld_finalizeAPI() when it
+/// is done with it. Calls nest: the first start does the work, the last stop undoes it, and a stop too many does
+/// nothing. The last stop closes every database that is open, without saving. A program that ends without it gets
+/// it from an exit handler. Start, use and stop belong to one thread.
 ///
-/// The start installs a yld_WipReporter on the standard error stream as the thread's reporter. It stays
-/// behind the stop; a restart makes and installs another.
+/// The start installs a yld_WipReporter on the standard error stream as the reporter of the calling thread, which
+/// prints warnings there. The reporter stays installed after the stop; another start installs a new one.
 extern "C" YLD_API void yld_initializeAPI();
 extern "C" YLD_API void yld_finalizeAPI();
 

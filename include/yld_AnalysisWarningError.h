@@ -3,7 +3,7 @@
 
 #include "platform/base/bas_Export.h"
 
-/// A warning or an error that the analysis gave.
+/// A warning or an error that the analysis gave: the categories by which such messages are sorted.
 class YLD_API yld_AnalysisWarningError
 {
 public:

@@ -18,14 +18,15 @@ class sto_Model;
 template<class Output> class sto_OutputRequest;
 class sto_PredefinedField;
 
-/// What the values of these repositories have in common: a counted handle on a stored object. Copies stand for the same
-/// object, so what is changed through one is seen through the other.
+/// One thing that tells how the analysis was set up: a boundary condition, a load and so on. The value refers to the
+/// stored object and has no data of its own; copies refer to the same object, so what is changed through one is seen
+/// through the other.
 template<class StoredHandle> class YLD_API yld_Attribute
 {
 public:
     using Stored = StoredHandle;
 
-    /// Empty: it stands for no object.
+    /// Empty: it refers to no object.
     yld_Attribute();
     explicit yld_Attribute(const Stored& stored);
     yld_Attribute(const yld_Attribute&);
@@ -43,6 +44,7 @@ private:
     shr_COW<Stored> m_stored;
 };
 
+/// A boundary condition.
 class YLD_API yld_BC : public yld_Attribute<sto_BC>
 {
 public:
@@ -97,12 +99,13 @@ public:
     using yld_Attribute::yld_Attribute;
 };
 
-/// How the analysis was set up, one kind of attribute by name. The attributes live in the model of the store; here
-/// stands one value for each. Copies share their entries until one of them is written, and the model.
+/// All attributes of one kind, by name: the boundary conditions of a database, its loads and so on. yld_Yld gives one
+/// for each kind. The objects are kept in the model; the repository has a value that refers to each. A copy shares the
+/// entries until one of the two is changed.
 template<class Value> class YLD_API yld_AttributeRepository : public yld_Repository<yld_String, Value>
 {
 public:
-    /// One of no model.
+    /// Empty, without a model.
     yld_AttributeRepository();
     explicit yld_AttributeRepository(const sto_Model& model);
     yld_AttributeRepository(const yld_AttributeRepository&);
@@ -113,8 +116,9 @@ public:
     /// For the layers underneath; there must be one.
     const sto_Model& model() const noexcept { return *m_model; }
 
-    /// Brings in what the model has and the repository has not; a name that is there keeps its value. Without a model,
-    /// nothing. Reads the list of names, and none of the objects. Raises what the store says.
+    /// Adds a value for each attribute of the model whose name the repository lacks; values that it has stay. Without a
+    /// model it does nothing. Reads the names from the file, and none of the objects. Raises the store's own message
+    /// when the file cannot be read. yld_Yld calls it whenever it is asked for the repository.
     void Read();
 
 protected:
@@ -159,7 +163,7 @@ class YLD_API yld_ContactControlsRepository : public yld_AttributeRepository<yld
 public:
     using yld_AttributeRepository::yld_AttributeRepository;
 
-    /// The first call brings in what the model has; later ones do nothing.
+    /// The first call adds what the model has; later calls do nothing.
     void Read();
 
 private:

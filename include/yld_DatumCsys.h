@@ -12,7 +12,8 @@ class sto_DatumCsys;
 class sto_Model;
 class yld_Node;
 
-/// A coordinate system of the model: fixed, or following nodes of the deformed model.
+/// A coordinate system of the model: fixed in space, or attached to nodes that it follows as the model deforms. A value
+/// that refers to the stored system.
 class YLD_API yld_DatumCsys
 {
 public:
@@ -28,16 +29,18 @@ public:
     sto_DatumCsys datumCsys() const;
     yld_Enum::yld_DatumCsysTypeEnum type() const;
 
-    /// Three floats each, of length 1 where the system has the axis, in the undeformed model. Borrowed from this value
-    /// until the same one is asked for again.
+    /// The directions of the axes (unit vectors) and the origin (model units) in the undeformed model: three floats in
+    /// global coordinates. An axis that the points do not define, because they lie on a line, is 0, 0, 0. Each call
+    /// looks at the store; the pointer is borrowed from this object until the same function is called again.
     const float* xAxis() const;
     const float* yAxis() const;
     const float* zAxis() const;
     const float* origin() const;
 
-    /// Appends "Follows 3 nodes", "Follows 3 nodes on circle", "Follows single node" or "Fixed".
+    /// How the system moves, as text: appends "Follows 3 nodes", "Follows 3 nodes on circle", "Follows single node" or
+    /// "Fixed".
     void summaryValue1(yld_String& out) const;
-    /// Appends "Cylindrical", "Spherical" or "Rectangular".
+    /// What its coordinates are, as text: appends "Cylindrical", "Spherical" or "Rectangular".
     void summaryValue2(yld_String& out) const;
 
 private:
@@ -48,7 +51,8 @@ private:
     mutable float m_axes[4][3] = {}; // x, y, z, origin
 };
 
-/// The coordinate systems of the model, by name. What makes one keeps the system that a name has.
+/// The coordinate systems of the model, by name. A function that makes one under a name that is in use changes nothing
+/// and gives the system of that name. References are good until a system is added or removed.
 class YLD_API yld_DatumCsysRepository : public yld_Repository<yld_String, yld_DatumCsys>
 {
 public:
@@ -58,17 +62,19 @@ public:
     yld_DatumCsysRepository& operator=(const yld_DatumCsysRepository&);
     ~yld_DatumCsysRepository();
 
-    /// A fixed system. Its first axis points from the origin to point1; point2 lies in the plane of the first two. A
-    /// point that has not 3 entries is left at (0,0,0), (1,0,0) and (0,1,0) respectively. Points on a line give axes
-    /// of length 0.
+    /// A fixed system. Its first axis points from the origin to point1, its second lies in the plane of the three
+    /// points, on the side of point2, its third is normal to that plane.
+    /// @param origin, point1, point2  three global coordinates each. Where a sequence does not have exactly 3 entries,
+    ///                                (0,0,0), (1,0,0) or (0,1,0) is taken in its place.
+    /// Points on a line define no second and third axis: these have length 0.
     yld_DatumCsys& DatumCsysByThreePoints(const yld_String& name, yld_Enum::yld_DatumCsysTypeEnum type,
                                           const yld_Sequence<float>& origin, const yld_Sequence<float>& point1,
                                           const yld_Sequence<float>& point2);
-    /// The same through three nodes, which the system follows.
-    /// Raises "Invalid node label %d" for a node that the model has not, here and below.
+    /// The same with three nodes for the three points; the system follows them.
+    /// This and the other functions that take nodes raise "Invalid node label %d" for a node that the model lacks.
     yld_DatumCsys& DatumCsysByThreeNodes(const yld_String& name, yld_Enum::yld_DatumCsysTypeEnum type,
                                          const yld_Node& node1, const yld_Node& node2, const yld_Node& node3);
-    /// A system at one node, along the global axes, which follows the node and turns with it.
+    /// A system at one node, parallel to the global axes at first; it moves with the node and turns with its rotations.
     yld_DatumCsys& DatumCsysBy6dofNode(const yld_String& name, yld_Enum::yld_DatumCsysTypeEnum type,
                                        const yld_Node& node);
     /// A system at the centre of the circle through three nodes, which it follows. Its first axis points to node1, its
@@ -77,7 +83,7 @@ public:
                                              const yld_Node& node1, const yld_Node& node2, const yld_Node& node3);
     /// A copy of a system under another name.
     yld_DatumCsys& DatumCsys(const yld_String& name, const yld_DatumCsys& csys);
-    /// Takes the name out of the repository; the stored system stays.
+    /// Removes the name here; the stored system stays in the file and comes back when the list is read again.
     void DeleteDatumCsys(const yld_String& name);
 
     /// The three points as nine floats, with the defaults of DatumCsysByThreePoints.

@@ -57,8 +57,8 @@ private:
     bool m_convergedZeroPivots;
 };
 
-/// A view on what a job has told of its course: two words, the data themselves are shared with the store. It stays good
-/// when the database closes.
+/// What a job has reported of its course as a whole: status, times, numerical problems. A small value; the data are
+/// shared with the store and stay good after the database is closed.
 class YLD_API yld_DiagnosticData
 {
 public:
@@ -70,21 +70,23 @@ public:
         JOB_STATUS_TERMINATED_BY_EXTERNAL_REQUEST = 3
     };
 
-    /// On nothing, as of a database without diagnostics: status unknown, all times and counts zero.
+    /// As of a database without diagnostics: status unknown, all times and counts zero.
     yld_DiagnosticData();
     explicit yld_DiagnosticData(const std::shared_ptr<const dgn_DiagnosticData>& data);
     yld_DiagnosticData(const yld_DiagnosticData&);
     yld_DiagnosticData& operator=(const yld_DiagnosticData&);
     ~yld_DiagnosticData();
 
-    /// Whether there is anything to view.
+    /// Whether the database has diagnostics.
     bool isFilled() const { return m_data != nullptr; }
 
     JobStatus jobStatus() const;
     yld_JobTime jobTime() const;
-    /// The counts and flags of the numerical problem summary from entry 1 on; what else stands here is the solver's.
+    /// Numbers from the solver. Entries 1 to 3 (from 0) count negative eigenvalues, numerical singularities and zero
+    /// pivots, entries 4 to 6 are 1 where the problem occurred in a converged iteration; what the others mean is the
+    /// solver's affair.
     yld_Sequence<int> jobHistoryDescription() const;
-    /// What the job history description tells; an entry that it has not counts as 0.
+    /// Entries 1 to 6 of the above by name; one that is missing counts as 0.
     yld_NumericalProblemSummary numericalProblemSummary() const;
 
 private:

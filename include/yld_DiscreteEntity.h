@@ -19,17 +19,19 @@ class yld_ElemCtrlParams;
 using yld_SetRepository = yld_Repository<yld_String, yld_Set>;
 
 /// What a part, a part instance and the assembly have in common: a name, a space, a mesh and sets.
-/// A copy shares mesh and sets until one side writes.
+/// A copy shares mesh and sets with the original until one of the two is changed.
 class YLD_API yld_DiscreteEntity
 {
 public:
     virtual ~yld_DiscreteEntity();
 
+    /// Adds nodes to the mesh. What is raised is told with yld_Part, yld_Instance and yld_Assembly.
     /// @param labels       user labels, positive, in any order
     /// @param coordinates  one row a node: 3 floats in space, 2 in the plane, model units
     /// @param setName      a node set of these nodes is made under this name; none for an empty name
     virtual void addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& coordinates,
                           const yld_String& setName) = 0;
+    /// Adds elements to the mesh.
     /// @param connectivity  one row of node labels an element, in the node order of the type
     /// @param type          an element type label, for example "HEX8"
     virtual void addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
@@ -40,23 +42,28 @@ public:
     yld_Enum::yld_DimensionEnum embeddedSpace() const { return m_embeddedSpace; }
     yld_Enum::yld_PartTypeEnum type() const { return m_type; }
 
-    /// @param index  the zero-based place in the mesh. Raises "Element index out of range.".
+    /// One element or node by its place in the mesh, counted from 0, in the order of definition (elements class by
+    /// class). Raise "Element index out of range." and "Node index out of range.".
     yld_Element elements(int index) const;
-    /// Every element. Looks at the store again first, so that what was added shows.
+    /// All elements. Looks at the store again first, so that what was added since shows. The reference is good as long
+    /// as this object.
     yld_SequenceElement& elements();
     const yld_SequenceElement& elements() const;
-    /// Raises "Node index out of range.".
     yld_Node nodes(int index) const;
-    /// Every node, as elements().
+    /// All nodes, likewise.
     yld_SequenceNode& nodes();
     const yld_SequenceNode& nodes() const;
+    /// By user label. Raise "Node index out of range." and "Element index not found." for a label that the mesh lacks.
+    /// Cost: none of the other nodes or elements is built; see the page on the model.
     yld_Node getNodeFromLabel(int label) const;
-    /// Raises "Element index not found.".
     yld_Element getElementFromLabel(int label) const;
+    /// The elements of the mesh by type and section category, one entry for each class.
     const yld_Sequence<yld_ElementClass>& elementClasses() const;
 
-    /// The sets, read on first request; the flag of the first call that finds a set decides about internal ones.
-    /// @param skipRefresh  true leaves out the walk over all sets that brings their meshes up to date
+    /// The sets of each kind, by name, without their members. They are read by the first call that finds any, and
+    /// includeInternal of that call decides for all later ones whether internal sets are among them. References are
+    /// good until a set is added.
+    /// @param skipRefresh  true: the meshes of the sets are not looked at again for what was added since
     yld_SetRepository& nodeSets(bool includeInternal = false, bool skipRefresh = false);
     yld_SetRepository& elementSets(bool includeInternal = false, bool skipRefresh = false);
     yld_SetRepository& surfaces(bool includeInternal = false);
@@ -64,12 +71,14 @@ public:
     const yld_SetRepository& elementSets(bool includeInternal = false, bool skipRefresh = false) const;
     const yld_SetRepository& surfaces(bool includeInternal = false) const;
 
-    /// The labels of one face, edge or end of an element.
-    /// @param labels  the element's node labels in connectivity order
+    /// The node labels on one face, edge or end of an element.
+    /// @param labels  the labels of all nodes of the element, in the node order of its type
+    /// @param type    the element type label, for example "HEX8"
     /// Raises "Face SPOS and SNEG not valid for element type %s." and "Invalid face".
     static yld_Sequence<int> nodesLabelsFromNodeTypeFace(const yld_Sequence<int>& labels, const yld_String& type,
                                                          yld_Enum::yld_ElementFaceEnum face);
 
+    /// For the layers underneath.
     const yld_MeshHandle& mesh() const { return m_mesh; }
 
 protected:

@@ -11,7 +11,7 @@
 class sto_Mesh;
 class sto_ScopedNodeData;
 
-/// One element, a plain value with its own copies, made on demand.
+/// One element of a mesh: a value, made when an element is asked for.
 class YLD_API yld_Element
 {
 public:
@@ -47,11 +47,16 @@ public:
     /// Raises "Element is not associated with a mesh." for an element of no mesh.
     yld_Sequence<yld_String> instanceNames() const;
     const yld_SectionCategory& sectionCategory() const { return m_sectionCategory; }
+    /// What the element looks like, linear hexahedron for example; UNKNOWN_GEOMETRY for types without a class of their
+    /// own, pyramids among them.
     yld_Enum::yld_ElementGeometryClass geometryClass() const { return m_geometryClass; }
+    /// A sum: 1 axisymmetric, 2 reduced integration, 4 shell-like, 8 connector, 16 rigid node.
     int shapeAttribute() const { return m_shapeAttribute; }
-    /// The zero-based place inside the element's class.
+    /// The place inside the element's class, counted from 0.
     int index() const { return m_index; }
+    /// The number of the mesh within the model.
     int meshIndex() const { return m_meshIndex; }
+    /// The number of the class within the mesh.
     int classIndex() const { return m_classIndex; }
 
     /// Elements of no mesh are equal to each other alone; others are equal when index, mesh index and class

@@ -7,7 +7,7 @@
 
 class sto_ElementClass;
 
-/// All elements of one type and one section category in a mesh.
+/// All elements of one type and one section category in a mesh: a handle on the stored class.
 class YLD_API yld_ElementClass
 {
 public:
@@ -17,8 +17,11 @@ public:
     yld_ElementClass& operator=(const yld_ElementClass&);
     ~yld_ElementClass();
 
+    /// The number of the class within the mesh.
     int classIndex() const { return m_classIndex; }
+    /// The element type label, for example "HEX8".
     yld_String typeLabel() const;
+    /// The name of the section category.
     yld_String categoryLabel() const;
     int numElements() const;
     int numNodesPerElement() const;

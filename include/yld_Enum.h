@@ -178,7 +178,7 @@ public:
         AXIS_3 = 2
     };
 
-    /// What lies behind the letters of a text annotation.
+    /// The background of a text annotation.
     enum yld_BackgroundStyleEnm : int
     {
         BACKGROUND_TRANSPARENT = 0,

@@ -24,12 +24,13 @@ enum class ntsC_BackgroundStyleEnm : int;
 enum class ntsC_LineJustificationEnm : int;
 
 /// @file
-/// The roads between the numbers of the store (`map...`: store to public) and those of `yld_Enum`
-/// (`unMap...`: public to store). Each function looks its value up in a table of a few rows, allocates
-/// nothing unless it raises, and may be called from any thread. A value without a row raises `yld_Exception`
-/// with error number 6 and the text given here; the functions at the end raise nothing.
+/// Files keep other numbers for enumerators than `yld_Enum` has. These functions translate: `map...` from the
+/// number of the file to the public one, `unMap...` from the public one to that of the file. Each looks its value
+/// up in a table of a few rows, allocates nothing unless it raises, and may be called from any thread. A value that
+/// is not in the table raises `yld_Exception` with error number 6 and the text given here; the functions at the end
+/// raise nothing.
 
-/// What a value is. UNDEFINED_DATATYPE has no row.
+/// What a value is: a scalar, a vector, a tensor. UNDEFINED_DATATYPE is not in the table.
 /// Raises "Could not map DataType Enumeration".
 YLD_API yld_Enum::yld_DataTypeEnum mapDataType(fld_DataTypeEnm type);
 YLD_API fld_DataTypeEnm unMapDataType(yld_Enum::yld_DataTypeEnum type);
@@ -40,7 +41,7 @@ YLD_API fld_DataTypeEnm unMapDataType(yld_Enum::yld_DataTypeEnum type);
 YLD_API yld_Enum::yld_ResultPositionEnum mapOutputPosition(fld_OutputPositionEnm position);
 YLD_API fld_OutputPositionEnm unMapOutputPosition(yld_Enum::yld_ResultPositionEnum position);
 
-/// Scalars derived from a field. UNDEFINED_INVARIANT has no row.
+/// Scalars derived from a field. UNDEFINED_INVARIANT is not in the table.
 /// Raises "Could not map Invariant Enumeration".
 YLD_API yld_Enum::yld_InvariantEnum mapInvarEnum(fld_InvariantEnm invariant);
 YLD_API fld_InvariantEnm unMapInvarEnum(yld_Enum::yld_InvariantEnum invariant);
@@ -62,7 +63,7 @@ YLD_API prtC_OrientationMethodEnm unMapOrientationMethod(yld_Enum::yld_Orientati
 /// Raises "Could not map Invariant Enumeration".
 YLD_API axs_CsysTypeEnm unMapDatumCsysType(yld_Enum::yld_DatumCsysTypeEnum type);
 
-/// A named point of an annotation's box. The number 4 has no row.
+/// A named point of an annotation's box. The number 4 is not in the table.
 /// Raises "Could not map RelativePosition Enumeration".
 YLD_API yld_Enum::yld_RelativePositionEnm mapRelativePositionEnm(ntsC_RelativePositionEnm position);
 YLD_API ntsC_RelativePositionEnm unMapRelativePositionEnm(yld_Enum::yld_RelativePositionEnm position);
@@ -79,7 +80,7 @@ YLD_API ntsC_LineStyleEnm unMapLineStyleEnm(yld_Enum::yld_LineStyleEnm style);
 YLD_API yld_Enum::yld_LineThicknessEnm mapLineThicknessEnm(ntsC_LineThicknessEnm thickness);
 YLD_API ntsC_LineThicknessEnm unMapLineThicknessEnm(yld_Enum::yld_LineThicknessEnm thickness);
 
-/// What lies behind a text. Raises "Could not map yld_Enum::BackgroundStyleEnm Enumeration".
+/// The background of a text annotation. Raises "Could not map yld_Enum::BackgroundStyleEnm Enumeration".
 YLD_API yld_Enum::yld_BackgroundStyleEnm mapBackgroundStyleEnm(ntsC_BackgroundStyleEnm style);
 YLD_API ntsC_BackgroundStyleEnm unMapBackgroundStyleEnm(yld_Enum::yld_BackgroundStyleEnm style);
 

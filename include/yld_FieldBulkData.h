@@ -12,8 +12,10 @@
 class yld_FieldValueList;
 class yld_Instance;
 
-/// The values, labels and local systems of one block as plain arrays. All arrays are borrowed: from the read
-/// block, or, where a docstring says so, from this object. They hold as long as the sequence that gave this object.
+/// One block of a field as plain arrays: values, labels, local systems. A block has one position, element class,
+/// section point and instance. Every array is borrowed and good as long as the yld_SequenceFieldBulkData that this
+/// object came from; those that are "built on first use" belong to this object and go with it. What the file was read
+/// into is shown without a copy, unless rows have to be made wider.
 class YLD_API yld_FieldBulkData
 {
 public:
@@ -23,32 +25,38 @@ public:
     yld_FieldBulkData& operator=(const yld_FieldBulkData& other);
     ~yld_FieldBulkData();
 
-    /// length() rows of width() floats; null in double precision.
+    /// length() rows of width() floats, the components of one value after the other; null in double precision.
     const float* data() const { return m_data; }
+    /// The imaginary half, laid out the same; null for real values.
     const float* conjugateData() const { return m_conjugateData; }
     /// length() rows of orientationWidth() quaternion components, or null.
     const float* localCoordSystem() const { return m_localCoordSystem; }
+    /// The same three in double precision; null in single precision.
     const double* dataDouble() const { return m_dataDouble; }
     const double* conjugateDataDouble() const { return m_conjugateDataDouble; }
     const double* localCoordSystemDouble() const { return m_localCoordSystemDouble; }
     /// One label a value for NODAL and ELEMENT_NODAL data; null otherwise.
     const int* nodeLabels() const { return m_nodeLabels; }
-    /// The number of rows.
+    /// The number of values: rows of the arrays.
     int length() const { return m_length; }
-    /// The number of components a row.
+    /// The number of components of a value.
     int width() const { return m_width; }
+    /// 4 for quaternions in space, 2 in the plane, 0 without local systems.
     int orientationWidth() const { return m_orientationWidth; }
     yld_Enum::yld_ResultPositionEnum position() const { return m_position; }
     yld_Enum::yld_DataTypeEnum type() const { return m_type; }
     yld_Enum::yld_PrecisionEnum precision() const { return m_precision; }
+    /// Empty where the values belong to no instance.
     const yld_Instance& instance() const { return m_instance.ConstGet(); }
+    /// The element type label; empty for values at nodes.
     const yld_String& baseElementType() const { return m_baseElementType; }
     const yld_SectionPoint& sectionPoint() const { return m_sectionPoint; }
     const yld_Sequence<yld_String>& componentLabels() const { return m_componentLabels; }
+    /// Whether shear components are twice those of the tensor.
     bool engineeringTensor() const { return m_engineeringTensor; }
-    /// 0 node set, 1 element set, 2 surface, 7 not known.
+    /// The kind of set that the values belong to: 0 node set, 1 element set, 2 surface, 7 not known.
     int setType() const { return m_setType; }
-    /// Rows an element has; 0 for node data.
+    /// How many values an element has; 0 for values at nodes.
     int valuesPerElement() const { return m_valuesPerElement; }
     int numberOfNodes() const { return m_numberOfNodes; }
     int numberOfElements() const;
@@ -97,18 +105,20 @@ private:
     const yld_Enum::yld_ElementFaceEnum* m_facesOfBlock = nullptr;
 };
 
-/// The bulk data of all blocks of a field; keeps the read blocks alive.
+/// The bulk data of all blocks of a field. It keeps the blocks in memory that it has read: the arrays that its entries
+/// give are good as long as it lives. yld_FieldOutput::bulkDataBlocks() makes one.
 class YLD_API yld_SequenceFieldBulkData
 {
 public:
     yld_SequenceFieldBulkData();
-    /// Reads every block of the sequence. A block that shows only some of its values materialises, for all who share
-    /// it: its values are in single precision from then on.
+    /// Reads every block of the sequence. A block that shows only some of its values is given a contiguous array of
+    /// those first, see yld_SubField::materialize(): in single precision, and for everyone who holds the block.
     explicit yld_SequenceFieldBulkData(const yld_SequenceFieldValue& values);
     yld_SequenceFieldBulkData(const yld_SequenceFieldBulkData&);
     yld_SequenceFieldBulkData& operator=(const yld_SequenceFieldBulkData&);
     ~yld_SequenceFieldBulkData();
 
+    /// The number of blocks.
     int size() const { return m_count; }
     /// Raises "Field bulk data index is out of range." for an index greater than size(); an index equal to
     /// size(), or a negative one, is not caught.

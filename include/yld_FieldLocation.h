@@ -9,7 +9,8 @@
 class fld_FieldDescription;
 class sto_FieldDescription;
 
-/// A position at which a field has values, with the section points that occur there.
+/// One position at which a field has values, nodes or integration points for example, with the section points that
+/// occur there. A value.
 class YLD_API yld_FieldLocation
 {
 public:
@@ -26,7 +27,7 @@ public:
     const yld_SectionPoint& sectionPoint(int index) const { return m_sectionPoints[index]; }
     const yld_SectionPoint& sectionPoints(int index) const { return m_sectionPoints[index]; }
 
-    /// Adds a section point; one with a number of 0 or less, or one that is there, changes nothing.
+    /// Adds a section point. One that is there already, or whose number is below 1, is left out.
     void add(const yld_SectionPoint& sectionPoint);
 
     /// Equal positions, and section points equal one by one.
@@ -48,11 +49,13 @@ public:
     yld_FieldLocation& get(int index);
     const yld_FieldLocation& operator[](int index) const { return constGet(index); }
 
+    /// Add a position; one that is there gets the new section points besides those that it has.
     void append(const yld_FieldLocation& location);
     void append(yld_Enum::yld_ResultPositionEnum position);
     void append(yld_Enum::yld_ResultPositionEnum position, const yld_SectionPoint& sectionPoint);
     void append(yld_Enum::yld_ResultPositionEnum position, const yld_Sequence<yld_SectionPoint>& sectionPoints);
     void append(const yld_SequenceFieldLocation& other);
+    /// Whether one of the positions equals this one, section points included.
     bool isMember(const yld_FieldLocation& location) const;
     void clearAll() { m_locations.clearAll(); }
 

@@ -13,8 +13,8 @@ class sto_FieldDescription;
 class sto_FieldFrame;
 class sto_FieldStep;
 
-/// The fields of one frame, by name. A field is looked up in the store when it is first asked for; its
-/// values stay unread.
+/// The fields of one frame, by name. A field is looked up in the file when it is first asked for; its values stay
+/// unread until they are asked for. A copy shares what has been read.
 class YLD_API yld_FieldOutputRepository
 {
 public:
@@ -25,23 +25,27 @@ public:
     yld_FieldOutputRepository& operator=(const yld_FieldOutputRepository&);
     ~yld_FieldOutputRepository();
 
-    /// Reads the descriptions of all fields once.
+    /// The number of fields. The first call reads the descriptions of all of them.
     int size() const;
     bool isMember(const yld_String& name) const;
-    /// The field; an empty one for a name that the frame has not. Holds until the repository is next changed.
+    /// The field; an empty one for a name that the frame lacks. The reference is good until a field is added or the
+    /// frame goes. Reads this one field's description.
     yld_FieldOutput& get(const yld_String& name);
     const yld_FieldOutput& constGet(const yld_String& name) const;
     const yld_FieldOutput& get(const yld_String& name) const { return constGet(name); }
     const yld_FieldOutput& operator[](const yld_String& name) const { return constGet(name); }
-    /// The names, in the store's order, without reading a description.
+    /// All names, in the order in which the fields were written. Reads no description (but those of contact variables,
+    /// whose names tell their surfaces).
     yld_Sequence<yld_String> getFieldOutputNames() const;
 
-    /// Enters a field made by the caller; a name that is present stays.
+    /// Adds a field that the caller has made; where the name is in use, the field that has it stays.
     void insert(const yld_FieldOutput& field);
-    /// Looks for fields that came in since the last full read; tells whether there were any.
+    /// Looks for fields that were written since all fields were last read; tells whether there were any. It reads the
+    /// descriptions of all fields.
     bool update();
 
     bool isFullyRead() const { return m_fullyRead; }
+    /// For the layers underneath: whether the frame is one of a database, and its stored fields.
     bool hasStore() const;
     const shr_COW<sto_FieldFrame>& fieldFrame() const { return m_fieldFrame; }
     const shr_COW<sto_FieldStep>& fieldStep() const { return m_fieldStep; }

@@ -10,8 +10,8 @@
 
 class yld_Instance;
 
-/// The components of one value, in single or double precision, with the conjugate half of a complex value. As many as
-/// a tensor has stand in the object itself, so that a value costs no memory beside its own.
+/// The components of one value, in single or double precision, with the imaginary half of a complex value. Up to six
+/// components, as many as a tensor has, lie in the object itself, so that a value takes no other memory.
 class YLD_API yld_FieldValueData
 {
 public:
@@ -22,7 +22,7 @@ public:
     yld_FieldValueData(const double* components, int length);
     explicit yld_FieldValueData(const yld_Sequence<float>& components);
     explicit yld_FieldValueData(const yld_Sequence<double>& components);
-    /// Always an owning copy.
+    /// A copy always owns its components.
     yld_FieldValueData(const yld_FieldValueData& other);
     yld_FieldValueData(yld_FieldValueData&& other) noexcept;
     /// Copies the components; an empty source leaves length and arrays of the target as they were.
@@ -36,6 +36,7 @@ public:
     /// Null unless double precision.
     const double* doubleData() const { return m_doubleData; }
     const double* doubleConjugate() const { return m_doubleConjugate; }
+    /// Whether the components belong to somebody else, who keeps them.
     bool isBorrowed() const { return m_isBorrowed; }
     /// A component in either precision; the index is not checked.
     double operator[](int index) const
@@ -78,7 +79,8 @@ private:
     alignas(double) char m_room[6 * sizeof(double)];
 };
 
-/// One result at one place. A disposable object that owns its components; it keeps no link to its field.
+/// One result at one place: its components, and the labels of the place. A value that owns what it has and outlives its
+/// field and its database.
 class YLD_API yld_FieldValue
 {
 public:
@@ -106,10 +108,12 @@ public:
     const yld_SectionPoint& sectionPoint() const { return m_sectionPoint; }
     /// The components; for a tensor 11, 22, 33, 12, 13, 23.
     const yld_FieldValueData& data() const { return m_data; }
+    /// The local system as a quaternion: x, y, z, w, or s, c in the plane; of length 0 without one.
     const yld_FieldValueData& localCoordSystemData() const { return m_localCoordSystemData; }
     bool engineeringTensor() const { return m_engineeringTensor; }
     const yld_String& baseElementType() const { return m_baseElementType; }
 
+    /// Replace the components. precision() stays what it was.
     void SetData(float component);
     void SetData(double component);
     void SetData(const float* components, int length);
@@ -121,10 +125,11 @@ public:
     /// Raises "Data is single precision.  Use localCoordSystem".
     yld_Sequence<yld_Sequence<double>> localCoordSystemDouble() const;
 
-    /// Length of a VECTOR; 0 for every other type.
+    /// The length of a VECTOR; 0 for every other type.
     float magnitude() const;
-    /// The invariants of a tensor; 0 for every other type. The first three take shear components as they stand,
-    /// the others halve those of an engineering tensor.
+    /// The invariants of a tensor; 0 for every other type. They are worked out with each call;
+    /// docs/value-mathematics.md has the formulas. mises, tresca and press take shear components as they stand, the
+    /// others halve those of an engineering tensor.
     float mises() const;
     float tresca() const;
     float press() const;

@@ -10,14 +10,14 @@
 class sto_HistoryClock;
 class sto_HistoryFloat;
 
-/// One curve: a name, a description and pairs of time and value. An attached curve keeps them in the database and takes
-/// new ones; an orphan, what getSubset and arithmetic give, holds them in memory and takes none.
+/// One curve over a step: a name, a description and pairs of time and value. An attached curve keeps its pairs in the
+/// database and takes new ones; an orphan, as getSubset() gives it, holds them in memory and takes none.
 ///
-/// A copy of an attached curve stands for the same curve: what one takes the other has.
+/// A copy of an attached curve stands for the same curve: what is added to one is in the other.
 class YLD_API yld_HistoryOutput
 {
 public:
-    /// Empty, not attached.
+    /// An orphan without pairs.
     yld_HistoryOutput();
     /// An orphan with these pairs, each a sequence of time and value.
     yld_HistoryOutput(const yld_String& name, const yld_String& description, yld_Enum::yld_DataTypeEnum type,
@@ -61,8 +61,8 @@ public:
     /// Costs about what it costs to copy as many bytes out of a file.
     void readData(long long from, long long count, double* times, float* values, float* conjugate = nullptr) const;
 
-    /// An orphan with the pairs whose time is greater than start, and less than end where it is given; not those at
-    /// start or end. Conjugate data stay behind.
+    /// An orphan with the pairs whose time is greater than start, and less than end where it is given; pairs at exactly
+    /// start or end are left out, and so is the imaginary half.
     yld_HistoryOutput getSubset(double start) const;
     yld_HistoryOutput getSubset(double start, double end) const;
 

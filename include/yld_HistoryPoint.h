@@ -15,8 +15,9 @@ class yld_Element;
 class yld_Instance;
 class yld_Set;
 
-/// Where a curve was taken: a node, an integration point, a face, an element, a region, an instance, the assembly, or
-/// nothing but a name. The constructor decides about the position. Copies share what is large.
+/// The place at which a curve was taken: a node, an integration point, a face, an element, a region, an instance, the
+/// assembly, or nothing but a name. Which constructor makes it decides what position() is, as told with each. A value;
+/// copies share what is large.
 class YLD_API yld_HistoryPoint
 {
 public:
@@ -49,23 +50,25 @@ public:
 
     /// Warns "Undefined position for historyPoint." for UNDEFINED_POSITION.
     yld_Enum::yld_ResultPositionEnum position() const;
-    /// The same without a word.
+    /// The same without a warning.
     yld_Enum::yld_ResultPositionEnum storedPosition() const { return m_position; }
     const yld_Node& node() const { return m_node; }
     const yld_Element& element() const;
     /// Counted from 1; 0 for none.
     int ipNumber() const { return m_ipNumber; }
     yld_Enum::yld_ElementFaceEnum face() const { return m_face; }
-    /// Of number 0 for none.
+    /// Its number is 0 for none.
     const yld_SectionPoint& sectionPoint() const { return m_sectionPoint; }
+    /// Each is empty where the place is none of the kind.
     const yld_Set& region() const;
     const yld_Instance& instance() const;
     const yld_Assembly& assembly() const;
     const yld_String& name() const { return m_name; }
     void setInstance(const yld_Instance& instance);
 
-    /// Nodes, elements, numbers, face, position, section point number, and the names of assembly and region agree, and
-    /// the name; or both are WHOLE_PART_INSTANCE of one instance name.
+    /// Equal are points that agree in node, element, integration point, face, position, section point number, in the
+    /// names of region and assembly, and in their own name; and any two WHOLE_PART_INSTANCE points of instances of one
+    /// name.
     bool operator==(const yld_HistoryPoint& other) const;
     bool operator!=(const yld_HistoryPoint& other) const { return !(*this == other); }
 

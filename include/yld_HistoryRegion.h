@@ -11,8 +11,9 @@
 
 class sto_Set;
 
-/// A named set of curves at one point. A plain region is an orphan, a result of getSubset: it takes no new curves. What
-/// a step holds are regions of yld_HistoryRegionPers.
+/// A named group of curves that were taken at one point of the model. The regions of a step are of the derived class
+/// yld_HistoryRegionPers and take new curves. A plain region, as getSubset() gives it, lives in memory alone and takes
+/// none.
 class YLD_API yld_HistoryRegion
 {
 public:
@@ -22,13 +23,16 @@ public:
     yld_HistoryRegion(const yld_HistoryRegion&);
     yld_HistoryRegion& operator=(const yld_HistoryRegion&);
 
-    /// A new curve. Raises here "Adding a history output object to an orphan History object is not allowed.".
+    /// A new curve; a plain region refuses it and raises "Adding a history output object to an orphan History object is
+    /// not allowed.".
     virtual yld_HistoryOutput& HistoryOutput(const yld_String& name, const yld_String& description,
                                              yld_Enum::yld_DataTypeEnum type);
-    /// A plain region with the part of each curve that lies strictly between start and end, or behind start.
+    /// A plain region with a part of each curve: the pairs whose time is greater than start, and less than end where it
+    /// is given.
     virtual yld_HistoryRegion getSubset(double start, double end) const;
     virtual yld_HistoryRegion getSubset(double start) const;
-    /// A plain region with that one curve, or with none if there is none of that name. The curve stays what it is.
+    /// A plain region with the curve of that name alone, or without any if there is none. The curve itself stays
+    /// attached if it is.
     virtual yld_HistoryRegion getSubset(const yld_String& variableName) const;
 
     virtual ~yld_HistoryRegion();
@@ -37,7 +41,7 @@ public:
     const yld_String& name() const { return m_name; }
     const yld_String& description() const { return m_description; }
     const yld_HistoryPoint& historyPoint() const { return m_point; }
-    /// The default one for none.
+    /// Without a name for none.
     const yld_LoadCase& loadCase() const { return m_loadCase; }
     void setLoadCase(const yld_LoadCase& loadCase) { m_loadCase = loadCase; }
 
@@ -45,16 +49,16 @@ public:
     const yld_Repository<yld_String, yld_HistoryOutput>& historyOutput() const { return m_historyOutputs; }
     yld_Repository<yld_String, yld_HistoryOutput>& historyOutputs() { return m_historyOutputs; }
     const yld_Repository<yld_String, yld_HistoryOutput>& historyOutputs() const { return m_historyOutputs; }
-    /// The curve of that name, good as long as the region. Raises "HistoryOutput '%1$s' is not a member of
-    /// HistoryRegion
-    /// '%2$s", the last quote being left out.
+    /// The curve of that name; the reference is good as long as the region. Raises "HistoryOutput '%1$s' is not a
+    /// member of HistoryRegion '%2$s", without a closing quote.
     yld_HistoryOutput& historyOutput(const yld_String& name) { return historyOutputs(name); }
     const yld_HistoryOutput& historyOutput(const yld_String& name) const { return historyOutputs(name); }
     yld_HistoryOutput& historyOutputs(const yld_String& name);
     const yld_HistoryOutput& historyOutputs(const yld_String& name) const;
 
 protected:
-    /// The set behind the curves at a node or an element; null until there is one. Shared by copies of the region.
+    /// The set that the curves at a node or an element refer to; null until there is one. Shared by copies of the
+    /// region.
     sto_Set& resultsSet() const { return *m_set; }
 
 private:

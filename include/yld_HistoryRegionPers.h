@@ -7,8 +7,9 @@ class sto_History;
 class sto_HistoryStep;
 class sto_PartInstance;
 
-/// A region of a step, backed by the database: its new curves are kept there. A region without a curve is not kept, nor
-/// is its description: a region that was read has the long text of its point.
+/// A region of a step. Its new curves are kept in the database by the next save. The region itself is not stored: it is
+/// found again by what its curves say. So a region without a curve is gone when the database is opened again, and in
+/// place of the description there is then the long text of the point.
 class YLD_API yld_HistoryRegionPers : public yld_HistoryRegion
 {
 public:

@@ -10,7 +10,8 @@ class yld_Mesh;
 
 extern template class yld_PartOrInstance<yld_Instance>;
 
-/// A part placed in the assembly. It has sets of its own; nodes and elements come from the part.
+/// A part placed in the assembly: it shows the nodes and elements of the part at their place there, and has sets of its
+/// own. yld_Assembly::Instance() makes one.
 class YLD_API yld_Instance : public yld_PartOrInstance<yld_Instance>
 {
 public:
@@ -34,17 +35,18 @@ public:
 
     using yld_PartOrInstance::ElementSet;
     using yld_PartOrInstance::NodeSet;
-    /// Labels are sorted and made unique first unless isUnsorted is set.
-    /// Raises "Duplicate set or surface name %s", "Invalid node label %d".
+    /// A node set by labels. They are sorted, and each is taken once, unless isUnsorted is set. The reference is good
+    /// until the sets of the instance are next changed. Raises "Duplicate set or surface name %s", "Invalid node label
+    /// %d".
     yld_Set& NodeSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
                      bool isUnsorted = false, bool skipRefresh = false);
-    /// Raises "Duplicate set or surface name %s", "Invalid element label %d".
+    /// An element set by labels. Raises "Duplicate set or surface name %s", "Invalid element label %d".
     yld_Set& ElementSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
                         bool skipRefresh = false);
 
     /// The name of the part that is placed here.
     yld_String partName() const;
-    /// The stored instance, by a handle of its own.
+    /// For the layers underneath: a handle on the stored instance.
     sto_PartInstance instance() const;
 };
 
@@ -58,13 +60,16 @@ public:
     yld_InstanceRepository& operator=(const yld_InstanceRepository&);
     ~yld_InstanceRepository();
 
-    /// @param localCoordSystem  empty, or four rows: three base vectors of 3 entries, of any length but zero, and
-    ///                          the origin of 2 or 3
+    /// Places a part. The instance gets its nodes at origin + x e1 + y e2 + z e3, e1 to e3 being the base vectors,
+    /// which are at right angles, made length 1.
+    /// @param localCoordSystem  empty to leave the part where it is, or four rows: three base vectors of 3 entries, of
+    ///                          any length but zero, and the origin of 2 or 3 entries
     /// Raises "localCoordSystem should contain 4 sequences.", "The coordinate system of part instance "%s" has entries
     /// that are not numbers.", "Coord system base vectors should be of length 3.".
     yld_Instance& Instance(const yld_String& name, const yld_Part& part,
                            const yld_Sequence<yld_Sequence<float>>& localCoordSystem);
 
+    /// For the layers underneath: the mesh of each instance.
     yld_MeshList& meshes() { return m_meshes; }
     const yld_MeshList& meshes() const { return m_meshes; }
 

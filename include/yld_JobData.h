@@ -19,18 +19,18 @@ public:
     yld_JobData& operator=(const yld_JobData&);
     ~yld_JobData();
 
-    /// The name that the database is open by.
+    /// The name by which the database is open in this process.
     const yld_String& name() const { return m_name; }
-    /// What solved the analysis, as far as the version tells.
+    /// The code that solved the analysis, guessed from version().
     yld_Enum::yld_AnalysisCodeEnum analysisCode() const { return m_analysisCode; }
     /// Product and version of what wrote the database.
     const yld_String& version() const { return m_version; }
     /// When the database was made, and when the state was saved that is read here: seconds since 1970.
     long long creationTime() const { return m_creationTime; }
     long long modificationTime() const { return m_modificationTime; }
-    /// Of a database's job, always empty: no database keeps it.
+    /// Always empty where yld_Yld::jobData() gives this: databases do not keep it.
     const yld_String& machineName() const { return m_machineName; }
-    /// Of a database's job, always SINGLE_PRECISION.
+    /// Always SINGLE_PRECISION where yld_Yld::jobData() gives this.
     yld_Enum::yld_PrecisionEnum precision() const { return m_precision; }
     /// The products that the job ran with besides the solver.
     const yld_Sequence<yld_Enum::yld_ProductAddOnEnum>& productAddOns() const { return m_productAddOns; }

@@ -30,11 +30,12 @@ public:
     /// By position, unchecked.
     const yld_MeshHandle& mesh(int position) const;
 
-    /// Appends the mesh, or puts it in the place of every mesh of its name.
+    /// Adds the mesh, or puts it in the place of every mesh that has its name.
     void merge(const yld_MeshHandle& mesh);
     void merge(const yld_MeshList& meshes);
     /// Appends without looking at names.
     void append(const yld_MeshHandle& mesh);
+    /// Whether a mesh has this name; whether a mesh has a set of this label; whether it is one of these.
     bool hasName(const yld_String& name) const;
     bool hasSet(const yld_String& label) const;
     bool hasMesh(const yld_MeshHandle& mesh) const;

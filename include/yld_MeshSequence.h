@@ -5,39 +5,40 @@
 #include "yld_MeshList.h"
 #include "yld_Sequence.h"
 
-/// What sequences of nodes and of elements have in common: all items of a mesh, or a chosen list of them. It holds
-/// indices at most, never the items themselves: each access builds its item from the mesh. Reading moves the mesh's
-/// cursor, so a sequence is for one thread.
+/// What sequences of nodes and of elements have in common: all items of a mesh, or a chosen list of them. It keeps at
+/// most the places of its items; each access makes the item from the mesh, so a sequence of millions takes little
+/// memory. Reading moves a cursor in the mesh, so a sequence is for one thread.
 /// @tparam Sequence  the public class
 /// @tparam Item      yld_Node or yld_Element
 template<class Sequence, class Item> class YLD_API yld_MeshSequence
 {
 public:
     int size() const;
-    /// Raises "Node index out of range." or "Element index out of range." where the mesh has no such item.
+    /// The item at a place of the sequence, counted from 0. Raises "Node index out of range." or "Element index out of
+    /// range." where there is none.
     Item get(unsigned index) const;
     Item constGet(unsigned index) const { return get(index); }
     Item operator[](unsigned index) const { return get(index); }
     /// The name of the mesh: of its part or instance, or "rootAssembly".
     yld_String instanceName() const;
 
-    /// Appends this mesh's item of the argument's label; nothing else of the argument counts. On a whole mesh the item
-    /// is taken and the sequence stays whole.
-    /// Raises "SequenceNode is not associated with an discrete entity." or "SequenceElement is not associated with an
-    /// discrete entity." on a mesh without a name, and "Node index out of range." or "Element not found." for a label
-    /// that the mesh has not.
+    /// Appends the item of this sequence's mesh that has the label of the argument; nothing else of the argument
+    /// counts. A sequence of all items of its mesh stays as it is. Raises "SequenceNode is not associated with an
+    /// discrete entity." or "SequenceElement is not associated with an discrete entity." on a mesh without a name, and
+    /// "Node index out of range." or "Element not found." for a label that the mesh lacks.
     void append(const Item& item);
-    /// Appends the chosen indices of a sequence of the same mesh; a whole-mesh sequence has none to append.
-    /// Raises "Cannot Append. Sequence belongs to different part.".
+    /// Appends the chosen items of a sequence of the same mesh. One of all items of the mesh has chosen none, and
+    /// appends nothing. Raises "Cannot Append. Sequence belongs to different part.".
     void append(const Sequence& other);
-    /// The places from `from` up to but excluding `to`, on the same mesh.
+    /// The items at the places from `from` on, up to but without `to`.
     Sequence slice(const int& from, const int& to) const;
-    /// Linear: builds the items one by one.
+    /// These two compare items with their operator==. Cost: linear, each item is made.
     bool isMember(const Item& item) const;
     bool isEqual(const Sequence& other) const;
     friend bool operator==(const Sequence& a, const Sequence& b) { return a.isEqual(b); }
 
     const yld_MeshHandle& mesh() const { return m_mesh; }
+    /// Whether it is all items of the mesh; and the places of the chosen ones if it is not.
     bool isWholeMesh() const { return m_wholeMesh; }
     const yld_Sequence<int>& indices() const { return m_indices; }
 

@@ -10,12 +10,12 @@ class setC_Region;
 class sto_Model;
 class sto_Set;
 
-/// Degrees of freedom of the nodes of a set.
+/// Degrees of freedom of the nodes of a set, as a step that generates a substructure keeps or eliminates them.
 class YLD_API yld_NodalDofs
 {
 public:
     yld_NodalDofs();
-    /// @param model  the one that the region's set is of
+    /// @param model  the one to which the set of the region belongs
     yld_NodalDofs(const setC_Region& region, const yld_Sequence<int>& dofs, const sto_Model& model);
     yld_NodalDofs(const yld_NodalDofs&);
     yld_NodalDofs& operator=(const yld_NodalDofs&);
@@ -23,8 +23,8 @@ public:
 
     /// The numbers of the degrees of freedom, as they were given.
     yld_Sequence<int> dofs() const { return m_dofs; }
-    /// The nodes; the meshes behind them have empty names, one for each group of the set. An empty set where there is
-    /// no region.
+    /// The set of the nodes; a set without members where there is no region. instanceNames() of it are empty texts, one
+    /// for each mesh of the set.
     yld_Set nset() const;
 
     /// Whether it is the very same object.

@@ -7,14 +7,14 @@ class sto_ElemCtrlParams;
 class sto_Model;
 class sto_Part;
 
-/// Element controls handed to the store with new elements.
+/// Settings of a solver for new elements, handed to the store with them.
 class YLD_API yld_ElemCtrlParams
 {
 public:
     /// No controls are given.
     yld_ElemCtrlParams();
-    /// The values are kept in this order. With "Enhanced" as the sixth, the doubles at places 11, 12 and 13
-    /// are replaced by 1.0.
+    /// The values are kept in this order; what they mean is the solver's affair. If the sixth is "Enhanced", the 11th,
+    /// 12th and 13th become 1.0.
     yld_ElemCtrlParams(yld_String, double, double, double, yld_String, yld_String, double, bool, yld_String, double,
                        double, double, double, double, double);
     yld_ElemCtrlParams(const yld_ElemCtrlParams&);
@@ -31,7 +31,7 @@ private:
 
 extern template class yld_PartOrInstance<yld_Part>;
 
-/// A part: a mesh with its sets, to be placed in the assembly by instances.
+/// A part: a mesh with its sets, to be placed in the assembly by instances. yld_Yld::Part() makes one.
 class YLD_API yld_Part : public yld_PartOrInstance<yld_Part>
 {
 public:
@@ -42,14 +42,15 @@ public:
     yld_Part& operator=(const yld_Part&);
     ~yld_Part() override;
 
-    /// Raises "No node labels provided.", "Number of node labels and coordinates does not match.",
-    /// "Node location specification does not correspond to part dimension. %1$s floats expected; %2$s floats
-    /// received.", and for labels below 1 or given twice an error of the store. The model is then as it was.
+    /// Adds nodes, see yld_DiscreteEntity::addNodes(). Raises "No node labels provided.", "Number of node labels and
+    /// coordinates does not match.", "Node location specification does not correspond to part dimension. %1$s floats
+    /// expected; %2$s floats received.", and for labels below 1 or given twice an error of the store. The model is then
+    /// as it was.
     void addNodes(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<float>>& coordinates,
                   const yld_String& setName = yld_String()) override;
-    /// Raises "No element labels provided.", "Connectivity array must be provided for all elements. ",
-    /// "elements of type "%s" require "%d" nodes in their connectivity data.\n", "Element connectivity arrays
-    /// should be of same length.".
+    /// Adds elements, see yld_DiscreteEntity::addElements(). Raises "No element labels provided.", "Connectivity array
+    /// must be provided for all elements. ", "elements of type "%s" require "%d" nodes in their connectivity data.\n",
+    /// "Element connectivity arrays should be of same length.".
     void addElements(const yld_Sequence<int>& labels, const yld_Sequence<yld_Sequence<int>>& connectivity,
                      const yld_String& type, const yld_String& setName = yld_String(),
                      const yld_SectionCategory& category = yld_SectionCategory(),
@@ -57,14 +58,14 @@ public:
 
     using yld_PartOrInstance::ElementSet;
     using yld_PartOrInstance::NodeSet;
-    /// Labels go in as they are, in their order, repeated ones too.
-    /// Raises "Duplicate set or surface name %s", "Invalid node label %d".
+    /// A node set by labels, which stand in it in the order given, repeated ones too. The reference is good until the
+    /// sets of the part are next changed. Raises "Duplicate set or surface name %s", "Invalid node label %d".
     yld_Set& NodeSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false,
                      bool isUnsorted = false);
-    /// Raises "Duplicate set or surface name %s", "Invalid element label %d".
+    /// An element set by labels. Raises "Duplicate set or surface name %s", "Invalid element label %d".
     yld_Set& ElementSet(const yld_String& name, const yld_Sequence<int>& labels, bool isInternal = false);
 
-    /// The stored part, by a handle of its own.
+    /// For the layers underneath: a handle on the stored part.
     sto_Part part() const;
 
 private:
@@ -82,7 +83,7 @@ public:
     yld_PartRepository& operator=(const yld_PartRepository&);
     ~yld_PartRepository();
 
-    /// Creates a part. A name that is present keeps its part, which is returned.
+    /// A new part; or the part that has the name already.
     yld_Part& Part(const yld_String& name, yld_Enum::yld_DimensionEnum space, yld_Enum::yld_PartTypeEnum type);
 
 private:

@@ -12,7 +12,7 @@ enum yld_ComponentType : int
     yld_UNSET_COMPONENT = 0,   ///< nothing is said about it
     yld_REAL_COMPONENT = 1,    ///< a number
     yld_COMPLEX_COMPONENT = 2, ///< a complex number
-    yld_FREE_COMPONENT = 3     ///< it is left to the analysis from here on
+    yld_FREE_COMPONENT = 3     ///< prescribed no longer: from this step on the analysis finds it
 };
 
 /// One component of a prescribed quantity: a displacement, a force, a magnitude. A plain value.
@@ -31,12 +31,13 @@ public:
     /// Zero where it does not apply.
     const sys_complex& complexValue() const { return m_complexValue; }
 
-    /// The values stay with these two, and what it is with the third: an unset component that gets a value is unset.
+    /// unset() and free() change kind() and keep the values. setValue() changes the value and keeps kind(), so a
+    /// component that was unset remains so.
     void unset() { m_kind = yld_UNSET_COMPONENT; }
     void free() { m_kind = yld_FREE_COMPONENT; }
     void setValue(double value) { m_value = value; }
 
-    /// As the store takes it: a kind that is none of the four counts as complex.
+    /// For the layers underneath. A kind that is none of the four counts as complex.
     operator sto_ComponentArg() const;
 
 private:

@@ -16,7 +16,7 @@
 ///
 /// The operations that hand out a value for writing (get, the operator[] of an object that is not const)
 /// unshare the entries on the way to it, even if the key is unknown. References are good until the repository
-/// is next copied and written, or the entry removed. The counts behind the sharing are not atomic: a
+/// is next copied and written, or the entry removed. The counts of the sharing are not atomic: a
 /// repository and its copies belong to one thread.
 template<class K, class V> class yld_Repository : public shr_Btree<K, V>
 {

@@ -6,7 +6,7 @@
 
 class sto_Restart;
 
-/// What a step leaves behind so that a job can be taken up again. Copies stand for the same request.
+/// A request for restart data: with them a job can be continued from a step. Copies stand for the same request.
 class YLD_API yld_RestartRequest
 {
 public:

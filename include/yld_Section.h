@@ -8,7 +8,7 @@
 class secC_Section;
 template<class T> class lnk_ShortCut;
 
-/// A section of the model, to be assigned to elements: a reference to the stored one.
+/// A section of the model, which can be assigned to elements: a reference to the stored one.
 class YLD_API yld_Section
 {
 public:

@@ -31,13 +31,14 @@ private:
     yld_String m_description;
 };
 
-/// A kind of section: a name, a description and the section points that results may refer to.
+/// What elements have for a cross section: a name, a description, and the section points at which they may have
+/// results. A value; elements that are added with a category keep what it says then.
 class YLD_API yld_SectionCategory
 {
 public:
     yld_SectionCategory() = default;
     yld_SectionCategory(const yld_String& name, const yld_String& description);
-    /// The category of a stored element class: its label as the name, one point per location, numbered from 1.
+    /// The category of a stored element class, with the section points that the class has, numbered from 1.
     yld_SectionCategory(const sto_ElementClass& elementClass, const yld_String& description);
     yld_SectionCategory(const grd_ElementClass& elementClass, const yld_String& description);
 
@@ -66,7 +67,7 @@ private:
 class YLD_API yld_SectionCategoryRepository : public yld_Repository<yld_String, yld_SectionCategory>
 {
 public:
-    /// Creates a category. A name that is present keeps its category, which is returned.
+    /// A new category; or the one that has the name already. The reference is good until a category is added.
     yld_SectionCategory& SectionCategory(const yld_String& name, const yld_String& description);
 };
 

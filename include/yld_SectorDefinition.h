@@ -6,19 +6,18 @@
 
 class sto_Sto;
 
-/// How the one sector that a model of cyclic symmetry holds makes up the whole. A value, as it stood when it was asked
-/// for; in the units of the model's coordinates.
+/// Of a model with cyclic symmetry, which holds one sector of the whole: the axis of symmetry and the number of
+/// sectors. A value, as it stood when it was asked for; lengths are in the units of the model's coordinates.
 class YLD_API yld_SectorDefinition
 {
 public:
-    /// Of the store's model. Without a sector definition there: empty points, no sectors.
+    /// Reads it from the model. Where there is none: empty points, no sectors.
     explicit yld_SectorDefinition(const sto_Sto& store);
     yld_SectorDefinition(const yld_SectorDefinition&);
     yld_SectorDefinition& operator=(const yld_SectorDefinition&);
     ~yld_SectorDefinition();
 
-    /// Always two rows, the start and the end of the axis: of three coordinates each, or empty without a sector
-    /// definition.
+    /// Two rows, two points on the axis: three coordinates each; empty rows without a sector definition.
     yld_Sequence<yld_Sequence<float>> symmetryAxis() const;
     /// 0 without a sector definition.
     int numSymmetricSectors() const { return m_numSymmetricSectors; }

@@ -30,11 +30,10 @@ template<class T, class List> struct yld_Stored<yld_Sequence<T, List>>
 ///
 /// Indices count from 0 and are not checked anywhere: one that an operation does not allow is undefined
 /// behaviour. Nothing is raised but std::bad_alloc and what copying an element raises. References are good
-/// until this sequence is next copied and written. The counts behind the sharing are not atomic: a sequence
+/// until this sequence is next copied and written. The counts of the sharing are not atomic: a sequence
 /// and its copies belong to one thread.
 ///
-/// @tparam T     any type that can be default-constructed and assigned; it may still be incomplete where a
-/// class
+/// @tparam T     any type that can be default-constructed and assigned; it may still be incomplete where a class
 ///               has a sequence as a member
 /// @tparam List  the list that stores the elements, from which the sequence derives without adding data
 template<class T, class List = shr_1DArrayList<typename yld_Stored<T>::Type>> class YLD_API yld_Sequence : public List
@@ -97,7 +96,7 @@ public:
         return &access(*this->m_array.ConstRun(i, this->m_count - i, length));
     }
 
-    /// Puts an element before the one at i; i may be size(). Moves all elements behind it. @return true
+    /// Puts an element before the one at i; i may be size(). Moves all elements after it. @return true
     bool insert(int i, const T& element) { return List::Insert(i, element); }
     /// Takes the element at i out; i must be below the size. @return true
     bool remove(int i) { return List::Remove(i); }

@@ -17,8 +17,9 @@ class yld_Instance;
 class yld_Node;
 class yld_Set;
 
-/// The values of a field as one sequence over its blocks. Blocks are read on first use and stay read. Reading
-/// moves a cursor even through const calls, so a sequence is for one thread.
+/// The values of a field as one sequence: those of the first block, then those of the second, and so on. A block is
+/// read when one of its values is first asked for, and stays in memory as long as this sequence or a copy of it. Also
+/// calls that are const move a cursor, so a sequence is for one thread.
 class YLD_API yld_SequenceFieldValue
 {
 public:
@@ -32,8 +33,8 @@ public:
     int size() const { return m_numValues; }
     void clearAll();
 
-    /// The value at an index over all blocks. Raises "FieldValue index out of range.".
-    /// Cost: a block is read at its first value; a walk in order switches blocks once each.
+    /// The value at an index, counted from 0. Raises "FieldValue index out of range.".
+    /// Cost: the first value of a block reads the block; a walk in order looks for each block once.
     yld_FieldValue get(unsigned index) const;
     yld_FieldValue constGet(unsigned index) const { return get(index); }
     yld_FieldValue value(unsigned index) const { return get(index); }
@@ -49,17 +50,17 @@ public:
     /// Always raises "Appending an yld_SequenceFieldValue not allowed.".
     void append(yld_SequenceFieldValue& other);
 
-    /// The values at a position. This and the next four share the blocks with this sequence and read no value.
+    /// The values at a position, where it has any. This and the next four share whole blocks and read nothing.
     yld_SequenceFieldValue getSubset(yld_Enum::yld_ResultPositionEnum position) const;
     /// The values at a section point, equal in number and text.
     yld_SequenceFieldValue getSubset(const yld_SectionPoint& sectionPoint) const;
-    /// The values at a position and at one of its section points; values without a section point stay.
+    /// The values at a position that belong to one of its section points, or to none.
     yld_SequenceFieldValue getSubset(const yld_FieldLocation& location) const;
     /// The values on elements of a type.
     yld_SequenceFieldValue getSubset(const yld_String& elementType) const;
     /// The values of one part instance; of "rootAssembly" all values.
     yld_SequenceFieldValue getSubset(const yld_Instance& instance) const;
-    /// The values on a set; see yld_FieldOutput.
+    /// The values on a set, with a local system, of a node, of an element: as yld_FieldOutput::getSubset() tells.
     yld_SequenceFieldValue getSubset(const yld_Set& set) const;
     yld_SequenceFieldValue getSubset(const yld_Sequence<yld_Sequence<float>>& localCoordSystem) const;
     yld_SequenceFieldValue getSubset(const yld_Node& node) const;
@@ -67,8 +68,9 @@ public:
 
     const yld_Sequence<yld_SubField>& blocks() const { return m_blocks; }
     int numBlocks() const { return m_numBlocks; }
+    /// For the layers underneath: whether the sequence was made of blocks that had been read; and what was read of a
+    /// block, borrowed from this sequence.
     bool isListOnly() const { return m_isListOnly; }
-    /// The read form of a block; reads it if it is not. Borrowed from this sequence.
     const yld_FieldValueList& list(int block) const;
 
 private:

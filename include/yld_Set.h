@@ -12,8 +12,9 @@
 
 class sto_Set;
 
-/// A node set, an element set or a surface, of a part, an instance or the assembly. Its members are grouped by
-/// mesh and read when first asked for.
+/// A node set, an element set or a surface, of a part, an instance or the assembly. Its members are read when they are
+/// first asked for, and come in groups: those of a part or instance have one, those of the assembly one for each
+/// instance. A handle: copies stand for the same stored set, each with the members that it has read.
 class YLD_API yld_Set
 {
 public:
@@ -28,23 +29,26 @@ public:
 
     yld_String name() const { return m_name; }
     const yld_MeshList& MeshList() const { return m_meshes; }
-    /// Raises "Unknown Set type.".
+    /// Raises "Unknown Set type." for a number that a damaged file may have.
     yld_Enum::yld_SetTypeEnum type() const;
     /// How many members the store counts, over all meshes. Reads no member.
     int size() const;
+    /// Whether it was made by the library or a program for itself, and is left out of lists for users.
     bool isInternal() const;
+    /// Whether its maker said that the order of its members matters.
     bool isUnsorted() const;
-    /// The name of each group's mesh.
+    /// The instance of each group, by name.
     yld_Sequence<yld_String> instanceNames() const;
 
-    /// The first group. Raises "This set does not contain nodes.".
+    /// The nodes of the first group; of a surface, those of its faces. Raises "This set does not contain nodes.".
+    /// References, here and below, are good until the set gets other members.
     const yld_SequenceNode& nodes() const;
-    /// Raises "This set does not contain elements.".
+    /// The elements of the first group. Raises "This set does not contain elements.".
     const yld_SequenceElement& elements() const;
-    /// Raises "Faces must be retrieved using the instance name for assembly sets." for every set of the
-    /// assembly, and "Set does not contain faces.".
+    /// The faces of a surface, one for each of its elements. Raises "Faces must be retrieved using the instance name
+    /// for assembly sets." for every set of the assembly, and "Set does not contain faces.".
     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces() const;
-    /// The group of one instance. Raises "Instance '%1$s is not a member of the set '%2$s'".
+    /// The same of the group of one instance. Raises also "Instance '%1$s is not a member of the set '%2$s'".
     const yld_SequenceNode& nodes(const yld_String& instanceName) const;
     const yld_SequenceElement& elements(const yld_String& instanceName) const;
     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces(const yld_String& instanceName) const;
@@ -57,13 +61,15 @@ public:
     const yld_SequenceElement& element(const yld_String& name) const { return elements(name); }
     const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& face(const yld_String& name) const { return faces(name); }
 
-    /// Replaces the members by these labels, in the store; the groups are read again on the next query.
+    /// Replaces all members by those of these labels, nodes or elements of the set's first mesh; the next save keeps
+    /// it. The set stays internal or not, whatever isInternal says. Raises "Entity has no mesh.", and "Number of faces
+    /// and elements should agree for a Surface." for a surface.
     void addLabels(const yld_Sequence<int>& labels, bool isInternal = false, bool isUnsorted = false);
-    /// The same for a surface; any other set stays as it is.
+    /// Replaces all faces of a surface; does nothing to any other set.
     void addSurfaceLabels(const yld_Sequence<int>& labels, const yld_Sequence<yld_Enum::yld_ElementFaceEnum>& faces,
                           bool isInternal = false);
 
-    /// Drops the groups, to be read again.
+    /// Forgets the members; they are read again when asked for.
     void clearMembers();
     const sto_Set& set() const;
 

@@ -17,7 +17,8 @@ class sto_Step;
 class sto_StoStep;
 class yld_StepHistory;
 
-/// The frames of a step. It holds one frame at a time: a reference to a frame is good until the next is asked for.
+/// The frames of a step, counted from 0. It holds one frame at a time, so that a walk over a thousand of them takes the
+/// memory of one: the reference to a frame is good until another frame is asked for. Take a copy of a frame to keep it.
 class YLD_API yld_SequenceFrame
 {
 public:
@@ -28,11 +29,12 @@ public:
     ~yld_SequenceFrame();
 
     int size() const;
-    /// The frame at a place counted from 0, unchecked against the size but for what the store says.
+    /// The frame at a place. An index that no frame has raises what the store says; yld_Step::frames(index) has a text
+    /// of its own. Reads the frame's row, and none of its fields.
     yld_Frame& get(int index);
     const yld_Frame& constGet(int index) const;
     const yld_Frame& operator[](int index) const { return constGet(index); }
-    /// Frames are made by their step: always raises exc_TextException with the text "SequenceFrame::Append" == 0.
+    /// Always raises exc_TextException with the text "SequenceFrame::Append" == 0: yld_Step::Frame() makes frames.
     void append(const yld_Frame& frame);
 
 private:
@@ -49,12 +51,13 @@ private:
     shr_CountedHld<yld_Step> m_owner;
 };
 
-/// One phase of the analysis, with its frames and load cases.
+/// One step of the analysis, with its frames, load cases and history. A copy stands for the same step, with the frame
+/// that it holds; histories are shared by all copies. Steps come from yld_Yld::steps(), new ones from yld_Yld::Step().
 class YLD_API yld_Step
 {
 public:
     yld_Step();
-    /// A shell on the model side alone.
+    /// A step of the model that has no results.
     explicit yld_Step(const sto_StoStep& modelStep);
     yld_Step(const yld_String& name, const sto_Step& step, const yld_String& description,
              const shr_ArrayCOW<sto_Assembly>& assembly, yld_Enum::yld_DomainEnum domain,
@@ -65,39 +68,46 @@ public:
 
     const yld_String& name() const { return m_name; }
     const yld_String& description() const { return m_description; }
+    /// The number of the step in the order of creation, from 1; 0 for the initial state.
     int number() const;
+    /// What its frames are counted along: time, frequency, modes and so on.
     yld_Enum::yld_DomainEnum domain() const { return m_domain; }
     /// The procedure keyword, for example "*STATIC".
     const yld_String& procedure() const { return m_procedure; }
+    /// The length of the step, as it was given.
     double timePeriod() const;
     /// The analysis time at which the step begins.
     double totalTime() const;
     const yld_String& previousStepName() const { return m_previousStepName; }
     /// Whether geometric nonlinearity is on.
     bool nlgeom() const;
+    /// False for the initial state alone.
     bool isAnalysisStep() const;
     bool isPerturbation() const;
-    /// What the model weighs as the step finds it, in the model's units; 0 where nobody has worked it out.
+    /// The mass of the model at the beginning of the step, in the model's units; 0 where the analysis has not told it.
     double mass() const;
     double acousticMass() const;
-    /// Three coordinates; empty where nobody has worked them out.
+    /// Three coordinates; empty where the analysis has not told them.
     yld_Sequence<double> massCenter() const;
     yld_Sequence<double> acousticMassCenter() const;
-    /// Six components in the order 11, 22, 33, 12, 13, 23; empty where nobody has worked them out.
+    /// Six components in the order 11, 22, 33, 12, 13, 23; empty where the analysis has not told them.
     yld_Sequence<double> inertiaAboutCenter() const;
     yld_Sequence<double> inertiaAboutOrigin() const;
-    /// The modes, counted from 1, and the degrees of freedom that a step generating a substructure keeps or loses;
-    /// empty for any other step.
+    /// Of a step that generates a substructure: the eigenmodes that are kept, counted from 1, and the degrees of
+    /// freedom that are kept and those that are eliminated. Empty for any other step.
     yld_Sequence<int> retainedEigenModes() const;
     yld_SequenceNodalDofs retainedNodalDofs() const;
     yld_SequenceNodalDofs eliminatedNodalDofs() const;
-    /// Text for the solver that stands behind the step.
+    /// Lines of solver input that follow those of the step itself.
     yld_String solverInput() const;
     void setSolverInput(const yld_String& text);
 
-    /// A new frame at the end of the step; the caller gets a copy of its own.
+    /// A new frame at the end of the step. What is written to the returned object goes to the database; the next save
+    /// keeps it.
+    /// @param frameValue  time, frequency or another measure of the step; kept in single precision
+    /// Raises "Step \"%s\" has no results." for a step of the model alone.
     yld_Frame Frame(int incrementNumber, double frameValue, const yld_String& description = yld_String());
-    /// Raises "Invalid LoadCase" for a load case that the step has not.
+    /// Raises "Invalid LoadCase" for a load case that the step lacks.
     yld_Frame Frame(const yld_LoadCase& loadCase, const yld_String& description);
     yld_Frame Frame(const yld_LoadCase& loadCase, const yld_String& description, double frameValue);
     /// Raises "Incorrect index for frame.". The reference is good until the next frame of this step is asked for.
@@ -105,19 +115,22 @@ public:
     const yld_Frame& frames(int index) const;
     yld_SequenceFrame& frames() { return m_frames; }
     const yld_SequenceFrame& frames() const { return m_frames; }
-    /// The frame that matches a value. Raises "Frame not found".
+    /// The frame whose value matches: the closest, the closest at or before, the closest at or after, or exactly this
+    /// one. Of frames that match equally well the last, but with MATCH_BEFORE the first. With a load case only its
+    /// frames count, and a negative value means its first frame. Raises "Frame not found". Reads the rows of the
+    /// frames.
     yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     yld_Frame getFrame(const yld_LoadCase& loadCase, double value,
                        yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
-    /// The places of all frames at the best distance, in order.
+    /// The places of all frames that match equally well and best, ascending; empty where none does.
     yld_Sequence<int> findFrames(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
     yld_Sequence<int> findFrames(const yld_LoadCase& loadCase, double value,
                                  yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
 
-    /// A new history region, good as long as the step. A node or element of an instance gets that instance. The region
-    /// is kept in the database with its first curve.
-    /// Raises "A historyRegion named '%1$s' already exists in step '%2$s'.", and with a load case that the step has not
-    /// "Invalid LoadCase".
+    /// A new history region, to get curves by HistoryOutput(). The reference is good as long as the database is open.
+    /// The instance of a node or an element is found by the number of its mesh. The database has the region from its
+    /// first curve on. Raises "A historyRegion named '%1$s' already exists in step '%2$s'.", and with a load case that
+    /// the step lacks "Invalid LoadCase".
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description,
                                      const yld_HistoryPoint& point);
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description,
@@ -125,12 +138,13 @@ public:
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description, const yld_Node& node);
     yld_HistoryRegion& HistoryRegion(const yld_String& name, const yld_String& description, const yld_Node& node,
                                      const yld_LoadCase& loadCase);
-    /// The regions as they stand; nothing is read.
+    /// The regions that have been read or made so far; reads none.
     yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegion();
-    /// The regions, read on first demand without any of their values.
+    /// All regions by name. The first call reads them with the names of their curves, and no pair.
     yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegions();
     const yld_Repository<yld_String, yld_HistoryRegionPers>& historyRegions() const;
-    /// The first region at a place, in the order of their names; warns of each further one. A linear search.
+    /// The region at a place. Where several are at it, the first by name, with a warning for each of the others. Cost:
+    /// linear in the regions.
     /// Raises "HistoryRegion not found.".
     yld_HistoryRegion& getHistoryRegion(const yld_HistoryPoint& point);
     yld_HistoryRegion& getHistoryRegion(const yld_HistoryPoint& point, const yld_LoadCase& loadCase);
@@ -139,15 +153,15 @@ public:
     yld_LoadCase& LoadCase(const yld_String& name);
     const yld_Repository<yld_String, yld_LoadCase>& loadCases() const { return m_loadCases; }
 
-    /// Looks for frames, load cases and, once history was read, curves that came in since the last look, and, if all
-    /// fields of the frame at hand have been read, for fields of it; tells whether there were any.
+    /// Looks for what a writer has added since the last look: frames, load cases, curves if the history has been read,
+    /// and fields of the held frame if all of its fields have been read. Tells whether there was anything.
     bool update();
-    /// Gives back the memory of the frame at hand and its fields.
+    /// Gives back the memory of the held frame and its fields; references to them are good no longer.
     void ClearFrameContainer();
 
-    /// Makes a field the one that each frame shows first, or by which it shows the model deformed. A frame that does
-    /// not hold the field, as the field's own frame describes it, stays as it was.
-    /// Cost: one look at the names of each frame's fields.
+    /// Tells viewers which field to show first, and by which field to deform the model. It is noted in every frame of
+    /// the step that has the field with the same description; other frames stay as they were. Cost: one look at the
+    /// names of each frame's fields.
     void setDefaultField(const yld_FieldOutput& field);
     void setDefaultDeformedField(const yld_FieldOutput& field);
     /// Asks for restart data; a later request takes the place of an earlier one. What the arguments mean is the

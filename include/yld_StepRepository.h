@@ -12,7 +12,7 @@
 class sto_Sto;
 class stpC_Step;
 
-/// The steps of a database, in the order of the analysis.
+/// The steps of a database, in the order of the analysis. References to steps are good until a step is added.
 class YLD_API yld_StepRepository
 {
 public:
@@ -33,18 +33,25 @@ public:
     const shr_1DArrayList<yld_Step>& stepList() const { return m_steps; }
     const yld_Sequence<yld_String>& stepNames() const { return m_names; }
 
-    /// Files the state before the first step, if there is no step yet.
+    /// Adds the initial state, which every model has, as the first step, if there is no step yet.
     void setInitialStep();
-    /// The name of that state; files it if there is no step yet. The reference is good as long as the repository.
+    /// The name of the initial state, "Initial"; adds it as above. The reference is good as long as the repository.
     const yld_String& getInitialStepName();
 
-    // Steps with the settings of an analysis. They stand in the model, in the order of the arguments, and hold no
-    // results: a step to write results to is made by the database. Numbers and flags without a name are the solver's
-    // affair. A step without a previous one goes to the end; "Initial" stands before the first.
+    // The next five functions make steps that tell a solver what to do. Such a step belongs to the model and holds no
+    // results: yld_Yld::Step() makes the steps that results are written to.
     //
-    // Raise what val_PrimEnum raises for a text that its enumeration has not (with the texts that it has), and, when
-    // the model has the step already, "Invalid step name." and "Invalid previous step name.".
+    // The database keeps every argument as it is given. Those without a name (argument3 and so on) mean something to
+    // the solver alone. An argument that is one of a few words is a text; the words are listed with each function.
+    //
+    // name      of the new step
+    // previous  the step that it follows; empty for the last one, "Initial" for the first place
+    //
+    // They raise for a text that is none of the words a message that lists these; "Invalid step name." for a name that
+    // this repository has; "Invalid previous step name." for a step that it lacks. The last two come when the model has
+    // the new step already. The reference is good until a step is added.
 
+    /// A static step.
     /// @param nlgeom         OFF, ON
     /// @param stabilization  NONE, ENERGY_FRACTION, DAMPING
     /// @param incrementation FIXED, AUTOMATIC
@@ -53,9 +60,11 @@ public:
                          double timePeriod, const yld_String& nlgeom, int argument3, double argument4, double argument5,
                          double argument6, const yld_String& stabilization, double argument8, bool argument9,
                          const yld_String& incrementation, const yld_String& amplitude);
+    /// A linear static perturbation.
     /// @param matrixSolver  DIRECT, ITERATIVE
     yld_Step& StaticLinearPerturbationStep(const yld_String& name, const yld_String& previous,
                                            const yld_String& description, const yld_String& matrixSolver);
+    /// A heat transfer step.
     /// @param response       STEADY_STATE, TRANSIENT
     /// @param amplitude      STEP, RAMP
     /// @param incrementation FIXED, AUTOMATIC
@@ -66,6 +75,7 @@ public:
                                const yld_String& incrementation, double argument4, int argument5, double argument6,
                                double argument7, double argument8, double argument9, double argument10,
                                const yld_String& extrapolation, const yld_String& matrixSolver);
+    /// A static step by arc length (Riks).
     /// @param nlgeom         OFF, ON
     /// @param region         a set that the solver watches; an empty one for none
     /// @param incrementation FIXED, AUTOMATIC
@@ -78,19 +88,21 @@ public:
                              const yld_String& matrixSolver, const yld_String& extrapolation,
                              const yld_String& argument16, bool argument17, bool argument18, int argument19,
                              int argument20, bool argument21);
+    /// An explicit dynamic step.
     /// @param nlgeom         OFF, ON
     /// @param incrementation FIXED, AUTOMATIC
-    /// @param argument5, argument9  a double, which is used; or a text: "NONE" for a value that is not used
+    /// @param argument5, argument9  a double; or a text in its place, "NONE" if there shall be no such value
+    /// @param massScaling    kept in this order
     yld_Step& ExplicitDynamicsStep(const yld_String& name, const yld_String& previous, const yld_String& description,
                                    double timePeriod, const yld_String& nlgeom, bool argument3,
                                    const yld_String& incrementation, const yld_Union& argument5, double argument6,
                                    double argument7, double argument8, const yld_Union& argument9,
                                    const yld_MassScalingList& massScaling);
 
-    /// Files a step: at the end without a previous name, else behind the previous one; "Initial" stands before
-    /// the first. Raises "Invalid step name.", "Invalid previous step name.".
+    /// Adds a step to this list, and to nothing else: after the previous one, at the end if that is empty, at the first
+    /// place if it is "Initial". Raises "Invalid step name.", "Invalid previous step name.".
     void file(const yld_Step& step, const yld_String& previousStepName);
-    /// By place, unchecked.
+    /// By place in the list, which is not checked.
     yld_Step& at(int position) { return m_steps.Get(position); }
     const sto_Sto& store() const;
 
@@ -104,7 +116,8 @@ private:
     shr_COW<sto_Sto> m_store;
 };
 
-/// Walks the steps in order. Leaving a step gives back the memory of its frames.
+/// Walks the steps in order. It borrows the repository. Going on gives back the memory of the frames of the step that
+/// is left.
 class YLD_API yld_StepRepositoryIT
 {
 public:

@@ -55,7 +55,7 @@ public:
         return self(msg_StringBase::insert(position, text, start, count));
     }
 
-    /// Puts a text, or a stretch of it, in the place of `count` characters from `position` on.
+    /// Puts a text, or a part of it, in the place of `count` characters from `position` on.
     yld_String& replace(int position, int count, const char* text)
     {
         return self(msg_StringBase::replace(position, count, text));
@@ -78,7 +78,7 @@ public:
     yld_String& rightTrim(const char* characters) { return self(msg_StringBase::rightTrim(characters)); }
     yld_String& trim(const char* characters) { return self(msg_StringBase::trim(characters)); }
 
-    /// A stretch of the text; without arguments, the whole of it.
+    /// A part of the text; without arguments, the whole of it.
     yld_String substr(int position = 0, int length = toEnd) const { return msg_StringBase::substr(position, length); }
 
     /// In place, ASCII letters only.

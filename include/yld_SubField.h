@@ -19,8 +19,8 @@ struct yld_SubFieldBody;
 
 /// One block of a field: its values at one position, of one element class, section point and instance.
 ///
-/// A block is a handle: copies share what stands behind it, and a block that materialises does so for all of them. The
-/// operations that set something give this handle a body of its own first.
+/// A handle: copies share one state, also when materialize() changes it. setIndices() and setSubsetSet() give this
+/// handle a state of its own first.
 class YLD_API yld_SubField
 {
 public:
@@ -33,19 +33,25 @@ public:
     yld_SubField& operator=(const yld_SubField&);
     ~yld_SubField();
 
+    /// The number under which the step keeps the block.
     int key() const;
+    /// The name of the field.
     const yld_String& label() const;
-    /// How many values the block shows: as many as it has indices, or all that are stored when it has none.
+    /// How many values the block shows: as many as indices() has, or all that are stored when that is empty.
     int length() const;
+    /// How many values are stored.
     int storedLength() const;
     yld_Enum::yld_ResultPositionEnum position() const;
     yld_Enum::yld_DataTypeEnum type() const;
+    /// The number of the element class within its mesh, -1 for values at nodes; and the number of the mesh in the
+    /// model.
     int elementClass() const;
     int meshIndex() const;
-    /// The stored values that the block shows; empty for all of them.
+    /// Which of the stored values the block shows, by place from 0; empty for all of them.
     const yld_Sequence<int>& indices() const;
     void setIndices(const yld_Sequence<int>& indices);
 
+    // The next four are for the layers underneath.
     const sto_Field& field() const;
     bool hasDescription() const;
     const sto_FieldDescription& description() const;
@@ -61,22 +67,25 @@ public:
     /// The user labels of the nodes or elements that the values belong to, in the order of the values; one a node,
     /// element or face.
     std::vector<int> entityLabels() const;
-    /// The values that lie in a set. Both lists of labels are taken for ascending: what stands out of order is missed.
-    /// In a block that shows some values alone only those are looked for. Linear.
+    // These find values by their labels; they give places in the stored values, for subsetAt().
+
+    /// The values whose nodes or elements are in a set. The labels of set and block are taken to ascend: one that
+    /// stands out of order is missed. Of a block that shows some of its values only these are looked for. Cost: linear
+    /// in both.
     yld_Sequence<int> indicesInSet(const yld_Set& set) const;
-    /// All values of elements, in the order of the block. Materialises the block first.
+    /// All values of the elements, in the order of the block. Calls materialize() first.
     yld_Sequence<int> indicesOfElements(const yld_Sequence<int>& labels) const;
-    /// The first value of each node, in the order given; element data have nodes at ELEMENT_NODAL alone. Materialises
-    /// the block first.
+    /// The first value of each node, in the order of the labels. Of values on elements only those at ELEMENT_NODAL have
+    /// nodes. Calls materialize() first.
     yld_Sequence<int> indicesOfNodes(const yld_Sequence<int>& labels) const;
-    /// A block that shows these values, in the place of those that this one shows. At the block's own position it
-    /// shares the stored values and reads nothing; at another, the values are taken out into a field in memory.
-    /// @param indices  places in the stored values; a block of nothing for none
+    /// A block that shows these values alone. With the block's own position it shares the stored values and reads
+    /// nothing; with another position the values are read and copied into a field in memory.
+    /// @param indices  places in the stored values; for none the result is a block of nothing
     yld_SubField subsetAt(const yld_Sequence<int>& indices, yld_Enum::yld_ResultPositionEnum position) const;
-    /// Takes the values that the block shows out into a field in memory, in single precision, which is then all that
-    /// the block has: for every handle that shares the block. Nothing happens to a block that shows all its values. If
-    /// it fails the block is as it was. Makes the set "api_tmp_set" of the instance, in memory, unless the set that the
-    /// block was chosen by serves.
+    /// Makes the values that the block shows contiguous: copies them, in single precision, into a field in memory,
+    /// which from then on is all that the block has, for every handle that shares it. A block that shows all its values
+    /// stays as it is, and so does one for which it fails. The nodes or elements of the values become a set
+    /// "api_tmp_set" of the instance, in memory, unless the set that the block was chosen by will do.
     void materialize() const;
 
     /// Whether it is the very same object: values are never compared.

@@ -9,12 +9,12 @@ class YLD_API yld_Timer
 public:
     /// Begins to count, or goes on counting; without effect while running.
     void Start() { m_timer.Start(); }
-    /// Ends the stretch since the last Start(); without effect while stopped.
+    /// Ends the interval since the last Start(); without effect while stopped.
     void Stop() { m_timer.Stop(); }
     /// Stops and sets both times to 0.
     void Reset() { m_timer.Reset(); }
 
-    /// Wall time in seconds, summed over all stretches; also good while running.
+    /// Wall time in seconds, summed over all intervals; also good while running.
     double GetElapsedTime() const { return m_timer.GetElapsedTime(); }
     /// Processor time in seconds of all threads of the process, summed likewise.
     double GetTotalCpuTime() const { return m_timer.GetTotalCpuTime(); }

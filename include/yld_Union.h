@@ -3,7 +3,7 @@
 
 #include "yld_String.h"
 
-/// A value of one of five kinds, with the tag that tells which. Copying is constant time.
+/// A value of one of five kinds: integer, float, double, truth value, text. It knows which. Copying is constant time.
 class YLD_API yld_Union
 {
 public:

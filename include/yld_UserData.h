@@ -11,8 +11,8 @@
 class sto_UserData;
 class sto_UserXYData;
 
-/// A curve that a user has put in a database. Copies stand for the same stored curve, each with the points that it has
-/// read.
+/// A curve that a user has put in a database to be plotted: points, with texts that describe them. A handle: copies
+/// stand for the same stored curve, each with the points that it has read.
 class YLD_API yld_UserXYData
 {
 public:
@@ -37,8 +37,8 @@ public:
     const yld_String& xAxisLabel() const { return m_xAxisLabel; }
     const yld_String& yAxisLabel() const { return m_yAxisLabel; }
     const yld_String& legendLabel() const { return m_legendLabel; }
-    /// One line about the curve: content, position and source as far as they are told, with commas between. Asked of
-    /// the store with each call; of no curve, empty.
+    /// One line about the curve: content, position and source, with commas between, without those that are empty. Each
+    /// call asks the store.
     yld_String description() const;
 
     /// The points, a row each: most often X and Y. The first call reads them all; they are not read again, whoever
@@ -63,21 +63,21 @@ private:
     mutable bool m_dataRead = false;
 };
 
-/// What a user has added to a database for plotting. The list of curves is read with the first question for one; their
-/// points are read curve by curve. Copies share the list until one of them gets a new curve.
+/// What a user has added to a database for plotting: named curves. The first question for one reads the list of all;
+/// the points of each are read when they are asked for. Copies share the list until one of them gets a new curve.
 class YLD_API yld_UserData
 {
 public:
-    /// That of no database: it has no curves and takes none.
+    /// Without a database: it has no curves and takes none.
     yld_UserData();
     explicit yld_UserData(const sto_UserData& userData);
     yld_UserData(const yld_UserData&);
     yld_UserData& operator=(const yld_UserData&);
     ~yld_UserData();
 
-    /// A new curve without points, which the next save keeps. A name that is in use keeps its curve here, which is then
-    /// returned as it is. The reference is good until the list is next copied and written.
-    /// Raises "Could not map SourceType Enumeration", and what the store says.
+    /// A new curve without points; the next save keeps it. If the name is in use, the curve that has it is returned as
+    /// it is. The reference is good until another curve is added. Raises "Could not map SourceType Enumeration", and
+    /// what the store says.
     yld_UserXYData& XYData(const yld_String& name, const yld_Enum::yld_XYSourceTypeEnm& sourceType,
                            const yld_String& sourceFileName, const yld_String& sourceDescription,
                            const yld_String& contentDescription, const yld_String& positionDescription,
@@ -92,8 +92,8 @@ public:
                       xAxisLabel, yAxisLabel, legendLabel);
     }
 
-    /// The curve of a name. For an unknown one it reports the error "XYData '%s' is not a member of  the yld.'", two
-    /// blanks and last quote as they stand, which raises unless the reporter goes on; then it raises
+    /// The curve of a name. For an unknown one it reports the error "XYData '%s' is not a member of  the yld.'", with
+    /// two blanks and the last quote. That raises, unless the reporter returns; then it raises
     /// "Key \"%s\" not found in repository".
     yld_UserXYData& xyDataObjects(const yld_String& name);
     const yld_UserXYData& xyDataObjects(const yld_String& name) const;
@@ -105,8 +105,8 @@ public:
     yld_Repository<yld_String, yld_UserXYData>& userXYData() { return xyDataObjects(); }
     const yld_Repository<yld_String, yld_UserXYData>& userXYData() const { return xyDataObjects(); }
 
-    /// Bring in the stored curves that are not here yet, or the one of a name, without points. The first question for a
-    /// curve does so by itself. Raises what the store says, for a name that it has not too.
+    /// Read the list of stored curves, or the one of a name, without points. The other functions do so by themselves.
+    /// Raise what the store says, also for a name that it lacks.
     void ReadUserXYDataCon() const;
     void ReadUserXYData(const yld_String& name) const;
 

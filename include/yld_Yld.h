@@ -30,8 +30,13 @@ class yld_JobData;
 class yld_LoadRepository;
 class yld_PredefinedFieldRepository;
 
-/// A results database. Opening one reads its header alone; the first access to steps, parts or assembly reads
-/// their lists. A copy shares everything until one side writes. For the thread that opened it.
+/// A results database: one file, with the model, the steps with their results, and what users have added. openYld()
+/// opens one, Yld() makes one; both give a reference that is good until the database is closed. What is changed
+/// is kept by save() and lost without it.
+///
+/// Opening reads the header alone; the first access to steps, parts or assembly reads their lists; values are read when
+/// they are asked for. A copy shares everything until one of the two is changed. Only the thread that opened a database
+/// may use it.
 class YLD_API yld_Yld
 {
 public:
@@ -51,8 +56,8 @@ public:
     /// The version of the file's layout. Reads it from the file.
     int databaseVersion() const;
 
-    /// The setters of this group write to the model or the store as well; the next save keeps what they set. On a
-    /// read-only database they raise what the store says, and change nothing.
+    /// Texts of the database as a whole, down to setTopLevelSolverInput(). What the setters set is kept by the next
+    /// save. On a read-only database they raise what the store says, and change nothing.
     yld_String analysisTitle() const { return m_analysisTitle; }
     void setAnalysisTitle(const yld_String& title);
     yld_String description() const { return m_description; }
@@ -60,8 +65,8 @@ public:
     /// The job of the global model that drives this submodel.
     yld_String globalJob() const { return m_globalJob; }
     void setGlobalJob(const yld_String& job);
-    /// "1" once this object has been told that a global model of shells drives a submodel of solids, else "0": what
-    /// the file has of it is not looked at.
+    /// "1" after setShellGlobalModelToSolid(true) on this object, which says that a global model of shells drives a
+    /// submodel of solids; else "0", whatever the file says.
     yld_String shellGlobalModelToSolid() const { return yld_String(static_cast<int>(m_shellToSolid)); }
     void setShellGlobalModelToSolid(bool shellToSolid);
     /// Lines of solver input that belong to the model, and those that stand before it; kept by the model alone.
@@ -69,8 +74,8 @@ public:
     void setSolverInput(const yld_String& text);
     yld_String topLevelSolverInput() const;
     void setTopLevelSolverInput(const yld_String& text);
-    /// Says that whoever uses this object wants the user's own data alone: the first access then leaves the steps
-    /// unread. A read-only database takes it for as long as it is open.
+    /// Says that this program wants user data alone: the first access then does not read the steps. On a read-only
+    /// database it holds as long as the database is open.
     void setOnlyHasUserDefinedData(bool only);
     /// Says that the model is one of so many equal sectors about an axis.
     /// @param point1, point2   on the axis, three coordinates each
@@ -82,7 +87,8 @@ public:
     bool hasSectorDefinition() const;
     yld_SectorDefinition sectorDefinition() const;
 
-    /// The references hold as long as the database is open.
+    /// The parts of the database. The first access to any of them reads the lists of all, see docs/lifecycle.md.
+    /// References are good as long as the database is open.
     yld_StepRepository& steps();
     const yld_StepRepository& steps() const;
     yld_StepRepository& step() { return steps(); }
@@ -94,12 +100,12 @@ public:
     yld_SectionCategoryRepository& sectionCategory() { return sectionCategories(); }
     const yld_SectionCategoryRepository& sectionCategory() const { return sectionCategories(); }
     yld_Assembly& rootAssembly();
-    /// The assembly without the steps, for readers of the model. Each call before the first access to anything else
-    /// reads the model again.
+    /// The assembly, for those who want the model alone: the steps are not read. Until something else is asked for,
+    /// each call reads the model again.
     const yld_Assembly& constRootAssembly() const;
 
-    /// How the analysis was set up, each kind by name. Each call looks for what the model has got since; the contact
-    /// controls are read once.
+    /// How the analysis was set up: boundary conditions, loads and so on, each kind by name. Each call adds what the
+    /// model has got since the last one, except for the contact controls, which are read once.
     yld_BCRepository& boundaryConditions();
     yld_IPRepository& interactionProperties();
     yld_ContactControlsRepository& contactControls();
@@ -116,12 +122,13 @@ public:
 
     /// The job that the database comes from. Reads no part and no step.
     yld_JobData jobData() const;
-    /// What the job has told of its course; of a database without diagnostics, a view on nothing. Reads no part and no
-    /// step.
+    /// What the job has reported of its course; without diagnostics in the file, an object that is not filled. Reads no
+    /// part and no step.
     yld_DiagnosticData diagnosticData() const;
 
     /// A new part. Raises "A part named \"%s\" already exists.".
     yld_Part& Part(const yld_String& name, yld_Enum::yld_DimensionEnum dimension, yld_Enum::yld_PartTypeEnum type);
+    /// A new section category, or the one that has the name already; addElements() takes it.
     yld_SectionCategory& SectionCategory(const yld_String& name, const yld_String& description);
     /// A new step.
     /// @param timePeriod        above 0 for a step in time; else a perturbation
@@ -133,26 +140,28 @@ public:
                    double timePeriod = 0.0, const yld_String& previousStepName = yld_String(),
                    const yld_String& procedure = yld_String(), double totalTime = -1.0);
 
-    /// The frame whose time matches: its value in single precision, and where the step begins after time 0, that
-    /// added. Of frames that match equally well the last one, but with MATCH_BEFORE the first. Raises
-    /// "Frame not found.".
+    /// The frame of any step whose time matches. The time of a frame is its value, in single precision, plus the time
+    /// at which its step begins if that is above 0. Of frames that match equally well the last one, but with
+    /// MATCH_BEFORE the first. Raises "Frame not found.".
     yld_Frame getFrame(double value, yld_Enum::yld_MatchEnum match = yld_Enum::MATCH_CLOSEST);
 
-    /// Adds an extension under a type; one that the type has already stays. The next save keeps it; a read-only
-    /// database has it for as long as it is open.
+    /// Adds an extension for a part of the interface, where that has none yet; an extension that is there stays. The
+    /// next save keeps it; a read-only database has it as long as it is open.
     void extendApi(yld_Enum::yld_ApiType type, const yld_ApiExtension& extension);
 
-    /// Looks for steps and frames that a writer added since. False before the first access: nothing has been read
-    /// that could be out of date. The answer is that of the last step, whatever came to those before it.
+    /// Looks for steps and frames that a writer has saved since the last look. The answer tells of the last step alone:
+    /// false does not mean that the steps before it got nothing. Before the first access to the lists it does nothing
+    /// and gives false.
     bool update();
     /// Keeps all changes on disk. The path is empty or the database's own.
     /// Raises "YLD not saved. Changing the path is not allowed.", "Database save failed. " with the reason.
     void save(yld_String path = yld_String());
-    /// Closes without saving. Every reference into the database dangles from here on, this one too.
+    /// Closes without saving, and removes the lock file. All references into the database, this one too, must not be
+    /// used any more.
     void close();
     bool isClosed() const;
 
-    /// The store and its model, for the layers underneath.
+    /// For the layers underneath: the store and its model.
     sto_Sto sto() const;
     mshK_Model model() const;
 
@@ -194,17 +203,22 @@ private:
     bool m_shellToSolid = false;
 };
 
-/// Opens a database under its path as the name. The reference is good until the name is closed.
-/// @param readOnly  false takes the lock file; a lock of another program turns the open into a read-only one,
-///                  with a warning, and so does a file that cannot be written
+/// Opens a database; its path is its name in this process. An open one is given as it is. The reference is good until
+/// the database is closed. Reads the header of the file.
+/// @param readOnly  false makes a lock file, `<name>.lck` beside the database. Where one stands already, or the file
+///                  cannot be written, the database is opened for reading with a warning
+/// Raises what the next function raises.
 YLD_API yld_Yld& openYld(const yld_String& path, bool readOnly = false);
-/// @param name       the name to register; one that is open on the same path gives the open database
+/// The same under a name of the caller's.
+/// @param name       an open database of that name and path is given as it is
 /// @param path       empty means the name; may begin with the name of a remote connection and a colon
 /// @param checkPhase refuse a file that an input phase is about to replace
-/// Raises "A database named ('%s') already exists.", "Cannot open file %1$s. %2$s", and for a file of another
-/// version the texts of error numbers 0 and 1.
+/// Raises "A database named ('%s') already exists." for a name that is open on another path, "Cannot open file %1$s.
+/// %2$s", and for a file of another version yld_Exception of error number 0 or 1.
 YLD_API yld_Yld& openYld(const yld_String& name, const yld_String& path, bool readOnly, bool checkPhase);
-/// Creates a database. An empty path means the name.
+/// Makes a database and opens it for writing, without a lock file. A database that stood at the path is replaced;
+/// any other file there is left alone.
+/// @param path  empty means the name
 /// Raises "A database named ('%s') already exists.", "The path '%s' has an existing sto associated with it.",
 /// "Cannot create file %1$s. %2$s".
 YLD_API yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle = yld_String(),
@@ -212,11 +226,11 @@ YLD_API yld_Yld& Yld(const yld_String& name, const yld_String& analysisTitle = y
 /// Keeps all changes on disk. For a read-only database it does nothing but warn "Database was opened read-only and
 /// cannot be saved.".
 YLD_API void saveYld(yld_Yld& yld);
-/// Closes the file without saving, under all names that it is open by. A lock file stays: yld_Yld::close() removes it.
+/// Closes the file without saving, under all names by which it is open. A lock file stays; yld_Yld::close() removes it.
 YLD_API void closeYld(yld_Yld& yld);
-/// With no database open here, but one open in the store: that one, which is thereby opened read-only under its file's
-/// name. With one database open, an empty object, which stands for no name.
-/// Raises "The getActiveYld method can only be called if a single yld file is open.", "No yld files are open.".
+/// For programs that open a store by the inner classes: with no database open by openYld() or Yld(), but one store
+/// open, that one, which is entered read-only under the name of its file. With one database open it gives an empty
+/// object. Raises "The getActiveYld method can only be called if a single yld file is open.", "No yld files are open.".
 YLD_API yld_Yld& getActiveYld();
 
 #endif

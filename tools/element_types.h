@@ -23,8 +23,8 @@ struct tool_ElementType
     int numPoints; ///< integration points
 };
 
-/// The element type behind a block's type name, case ignored and with or without a node count at the end, the
-/// nodes an element has, and the dimension of the model. Null for a type that the library has not.
+/// The element type for a block's type name, case ignored and with or without a node count at the end, the
+/// nodes an element has, and the dimension of the model. Null for a type that the library lacks.
 const tool_ElementType* tool_elementType(const std::string& name, int numNodes, int dimension);
 
 #endif

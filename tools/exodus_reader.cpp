@@ -14,7 +14,7 @@ namespace {
 
 constexpr ex_entity_type entityTypes[] = {EX_GLOBAL, EX_NODAL, EX_ELEM_BLOCK, EX_NODE_SET, EX_SIDE_SET};
 
-// Writers pad names with blanks, and some leave bytes behind the end.
+// Writers pad names with blanks, and some leave bytes after the end.
 std::string trimmed(const char* text)
 {
     std::string result(text);

@@ -100,7 +100,7 @@ public:
     }
 
 private:
-    // Sides of a set: the elements behind them, and their places in the set.
+    // Sides of a set: the elements that they belong to, and their places in the set.
     struct SideBlock
     {
         std::vector<int> labels;
@@ -207,7 +207,7 @@ private:
         }
     }
 
-    // The face behind a side number; nothing for a side that elements of the type have not here.
+    // The face for a side number; nothing for a side that elements of the type lack here.
     static std::optional<yld_Enum::yld_ElementFaceEnum> faceOf(tool_SideRuleEnm rule, int side)
     {
         const auto face = [](int number) { return static_cast<yld_Enum::yld_ElementFaceEnum>(number); };
@@ -377,7 +377,7 @@ private:
         return true;
     }
 
-    // A value of a side becomes one of the whole element behind it.
+    // A value of a side becomes one of the whole element that it belongs to.
     void tellOfSides(const tool_PlannedField& field)
     {
         std::size_t mostSides = 0;

@@ -15,7 +15,7 @@ std::string tool_validUtf8(std::string_view text);
 
 /// Writes one JSON document as it comes, so that a million values need no memory. Commas and nesting are
 /// looked after; keys and values must come in turn. Text that is not UTF-8 gets U+FFFD in the place of each
-/// bad byte. Numbers are printed so that they read back exactly; NaN and the infinities, which JSON has not,
+/// bad byte. Numbers are printed so that they read back exactly; NaN and the infinities, which JSON lacks,
 /// become null.
 class tool_JsonWriter
 {

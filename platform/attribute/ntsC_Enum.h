@@ -49,7 +49,7 @@ enum class ntsC_LineThicknessEnm : int
     THICK = 3
 };
 
-/// What lies behind the letters of a stored text.
+/// The background of a stored text.
 enum class ntsC_BackgroundStyleEnm : int
 {
     TRANSPARENT = 0,

@@ -3,7 +3,7 @@
 
 #include "platform/attribute/stpC_WithArguments.h"
 
-/// When a job leaves behind what it needs to be taken up again.
+/// A request for the data with which a job can be continued from a step.
 class stpC_Restart : public stpC_WithArguments<stpC_Restart, int, bool, bool, int>
 {
 public:

@@ -19,8 +19,9 @@ public:
     const pcl_Persistent& persistent() const override { return *this; }
 };
 
-// What an argument is, is told by its type where that says it; the other numbers and flags are the solver's. The lists
-// stand in files: append only.
+// Each class lists the types of its arguments in the order in which clients give them. Where the type does not tell
+// what an argument means, and no comment does, only the solver knows. Files keep arguments by place in this list:
+// append only.
 
 class stpC_StaticStep
     : public stpC_StepOf<stpC_StaticStep, double /* time period */, val_PrimEnum<stpC_Step::NlgeomEnm>, int, double,
@@ -98,7 +99,8 @@ public:
     bool isNlgeom() const override;
 };
 
-/// Makes one element of a whole model, which keeps some degrees of freedom and eigenmodes and loses the others.
+/// Makes a substructure: the whole model becomes one element, which keeps some degrees of freedom and eigenmodes; the
+/// others are eliminated.
 class stpC_SubstructureGenerateStep : public pcl_Class<stpC_SubstructureGenerateStep>, public stpC_Step
 {
 public:

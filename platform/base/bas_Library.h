@@ -7,7 +7,7 @@ class bas_Library
 {
 public:
     using Work = void (*)();
-    /// Told of each real start before its work, and of each real stop behind its work.
+    /// Told of each real start before its work, and of each real stop after its work.
     using Trace = void (*)(const char* prefix, bool started);
 
     /// @param prefix  the library's prefix without underscore; static

@@ -2,7 +2,7 @@
 #define LOK_GLOBALLOCK_H
 
 /// Holds the one lock of the process that guards the making and unmaking of other locks, for as long as the
-/// object lives. Usable at any time from before main() to behind exit().
+/// object lives. Usable at any time from before main() to after exit().
 class lok_GlobalLock
 {
 public:

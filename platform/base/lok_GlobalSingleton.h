@@ -11,7 +11,7 @@
 /// friend, if they are private).
 ///
 /// The constructor of this base publishes the object, so T's own constructor, and whatever that calls, can
-/// already use Instance(). T's destructor can use it as well: the pointer is cleared behind it.
+/// already use Instance(). T's destructor can use it as well: the pointer is cleared after it.
 template<class T> class lok_GlobalSingletonBase
 {
 public:

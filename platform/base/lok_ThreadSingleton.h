@@ -6,7 +6,7 @@ bool lok_isFirstThread();
 
 /// One object of T for each thread, made by the thread's first call.
 ///
-/// A thread's object goes with the thread. The first thread's stays for the exit handlers, which run behind
+/// A thread's object goes with the thread. The first thread's stays for the exit handlers, which run after
 /// the end of its thread-local objects; it goes when Finalize() says so, or with the process.
 template<class T> class lok_ThreadSingleton
 {

@@ -3,14 +3,14 @@
 
 #include "platform/base/bas_Export.h"
 
-/// A stop watch for wall time and for the processor time of the whole process. Sums up all stretches between
+/// A stop watch for wall time and for the processor time of the whole process. Sums up all intervals between
 /// Start() and Stop(); a running watch can be read.
 class YLD_API sys_Timer
 {
 public:
-    /// Begins a stretch; without effect on a running watch.
+    /// Begins an interval; without effect on a running watch.
     void Start();
-    /// Ends the stretch; without effect on a stopped watch.
+    /// Ends the interval; without effect on a stopped watch.
     void Stop();
     /// Stops the watch and sets both times to 0.
     void Reset();

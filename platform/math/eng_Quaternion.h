@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-/// The calculations behind eng_Quaternion, in double precision.
+/// The calculations of eng_Quaternion, in double precision.
 class eng_QuaternionCore
 {
 public:

@@ -22,7 +22,7 @@ struct eng_DataType
     static int numTensorComponents(int typeCode);
 };
 
-/// The calculations behind eng_Tensor, on six double components 11, 22, 33, 12, 13, 23.
+/// The calculations of eng_Tensor, on six double components 11, 22, 33, 12, 13, 23.
 class eng_TensorCore
 {
 public:

@@ -78,7 +78,7 @@ void grd_LabelList::append(const int* labels, int count)
     m_labels.append(labels, count);
 }
 
-int grd_LabelList::findStretch(const int* labels, int count) const
+int grd_LabelList::findRun(const int* labels, int count) const
 {
     const int length = size();
     if (count <= 0 || count > length || labels[0] < m_smallest || labels[0] > m_largest) return -1;
@@ -97,7 +97,7 @@ int grd_LabelList::findStretch(const int* labels, int count) const
 
 int grd_LabelList::findAll(const int* labels, int count, int* places) const
 {
-    if (const int first = findStretch(labels, count); first >= 0) {
+    if (const int first = findRun(labels, count); first >= 0) {
         if (places) std::iota(places, places + count, first);
         return count;
     }

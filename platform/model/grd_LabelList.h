@@ -59,10 +59,10 @@ public:
     /// @return the position of the first label that is not in the list, or `count`
     int findAll(const int* labels, int count, int* places) const;
 
-    /// The place of the first of these labels if they are a stretch of the list in the list's own order, else -1.
+    /// The place of the first of these labels if they are a run of the list, in its own order; else -1.
     /// One comparison of the two arrays; neither sorts nor builds an index over a list without order, as long as the
     /// labels are many.
-    int findStretch(const int* labels, int count) const;
+    int findRun(const int* labels, int count) const;
     /// How many labels the index covers by now: 0 as long as no search has needed one. For tests.
     int numIndexed() const { return m_index ? m_index->size() : 0; }
 

@@ -8,7 +8,7 @@
 
 /// The nodes of a mesh: labels and coordinates. A part and its instances share one.
 ///
-/// The mesh of an assembly can besides refer to nodes of part instances. Such foreign nodes have indices of their
+/// The mesh of an assembly can also refer to nodes of part instances. Such foreign nodes have indices of their
 /// own, from firstForeignNode on, so that nodes of both kinds can be added in any order.
 class grd_NodeData : public pcl_Class<grd_NodeData>
 {

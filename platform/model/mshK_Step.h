@@ -46,7 +46,7 @@ public:
     bool m_isNlgeom = false;
     bool m_isPerturbation = false;
     bool m_isAnalysisStep = true;
-    std::string m_solverInput;          ///< text for the solver that stands behind the step
+    std::string m_solverInput;          ///< text for the solver, to follow the step's own lines
     lnk_ShortCut<stpC_Step> m_settings; ///< read through stpC_Step::fetch; null for a step made for results alone
     std::string m_settingsClass;        ///< which class of step that is
     lnk_ShortCut<stpC_Restart> m_restart;

@@ -11,8 +11,7 @@ public:
     explicit osu_FilePathParser(const msg_StringBase& path);
 
     bool HasDirName() const;
-    /// What stands before the last component, with its slash only if that is all: "/a/b" gives "/a", "/a"
-    /// gives
+    /// What stands before the last component, with its slash only if that is all: "/a/b" gives "/a", "/a" gives
     /// "/", "a" the empty text.
     shr_String DirName() const;
     /// The last component without its extension.

@@ -16,7 +16,7 @@ public:
     static shr_String GetHost(const msg_StringBase& url);
     /// 0 if there is none, or none from 1 to 65535.
     static int GetPort(const msg_StringBase& url);
-    /// From the slash behind the host to the end of the text.
+    /// From the slash after the host to the end of the text.
     static shr_String GetPath(const msg_StringBase& url);
 };
 

@@ -134,7 +134,7 @@ void fld_Series::look(const std::shared_ptr<fio_FileBody>& file) const
         for (const double number : {m_runs[2 * i], m_runs[2 * i + 1]}) {
             if (!(number >= 1.0 && number <= largest)) raiseDamage(file);
         }
-        // A run behind the other: so that no extent is counted twice.
+        // One run after the other: so that no extent is counted twice.
         if (firstExtent(i) < next || runRows(i) > std::numeric_limits<long long>::max() / 16 - rows) raiseDamage(file);
         file->extents().verify(firstExtent(i), runBytes(i));
         next = firstExtent(i) + extentsOf(runBytes(i));

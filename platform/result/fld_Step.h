@@ -64,7 +64,7 @@ public:
     lnk_ShortCut<fld_FieldStep> m_fieldStep; ///< null until the step may have fields
     std::vector<std::string> m_loadCaseNames;
     std::vector<std::string> m_frameLoadCaseNames; ///< by frame, as far as any frame has one
-    // Of the whole model as the step found it; empty lists where nobody has worked them out.
+    // Of the whole model at the beginning of the step; empty lists where the analysis has not told them.
     double m_mass = 0.0;
     double m_acousticMass = 0.0;
     std::vector<double> m_massCenter;         ///< three coordinates

@@ -19,7 +19,7 @@ private:
     bool m_isSet = false;
 };
 
-/// The object behind a reference, to be changed in place: what takes a number at a time cannot be copied each time.
+/// The object of a reference, to be changed in place: what takes a number at a time cannot be copied each time.
 /// Raises for a file that is closed or open for reading only.
 /// @tparam T  has a member m_mark, which its StoreArrays clears
 template<class T> T& fld_inPlace(const lnk_ShortCut<T>& reference)

@@ -1,7 +1,7 @@
 #ifndef SHC_CELL_H
 #define SHC_CELL_H
 
-/// The geometry behind an element type: nodes, edges, faces and shape functions of one reference cell.
+/// The geometry of an element type: nodes, edges, faces and shape functions of one reference cell.
 ///
 /// Natural coordinates: lines, quadrilaterals and hexahedra run from -1 to +1 in each direction; triangles
 /// use (r, s) with corners (0,0), (1,0), (0,1); tetrahedra (r, s, t) likewise; wedges a triangle's (r, s) and

@@ -96,7 +96,7 @@ public:
 
     /// Moves values of elements to their nodes.
     /// @param values      element by element, inside it location by location, inside that `components`
-    /// numbers
+    ///                    numbers
     /// @param position    where `values` lie: INTEGRATION_POINT is extrapolated by the polynomial through the
     ///                    points, ELEMENT_NODAL is copied, WHOLE_ELEMENT and CENTROID (one location) spread
     /// @param out         NumNodes() locations per element, same layout; may not overlap `values`

@@ -96,10 +96,10 @@ int sto_ElementData::firstElementIndex(int classIndex) const
     return static_cast<int>(total);
 }
 
-int sto_ElementData::findStretch(const int* labels, int count, int& classIndex) const
+int sto_ElementData::findRun(const int* labels, int count, int& classIndex) const
 {
     for (int i = 0; i < numClasses(); ++i) {
-        const int first = elementClass(i, 0).data()->m_labels.findStretch(labels, count);
+        const int first = elementClass(i, 0).data()->m_labels.findRun(labels, count);
         if (first < 0) continue;
         classIndex = i;
         return first;
@@ -115,7 +115,7 @@ int sto_ElementData::CheckUserElementLabels(const int* labels, int count) const
 int sto_ElementData::GetElementIndices(const int* labels, int count, int* classes, int* indices) const
 {
     int only = -1;
-    if (const int first = findStretch(labels, count, only); first >= 0) {
+    if (const int first = findRun(labels, count, only); first >= 0) {
         if (classes) std::fill_n(classes, count, only);
         if (indices) std::iota(indices, indices + count, first);
         return count;

@@ -113,8 +113,8 @@ public:
     /// @param classes, indices  room for `count` numbers each
     /// @return as CheckUserElementLabels
     int GetElementIndices(const int* labels, int count, int* classes, int* indices) const;
-    /// The place of the first label in its class if the labels are a stretch of that class in its own order, else -1.
-    int findStretch(const int* labels, int count, int& classIndex) const;
+    /// The place of the first label in its class if the labels are a run of that class, in its own order; else -1.
+    int findRun(const int* labels, int count, int& classIndex) const;
     /// The index in the mesh of a label, or -1.
     int GetMeshElemIndexFromLabel(int label) const;
     /// The class that an element of the mesh is in; raises "Element index out of range.".

@@ -59,6 +59,6 @@ void sto_History::append(double value, double conjugate) const
 sto_HistoryDouble::sto_HistoryDouble(const sto_History& history) : sto_History(history)
 {
     if (history.storageType() != 1) {
-        fio_raise(m_history.file()->path(), "a history curve is asked for in a precision that it has not");
+        fio_raise(m_history.file()->path(), "a history curve is asked for in a precision that it does not have");
     }
 }

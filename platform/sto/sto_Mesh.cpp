@@ -294,7 +294,7 @@ void sto_Mesh::appendNodes(setC_Set& set, const int* labels, int count) const
 {
     const std::shared_ptr<const mshK_Mesh> body = mesh();
     const sto_NodeData nodes(body->m_nodeData);
-    const int first = nodes.isValid() ? nodes.data()->m_labels.findStretch(labels, count) : -1;
+    const int first = nodes.isValid() ? nodes.data()->m_labels.findRun(labels, count) : -1;
     if (first >= 0) {
         set.appendRun(body->m_meshIndex, -1, setC_SubSet::nodes, first, count);
         return;
@@ -308,7 +308,7 @@ void sto_Mesh::appendNodes(setC_Set& set, const int* labels, int count) const
 void sto_Mesh::appendElements(setC_Set& set, const int* labels, int count) const
 {
     int classIndex = -1;
-    if (const int first = elementData().findStretch(labels, count, classIndex); first >= 0) {
+    if (const int first = elementData().findRun(labels, count, classIndex); first >= 0) {
         set.appendRun(meshIndex(), classIndex, setC_SubSet::elements, first, count);
         return;
     }
@@ -344,7 +344,7 @@ void sto_Mesh::appendFacets(setC_Set& set, const std::vector<sto_SurfaceSubset>&
         const int count = static_cast<int>(std::min(subset.labels.size(), subset.facets.size()));
         std::vector<int> classes(static_cast<std::size_t>(count));
         std::vector<int> places(static_cast<std::size_t>(count));
-        // An unknown label is left out, and the search goes on behind it.
+        // An unknown label is left out, and the search goes on after it.
         for (int from = 0; from < count;) {
             const int known = elements.GetElementIndices(subset.labels.data() + from, count - from,
                                                          classes.data() + from, places.data() + from);

@@ -92,7 +92,7 @@ public:
 
     /// The model side of a step. Raises when there is no step of that name; the initial step is there always.
     sto_StoStep step(const shr_String& name) const;
-    /// A new step with its analysis settings, which tell procedure, period and flags; behind the one that it follows,
+    /// A new step with its analysis settings, which tell procedure, period and flags; after the one that it follows,
     /// or at the end without one. A name that another step has is taken, and goes on standing for the other.
     /// @param position  how many steps the caller has; the number that the step gets is the model's own
     sto_StoStep Step(int position, const shr_String& name, const shr_String& description, const stpC_Step& settings,

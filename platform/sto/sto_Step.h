@@ -39,12 +39,12 @@ public:
     double acousticMass() const;
     /// For tests: the library writes none.
     void setMass(double mass, double acousticMass);
-    /// Three coordinates; empty where nobody has told.
+    /// Three coordinates; empty where the analysis has not told them.
     std::vector<double> massCenter() const;
     std::vector<double> acousticMassCenter() const;
     /// For tests: the library writes none.
     void setMassCenter(const std::vector<double>& center, const std::vector<double>& acousticCenter);
-    /// Six components, 11, 22, 33, 12, 13, 23; empty where nobody has told.
+    /// Six components, 11, 22, 33, 12, 13, 23; empty where the analysis has not told them.
     std::vector<double> inertiaAboutCenter() const;
     std::vector<double> inertiaAboutOrigin() const;
     /// For tests: the library writes none.

@@ -26,8 +26,8 @@ public:
     /// transaction of their own.
     void flush();
 
-    /// The place behind the step of that name, which is also where a step without a known previous one goes: the end.
-    /// Behind the initial step, which need not be in the list, is the first place of all others.
+    /// The place after the step of that name, which is also where a step without a known previous one goes: the end.
+    /// After the initial step, which need not be in the list, is the first place of all others.
     template<class T> static int placeBehind(const mrp_Container<T>& steps, const char* previous)
     {
         const int found = *previous == '\0' ? -1 : steps.find(previous);

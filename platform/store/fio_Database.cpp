@@ -22,7 +22,7 @@ constexpr const char* mapFile = "PRAGMA mmap_size = 0x7fffffffffff";
 // Pages read through the map stay resident; having read this much, the map is taken down and made anew.
 constexpr long long mostMappedBytes = 32LL << 20;
 
-// Below this a database has not even its first page.
+// Below this a database lacks even its first page.
 constexpr off_t leastBytes = 4096;
 
 // SQLite takes an absent or empty file for a new database, and waits on special files: what is not a regular file

@@ -466,7 +466,7 @@ void fio_FileBody::purge(long long now)
         if (entry.classId == 0) {
             extents().erase(entry.id, entry.which);
         } else {
-            // A class that this program has not met here stays for one that does.
+            // A class that this program does not know stays for one that does.
             const auto table = m_tables.find(static_cast<unsigned>(entry.classId));
             if (table == m_tables.end() || !table->second.exists) continue;
             fio_Statement erase = database().prepare(table->second.erase);

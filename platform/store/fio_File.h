@@ -91,7 +91,7 @@ private:
     {
         std::shared_ptr<pcl_Persistent> object;
         bool changed = false;
-        long long since = 0; // the save that wrote the row; 0 for an object that the file has not
+        long long since = 0; // the save that wrote the row; 0 for an object that the file lacks
     };
     struct Table
     {
@@ -127,7 +127,7 @@ private:
     long long m_nextId = 1;
     long long m_rootObject = 0;
     long long m_creationDate = 0;
-    long long m_modificationDate = 0; // of the last save; 0 in a file that has not kept it
+    long long m_modificationDate = 0; // of the last save; 0 in a file that lacks it
     long long m_saveCount = 0;
     long long m_savedExtents = 1; // the first extent that no saved state has
     int m_keepSeconds = defaultKeepSeconds;

@@ -4,7 +4,7 @@
 /// The name of a layer between SQLite and the disk for connections that write, made on first use.
 ///
 /// SQLite shuts readers out of the file from the first page of a transaction that goes to disk to the end of its last
-/// sync, although nearly all those pages lie behind the end of the saved file, where no reader looks. This layer lets
+/// sync, although nearly all those pages lie past the end of the saved file, where no reader looks. This layer lets
 /// the new pages and their sync go by while readers read, keeps the few changed old pages back, and shuts readers out
 /// only to write these. The journal has been synced by then, as SQLite sees to, so a crash at any instant rolls back as
 /// ever; the file and its locks are SQLite's own, and readers need no such layer.

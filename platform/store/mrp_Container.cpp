@@ -60,7 +60,7 @@ std::string mrp_positionBetween(const std::string& before, const std::string& af
         position += static_cast<char>(low);
         // From here on any continuation stays below what comes after.
         if (high > low) isBounded = false;
-        // Positions of a damaged file may stand in no order: the result then is one behind the first.
+        // Positions of a damaged file may stand in no order: the result then is one after the first.
         if (isBounded && i > after.size() && i > before.size()) isBounded = false;
     }
 }

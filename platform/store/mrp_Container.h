@@ -38,7 +38,7 @@ private:
     std::vector<Entry> m_entries;
     mutable std::unordered_multimap<std::string, int> m_index;
     mutable bool m_indexed = false;
-    int m_unsaved = 0; // how many entries the file has not
+    int m_unsaved = 0; // how many entries the file lacks
 };
 
 long long mrp_createContainer(const std::shared_ptr<fio_FileBody>& file);

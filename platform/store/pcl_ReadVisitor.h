@@ -8,7 +8,7 @@ class lnk_AnyShortCut;
 template<class T> class pcl_Array;
 
 /// Gives the attributes of one stored object, by name. Each Read tells whether the file has the
-/// attribute; where it has not, the value stays as it was, which makes the member's initialiser the default.
+/// attribute; where it is absent, the value stays as it was, which makes the member's initialiser the default.
 class pcl_ReadVisitor
 {
 public:

@@ -10,7 +10,7 @@
 
 namespace {
 
-// A list of texts as "<bytes>:<text>," one behind the other: unambiguous for any text, and readable.
+// A list of texts as "<bytes>:<text>," one after the other: unambiguous for any text, and readable.
 std::string joinTexts(const std::vector<std::string>& list)
 {
     std::string joined;

@@ -10,7 +10,7 @@ class fio_FileBody;
 class fio_Statement;
 
 /// Writes an object's attributes into the parameters of its class's statement. Parameters stand in the order of
-/// declaration behind object id, save number and base object id; a bulk array takes two, its first extent and its
+/// declaration, after object id, save number and base object id; a bulk array takes two, its first extent and its
 /// count.
 class pcl_RowWriter : public pcl_WriteVisitor
 {
@@ -48,7 +48,7 @@ private:
     std::vector<std::unique_ptr<std::string>> m_kept; // texts stay until the statement has run
 };
 
-/// Reads an object's attributes from a row. An attribute whose column the file has not, or whose value has another
+/// Reads an object's attributes from a row. An attribute whose column the file lacks, or whose value has another
 /// kind, is left as it is or refused with the file's path.
 class pcl_RowReader : public pcl_ReadVisitor
 {

@@ -8,7 +8,7 @@ class lnk_AnyShortCut;
 template<class T> class pcl_Array;
 
 /// Receives the attributes of one persistent object, by name, when the object is written.
-/// Values are taken over during the call; nothing is borrowed behind it.
+/// Values are taken over during the call; nothing is borrowed beyond it.
 class pcl_WriteVisitor
 {
 public:

@@ -11,7 +11,7 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 int sign(int order) { return (order > 0) - (order < 0); }
 
-// Compares two runs of digits by value and moves both pointers behind them.
+// Compares two runs of digits by value and moves both pointers past them.
 int compareNumbers(const char*& a, const char*& b)
 {
     while (*a == '0') {

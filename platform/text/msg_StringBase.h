@@ -69,7 +69,7 @@ public:
 
     msg_StringBase& erase(int position = 0, int length = toEnd);
 
-    /// Position of the first occurrence that begins at `start` or behind it, -1 if there is none. An empty
+    /// Position of the first occurrence that begins at `start` or after it, -1 if there is none. An empty
     /// pattern is found at the clamped start. Cost: length of text times length of pattern at worst.
     int find(const char* pattern, int start = 0) const noexcept;
     int find(const msg_StringBase& pattern, int start = 0) const noexcept;
@@ -95,7 +95,7 @@ public:
     msg_StringBase& rightTrim(const char* characters);
     msg_StringBase& trim(const char* characters);
 
-    /// A copy of a stretch of the text; the whole text shares its body.
+    /// A copy of a part of the text; the whole text shares its body.
     msg_StringBase substr(int position = 0, int length = toEnd) const;
 
     msg_StringBase& toLower();

@@ -524,12 +524,12 @@ TEST(shr_1DArrayIter, passesAnAbsentBlockWithoutElements)
 }
 
 // Arrays that copy from one another are kept beside plain vectors that do what each call promises. What lies
-// behind the end is part of the model, since growing back finds it again.
+// after the end is part of the model, since growing back finds it again.
 TEST(shr_1DArray, randomEditsAgreeWithVectors)
 {
     struct Model
     {
-        std::vector<int> values; // also behind the end
+        std::vector<int> values; // also after the end
         int size = 0;
     };
     std::mt19937 random(20);

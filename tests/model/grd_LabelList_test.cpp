@@ -117,27 +117,27 @@ TEST(grd_LabelList, presentLabelsAreFound)
     EXPECT_EQ(list.firstPresent(mixed, 2), 1);
 }
 
-TEST(grd_LabelList, stretchesInTheListsOrderNeedNoIndex)
+TEST(grd_LabelList, runsInTheListsOrderNeedNoIndex)
 {
     grd_LabelList list;
     const std::vector<int> labels = {50, 10, 40, 20, 30, 5};
     list.append(labels.data(), 6);
-    EXPECT_EQ(list.findStretch(labels.data(), 6), 0);
-    EXPECT_EQ(list.findStretch(labels.data() + 2, 3), 2);
-    EXPECT_EQ(list.findStretch(labels.data() + 5, 1), 5);
+    EXPECT_EQ(list.findRun(labels.data(), 6), 0);
+    EXPECT_EQ(list.findRun(labels.data() + 2, 3), 2);
+    EXPECT_EQ(list.findRun(labels.data() + 5, 1), 5);
     int places[6] = {};
     EXPECT_EQ(list.findAll(labels.data() + 1, 5, places), 5);
     EXPECT_EQ(places[0], 1);
     EXPECT_EQ(places[4], 5);
     EXPECT_EQ(list.numIndexed(), 0);
-    // Another order, a label that is missing, and nothing at all are no stretch.
+    // Another order, a label that is missing, and nothing at all are no run.
     const int mixed[] = {50, 30};
     const int beyond[] = {5, 50};
     const int missing[] = {50, 10, 41};
-    EXPECT_EQ(list.findStretch(mixed, 2), -1);
-    EXPECT_EQ(list.findStretch(beyond, 2), -1);
-    EXPECT_EQ(list.findStretch(missing, 3), -1);
-    EXPECT_EQ(list.findStretch(mixed, 0), -1);
+    EXPECT_EQ(list.findRun(mixed, 2), -1);
+    EXPECT_EQ(list.findRun(beyond, 2), -1);
+    EXPECT_EQ(list.findRun(missing, 3), -1);
+    EXPECT_EQ(list.findRun(mixed, 0), -1);
     EXPECT_EQ(list.findAll(mixed, 2, places), 2);
     EXPECT_EQ(places[1], 4);
     EXPECT_EQ(list.numIndexed(), 6);

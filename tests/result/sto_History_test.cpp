@@ -185,7 +185,7 @@ TEST_F(sto_HistoryTest, aSingleCurveIsNoDoubleOne)
 {
     const sto_HistoryFloat u = make("U");
     EXPECT_EQ(failureOf([&] { sto_HistoryDouble{u}; }),
-              m_path + ": a history curve is asked for in a precision that it has not");
+              m_path + ": a history curve is asked for in a precision that it does not have");
 }
 
 TEST_F(sto_HistoryTest, twoColumnsHoldValueAndConjugate)

@@ -38,7 +38,7 @@ constexpr bool hasSanitizer = false;
 
 /// Makes and opens the files of the numbers [0, count) in processes of their own, many in each, with at most 256 MB for
 /// a file, and a minute, after which it hangs. A process that ends early fails the number that it was at, and another
-/// goes on behind it.
+/// goes on after it.
 /// @param make  makes file number n at a path
 /// @param walk  opens and reads everything; odd turns may open for writing
 /// @param namesPath  whether each refusal must begin with the file's path

@@ -185,7 +185,7 @@ TEST(msg_StringBase, inserts_itself_anywhere)
 TEST(msg_StringBase, edits_itself_in_place_where_there_is_room)
 {
     msg_StringBase text("0123456789");
-    text.append("0123456789").append("0123456789"); // leaves room behind the text
+    text.append("0123456789").append("0123456789"); // leaves room after the text
     text.erase(8);
     text.append(text.cStr() + 4, 3);
     EXPECT_EQ(text, "01234567456");

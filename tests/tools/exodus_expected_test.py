@@ -27,7 +27,7 @@ ELEMENT_TYPES = {
     ("QUAD4", 4, 2): "QUAD4", ("QUAD8", 8, 2): "QUAD8", ("TRI6", 6, 2): "TRI6",
 }
 
-# Where the nodes behind the corners sit, in the order of the library: the corners (from 0) that each is the middle of.
+# Where the nodes after the corners sit, in the order of the library: the corners (from 0) that each is the middle of.
 BOTTOM_4, TOP_4, UPRIGHT_4 = [(0, 1), (1, 2), (2, 3), (3, 0)], [(4, 5), (5, 6), (6, 7), (7, 4)], [(i, i + 4) for i in range(4)]
 BOTTOM_3, TOP_3, UPRIGHT_3 = [(0, 1), (1, 2), (2, 0)], [(3, 4), (4, 5), (5, 3)], [(i, i + 3) for i in range(3)]
 MIDDLES = {
@@ -326,7 +326,7 @@ class ExpectedTest(programs.ProgramTest):
                 self.assertIn(pair, pairs)
 
     def side_of(self, label, face):
-        """The side number of the file behind a face number of the library."""
+        """The side number of the file for a face number of the library."""
         if label.startswith("SHELL"):
             return {1001: 1, 1002: 2}.get(face, face - 11 + 3)
         return face - 10

@@ -147,7 +147,7 @@ TEST(field_plan, aVariableWithoutANameGetsOne)
 
 namespace {
 
-// Variables with "_1" to "_n" behind each of these names.
+// Variables with "_1" to "_n" after each of these names.
 Names numbered(const Names& bases, int count)
 {
     Names names;

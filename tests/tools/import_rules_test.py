@@ -24,7 +24,7 @@ class ImportTest(programs.ProgramTest):
         return os.path.join(self.folder.name, name)
 
     def imported(self, *arguments, **options):
-        """Path of the database behind a file; what the import said is in self.said."""
+        """Path of the database made of a file; what the import said is in self.said."""
         source, target = self.path("model.e"), self.path("model.yld")
         exodus_writer.write(source, *arguments, **options)
         done = run("yld", "import", source, target)

@@ -158,7 +158,7 @@ void useStrings()
     DEMAND(unMapDataType(mapDataType(unMapDataType(yld_Enum::VECTOR))) == unMapDataType(yld_Enum::VECTOR));
 }
 
-// The templates behind parts and instances and behind the nodes and elements of a mesh, and plain arrays.
+// The templates under parts and instances and under the nodes and elements of a mesh, and plain arrays.
 void writeJob(const char* path)
 {
     yld_Yld& db = Yld("job", "title", "description", path);

@@ -86,7 +86,7 @@ void readFrame(yld_Step& step, int frame, const Scale& scale)
     yld_Frame& read = step.frames(frame);
     for (int k = 0; k < scale.fields; ++k) {
         const yld_FieldOutput& field = read.fieldOutputs().get(fieldName(k));
-        demand(field.bulkDataBlocks().size() == 1, "a field has not one block");
+        demand(field.bulkDataBlocks().size() == 1, "a field does not have one block");
         const yld_FieldBulkData& bulk = field.bulkDataBlocks()[0];
         demand(bulk.length() == scale.numNodes(), "a field has another length");
         const float* values = bulk.data();

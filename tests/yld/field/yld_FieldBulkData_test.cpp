@@ -443,13 +443,13 @@ TEST_F(yld_SequenceFieldValueTest, setsThatDoNotFitAreRefused)
     const int run[] = {10, 20, 30};
     const int elements[] = {101};
     const sto_Set scattered = on.Nset("scattered", nodes, 3, true, false);
-    const sto_Set stretch = on.Nset("stretch", run, 3, true, false);
+    const sto_Set consecutive = on.Nset("consecutive", run, 3, true, false);
     const sto_Set hexahedra = on.Elset("hexahedra", elements, 1, true);
     const fld_FieldDescription nodal = scalarAt(fld_OutputPositionEnm::NODAL, -1);
     EXPECT_EQ(failure(nodal, scattered, 3), "no exception");
     EXPECT_EQ(failure(nodal, scattered, 2), "a field does not fit its set: another number of nodes than values");
     EXPECT_EQ(failure(nodal, scattered, 4), "a field does not fit its set: another number of nodes than values");
-    EXPECT_EQ(failure(nodal, stretch, 4), "a field does not fit its set: another number of nodes than values");
+    EXPECT_EQ(failure(nodal, consecutive, 4), "a field does not fit its set: another number of nodes than values");
     EXPECT_EQ(failure(scalarAt(fld_OutputPositionEnm::CENTROID, 0), hexahedra, 1), "no exception");
     EXPECT_EQ(failure(scalarAt(fld_OutputPositionEnm::CENTROID, 0), hexahedra, 2),
               "a field does not fit its set: another number of elements than values");

@@ -102,7 +102,7 @@ TEST_F(yld_FieldCopyTest, copyInAnotherFrameTakesNameAndDescription)
     EXPECT_EQ(describe(field("T", 1)), "n20 e-1 p-1: 2; n10 e-1 p-1: 1");
     EXPECT_STREQ(field("T", 1).description().cStr(), "temperature");
     EXPECT_FALSE(field("T", 1).IsOrphan());
-    // Both frames say what their values are in the same words, and the model has not got another set.
+    // Both frames say what their values are in the same words, and the model got no other set.
     const long long described = field("T", 0).SubField()[0].description().shortCut().id();
     EXPECT_EQ(field("T", 1).SubField()[0].description().shortCut().id(), described);
     EXPECT_STREQ(field("T", 1).SubField()[0].description().set().setLabel().c_str(), "api_set 0");

@@ -293,7 +293,7 @@ TEST_F(yld_FieldObjectTest, locationsByIndexFollowTheBlocks)
     EXPECT_EQ(v.location(0).position(), yld_Enum::NODAL);
     EXPECT_EQ(v.locations(0).position(), yld_Enum::NODAL);
     EXPECT_EQ(failureOf([&] { v.location(2); }), "Index out of range.");
-    EXPECT_EQ(v.location(1).position(), yld_Enum::UNDEFINED_POSITION); // one behind the last is not caught
+    EXPECT_EQ(v.location(1).position(), yld_Enum::UNDEFINED_POSITION); // one past the last is not caught
 }
 
 TEST(yld_FieldLabels, vectorOfAPlaneModelHasTwo)

@@ -82,7 +82,7 @@ TEST_F(yld_FieldOutputTest, elementLabelsOfTwoClassesGiveTwoBlocksAndOneLocation
 
 TEST_F(yld_FieldOutputTest, rowsOfIntegrationPointsAreCutByClass)
 {
-    // A tetrahedron has one point, a hexahedron eight: the rows of the first come before and behind those of the other.
+    // A tetrahedron has one point, a hexahedron eight: the rows of the first come before and after those of the other.
     yld_Frame frame = step().Frame(1, 1.0);
     yld_FieldOutput& p = frame.FieldOutput("P", "", yld_Enum::SCALAR);
     p.addData(yld_Enum::INTEGRATION_POINT, instance(), ints({5, 102, 7}), counted(10));

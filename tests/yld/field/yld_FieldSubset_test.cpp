@@ -235,7 +235,7 @@ TEST_F(yld_FieldSubsetTest, labelsOfBlockAndSetAreTakenForAscending)
     yld_FieldOutput& t = newField("T");
     t.addData(yld_Enum::NODAL, instance(), ints({20, 10, 120}), counted(3));
     yld_Set& sorted = instance().NodeSet("sorted", ints({10, 20, 120}));
-    // 20 is found behind 10, which is then behind the walk.
+    // 20 is found after 10, which the walk has then passed.
     EXPECT_EQ(valuesOf(t.getSubset(sorted)), "n20 1; n120 3; ");
     yld_FieldOutput& u = newField("U");
     u.addData(yld_Enum::NODAL, instance(), ints({10, 20, 30}), counted(3));
@@ -277,7 +277,7 @@ TEST_F(yld_FieldSubsetTest, intersectionWalksTheShorterOfTwoListsTakenForAscendi
     const yld_FieldOutput part = fieldOf({block});
     yld_Set& two = instance().NodeSet("two", ints({20, 30}));           // places 1, 2
     yld_Set& many = instance().NodeSet("many", ints({20, 30, 40, 50})); // places 1 to 4
-    // The new list is walked: 1 and 2 are behind 4, which the walk does not pass.
+    // The new list is walked: 1 and 2 come after 4, which the walk does not pass.
     EXPECT_EQ(part.getSubset(two).values().size(), 0);
     // The old list is walked: 4 goes to the end of the new one.
     EXPECT_EQ(valuesOf(part.getSubset(many)), "n50 5; ");

@@ -475,7 +475,7 @@ protected:
             write(field, {row}, {}, isDouble);
         } else if (at.position == yld_Enum::NODAL) {
             writeNodal(field, "block-1", {10, 20, 50, 60}, isDouble);     // scattered
-            writeNodal(field, "block-2", {20, 30, 40, 50, 60}, isDouble); // a stretch
+            writeNodal(field, "block-2", {20, 30, 40, 50, 60}, isDouble); // a run
         } else if (isOnFaces(at.position)) {
             writeFaces(field, "block-1", hexahedra, {{0, 0}, {1, 5}, {2, 0}, {2, 3}}, isDouble);
             writeFaces(field, "block-2", wedges, {{0, 3}, {0, 0}, {1, 4}, {2, 2}}, isDouble);

@@ -219,7 +219,7 @@ TEST_F(yld_FrameFieldsTest, assemblyOfAnOrdinaryFileIsTheFramesOwn)
     other.close();
 }
 
-// Behind a file of the other kind the field itself tells: its instance, or else the assembly that it was written on.
+// In a file of the other kind the field itself tells: its instance, or else the assembly that it was written on.
 TEST_F(yld_FrameFieldsTest, assemblyBehindAFileOfTheOtherKindIsTheFieldsOwn)
 {
     yld_Frame frame = step().Frame(1, 1.0);

@@ -66,7 +66,7 @@ TEST_F(yld_JobDataTest, theCodeIsReadFromTheVersionWhateverItsCase)
     EXPECT_EQ(codeOf("ZANTRA/STANDARD"), 1);
     EXPECT_EQ(codeOf("ZANTRA/Explicit 6.1"), 2);
     EXPECT_EQ(codeOf("xEXPLICITx"), 2);
-    EXPECT_EQ(codeOf("Explicit, and standard behind it"), 1);
+    EXPECT_EQ(codeOf("Explicit, and standard after it"), 1);
     EXPECT_EQ(codeOf("Scripting Interface 6.1"), 0);
     EXPECT_EQ(codeOf("STAN DARD"), 0);
     EXPECT_EQ(codeOf(""), 0);

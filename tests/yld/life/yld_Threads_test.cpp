@@ -118,7 +118,7 @@ TEST(yld_ThreadsDeathTest, the_exit_handler_lowers_a_nested_count_by_one)
 {
     EXPECT_EXIT(
         {
-            std::atexit(showWhatIsUp); // runs behind the library's own handler
+            std::atexit(showWhatIsUp); // runs after the library's own handler
             yld_initializeAPI();
             yld_initializeAPI();
             yld_initializeAPI();

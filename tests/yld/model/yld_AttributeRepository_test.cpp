@@ -19,7 +19,7 @@ template<class Repository, auto Place, auto Access> struct Kind
 
     static Repository& of(yld_Yld& yld) { return (yld.*Access)(); }
 
-    // Files a name in the model. The object behind it is one of the file's, and stays unread.
+    // Files a name in the model. The object that it names is one of the file's, and stays unread.
     static long long file(const sto_Model& model, const char* name)
     {
         const std::shared_ptr<fio_FileBody> file = model.shortCut().file();

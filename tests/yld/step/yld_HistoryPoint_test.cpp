@@ -272,7 +272,7 @@ TEST_F(yld_HistoryPointTest, storedAtAnIntegrationPoint)
     EXPECT_STREQ(shell.sectionPoint().description().cStr(), "top");
     EXPECT_EQ(texts(shell), "Element block-1.301 Int Point 1 Section Point 2 | Output at instance block-1 element 301 "
                             "integration point 1 section point 2");
-    // A location that the class has not leaves a number without a text.
+    // A location that the class lacks leaves a number without a text.
     const yld_HistoryPoint beyond =
         pointOf({.type = 2, .classIndex = 2, .elementNumber = 0, .integrationPoint = 0, .locationIndex = 7});
     EXPECT_EQ(beyond.sectionPoint().number(), 8);

@@ -227,7 +227,7 @@ TEST_F(yld_StepSettings, unionOfAnotherKindIsRefused)
     EXPECT_EQ(steps().size(), 0);
 }
 
-// Each text that an enumeration has not is refused with those that it has, before anything is filed.
+// Each text that an enumeration lacks is refused with those that it has, before anything is filed.
 TEST_F(yld_StepSettings, unknownTextsAreRefusedWithTheKnownOnes)
 {
     const auto staticWith = [&](const char* nlgeom, const char* stabilization, const char* incrementation,
@@ -347,7 +347,7 @@ TEST_F(yld_StepSettings, resultsStepTakesThePlaceAmongStepsWithSettings)
     EXPECT_EQ(results.number(), 2);
     EXPECT_EQ(failureOf([&] { m_yld->Step("a", "", yld_Enum::TIME); }), "A Step named \"a\" already exists.");
     reopen();
-    // What stands behind a database that is opened is its results.
+    // A database that is opened shows the steps that have results.
     EXPECT_EQ(joined(steps().stepNames()), "r");
     EXPECT_EQ(steps().get("r").number(), 2);
     EXPECT_STREQ(steps().get("r").previousStepName().cStr(), "");

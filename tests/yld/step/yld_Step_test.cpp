@@ -28,7 +28,7 @@ TEST_F(yld_StepTest, framesComeBackInOrder)
     EXPECT_EQ(second.frameValue(), 0.75);
     EXPECT_STREQ(second.description().cStr(), "two");
     EXPECT_TRUE(second.loadCase() == yld_LoadCase());
-    // One frame at a time stands behind the reference.
+    // The reference stands for one frame at a time.
     EXPECT_EQ(step().frames(0).incrementNumber(), 1);
 }
 

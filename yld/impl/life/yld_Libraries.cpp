@@ -44,7 +44,7 @@ void startConnectors()
 
 void stopConnectors() { kcnC_CORMLabelMap::Finalize(); }
 
-// What a library does at its first start and last stop stands behind its name.
+// What a library does at its first start and last stop stands beside its name.
 constinit bas_Library mmo_library("mmo");
 constinit bas_Library arc_library("arc");
 constinit bas_Library lok_library("lok");

@@ -72,7 +72,7 @@ void requirePoint(const yld_Sequence<float>& point)
     if (point.size() != 3) yld_raise("A point of the symmetry axis needs 3 coordinates.");
 }
 
-// What a repository of the database's own has not read yet comes in when it is asked for.
+// What a repository of the database's own lacks comes in when it is asked for.
 template<class Repository> Repository& readUnshared(shr_COW<Repository>& repository)
 {
     Repository& own = repository.Get();

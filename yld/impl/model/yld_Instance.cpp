@@ -88,8 +88,8 @@ yld_Instance& yld_InstanceRepository::Instance(const yld_String& name, const yld
             for (int k = 0; k < 3; ++k) matrix[3 * k + i] = base[k] / length;
         }
         eng_QuaternionFloat::fromMatrix(matrix, eng_DataType::QUATERNION_3D).rotationVector(placement);
-        // A base vector of no length gives no direction. The turn is then no number, and neither are the places of the
-        // nodes: nobody shall take them for right.
+        // A base vector of length zero gives no direction. Rotation and coordinates are then not numbers, so that
+        // nobody takes them for right.
         for (const float each : matrix) {
             if (std::isnan(each)) placement[0] = placement[1] = placement[2] = each;
         }

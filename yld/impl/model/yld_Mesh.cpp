@@ -279,7 +279,7 @@ int yld_Mesh::elementLabelAt(int index)
     return labelHere();
 }
 
-// The class at hand first, then those behind it, then those before it.
+// The class at hand first, then those after it, then those before it.
 bool yld_Mesh::findLabel(int label, Found& found) const
 {
     const sto_ElementData elements = store().elementData();

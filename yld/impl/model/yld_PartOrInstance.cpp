@@ -13,7 +13,7 @@
 
 namespace {
 
-// Where the two say the same in other words.
+// Parts and instances raise different texts for the same mistakes: clients compare them.
 template<class Entity> struct Messages;
 
 template<> struct Messages<yld_Part>

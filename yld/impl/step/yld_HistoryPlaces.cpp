@@ -28,7 +28,7 @@ yld_SectionPoint sectionPointOf(const sto_History& history)
     const int index = history.locationIndex();
     if (index < 0) return yld_SectionPoint(0, yld_String());
     const sto_ElementClass elementClass = history.elementClass();
-    // A number that the class has not comes from a file alone.
+    // A number that the class lacks can only come from a file.
     const yld_String text(index < elementClass.numLocation() ? elementClass.sectionPointLabel(index).c_str() : "");
     return yld_SectionPoint(fromOne(index), text);
 }
