@@ -123,16 +123,16 @@ constexpr fld_DataType rowOf(fld_DataTypeEnm type)
 }
 
 // By store number; numbers that mean nothing have a row that knows nothing.
-constexpr auto rows = [] {
+constexpr auto typeRows = [] {
     std::array<fld_DataType, 32> all;
     for (std::size_t code = 0; code < all.size(); ++code) all[code] = rowOf(static_cast<fld_DataTypeEnm>(code));
     return all;
 }();
-constexpr fld_DataType meaningless;
-constexpr auto byPublicNumber = [] {
-    std::array<const fld_DataType*, rows.size()> found;
-    found.fill(&meaningless);
-    for (const fld_DataType& row : rows) {
+constexpr fld_DataType unknownType;
+constexpr auto typesByPublicNumber = [] {
+    std::array<const fld_DataType*, typeRows.size()> found;
+    found.fill(&unknownType);
+    for (const fld_DataType& row : typeRows) {
         if (row.shownAs != fld_DataType::noNumber) found[static_cast<std::size_t>(row.shownAs)] = &row;
     }
     return found;
@@ -157,18 +157,18 @@ static_assert(isSame(fld_DataTypeEnm::TENSOR_2D_SURFACE, eng_DataType::TENSOR_2D
 const fld_DataType& fld_DataType::of(fld_DataTypeEnm type)
 {
     const auto code = static_cast<std::size_t>(type);
-    return code < rows.size() ? rows[code] : meaningless;
+    return code < typeRows.size() ? typeRows[code] : unknownType;
 }
 
 const fld_DataType& fld_DataType::shownBy(int publicNumber)
 {
     const auto number = static_cast<std::size_t>(publicNumber);
-    return number < byPublicNumber.size() ? *byPublicNumber[number] : meaningless;
+    return number < typesByPublicNumber.size() ? *typesByPublicNumber[number] : unknownType;
 }
 
 fld_DataTypeEnm fld_DataType::quaternionOf(int width)
 {
-    const auto found = std::find_if(rows.begin(), rows.end(),
+    const auto found = std::find_if(typeRows.begin(), typeRows.end(),
                                     [=](const fld_DataType& row) { return row.isQuaternion() && row.width == width; });
-    return found == rows.end() ? fld_DataTypeEnm::UNDEFINED : found->store;
+    return found == typeRows.end() ? fld_DataTypeEnm::UNDEFINED : found->store;
 }

@@ -58,7 +58,7 @@ public:
     const fld_DataType& type() const { return fld_DataType::of(m_dataType); }
     const fld_OutputPosition& place() const { return fld_OutputPosition::of(m_position); }
     /// The name under which the field is known to its frame: the label, rewritten for a contact variable, whose
-    /// surfaces stand behind the colon of the key text.
+    /// surfaces stand after the colon of the key text.
     std::string fieldName() const;
     /// "<position code>:<type code>:<field name>".
     std::string keyName() const;

@@ -162,12 +162,12 @@ constexpr fld_OutputPosition rowOf(fld_OutputPositionEnm position)
 }
 
 // By store number; numbers that mean nothing have a row that knows nothing.
-constexpr auto rows = [] {
+constexpr auto positionRows = [] {
     std::array<fld_OutputPosition, 32> all;
     for (std::size_t code = 0; code < all.size(); ++code) all[code] = rowOf(static_cast<fld_OutputPositionEnm>(code));
     return all;
 }();
-constexpr fld_OutputPosition meaningless;
+constexpr fld_OutputPosition unknownPosition;
 
 // Shapes know the positions that they move values from by the same numbers.
 constexpr bool isSame(fld_OutputPositionEnm position, shc_Topology::PositionEnm ofShape)
@@ -183,8 +183,8 @@ static_assert(isSame(fld_OutputPositionEnm::CENTROID, shc_Topology::CENTROID));
 // The first row, by store number, with each public number.
 constexpr auto firstWith(int fld_OutputPosition::*number)
 {
-    std::array<const fld_OutputPosition*, rows.size()> found{};
-    for (const fld_OutputPosition& row : rows) {
+    std::array<const fld_OutputPosition*, positionRows.size()> found{};
+    for (const fld_OutputPosition& row : positionRows) {
         if (row.*number == fld_OutputPosition::noNumber) continue;
         const fld_OutputPosition*& first = found[static_cast<std::size_t>(row.*number)];
         if (!first) first = &row;
@@ -194,7 +194,7 @@ constexpr auto firstWith(int fld_OutputPosition::*number)
 constexpr auto rowsByAsking = firstWith(&fld_OutputPosition::askedAs);
 constexpr auto rowsByShowing = firstWith(&fld_OutputPosition::shownAs);
 
-const fld_OutputPosition* in(const std::array<const fld_OutputPosition*, rows.size()>& table, int publicNumber)
+const fld_OutputPosition* in(const std::array<const fld_OutputPosition*, positionRows.size()>& table, int publicNumber)
 {
     const auto number = static_cast<std::size_t>(publicNumber);
     return number < table.size() ? table[number] : nullptr;
@@ -205,7 +205,7 @@ const fld_OutputPosition* in(const std::array<const fld_OutputPosition*, rows.si
 const fld_OutputPosition& fld_OutputPosition::of(fld_OutputPositionEnm position)
 {
     const auto code = static_cast<std::size_t>(position);
-    return code < rows.size() ? rows[code] : meaningless;
+    return code < positionRows.size() ? positionRows[code] : unknownPosition;
 }
 
 const fld_OutputPosition* fld_OutputPosition::askedBy(int publicNumber) { return in(rowsByAsking, publicNumber); }

@@ -42,7 +42,7 @@ fio_Buffer load(const fld_Field& field, const pcl_Array<T>& array, const std::sh
 }
 
 // Rows that are read in one go: from one to the end of another, with what lies between them.
-struct Stretch
+struct Run
 {
     int first;
     int last;
@@ -51,23 +51,23 @@ struct Stretch
 };
 
 // Rows close to each other cost one read together.
-std::vector<Stretch> stretchesOf(const std::vector<int>& rows, int rowBytes)
+std::vector<Run> runsOf(const std::vector<int>& rows, int rowBytes)
 {
     constexpr int closeBytes = 4096;
     const int gap = std::max(1, closeBytes / std::max(1, rowBytes));
-    std::vector<Stretch> stretches;
+    std::vector<Run> runs;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (!stretches.empty()) {
-            Stretch& current = stretches.back();
+        if (!runs.empty()) {
+            Run& current = runs.back();
             if (rows[i] >= current.first && rows[i] - current.last <= gap) {
                 current.last = std::max(current.last, rows[i]);
                 current.to = i + 1;
                 continue;
             }
         }
-        stretches.push_back({rows[i], rows[i], i, i + 1});
+        runs.push_back({rows[i], rows[i], i, i + 1});
     }
-    return stretches;
+    return runs;
 }
 
 template<class T> const pcl_Array<T>& valuesOf(const fld_Field& field)
@@ -96,7 +96,7 @@ template<class T> sto_FieldView<T> sto_Field::view() const
 {
     const std::shared_ptr<const fld_Field> field = m_field.fetch();
     if (field->m_storageType != (sizeof(T) == sizeof(double) ? 1 : 0)) {
-        fio_raise(m_field.file()->path(), "a field is asked for in a precision that it has not");
+        fio_raise(m_field.file()->path(), "a field is asked for in a precision that it does not have");
     }
     const bool isPair = conjugateOf<T>(*field).size() > 0;
     if (!m_loaded->hasValues) {
@@ -117,12 +117,12 @@ bool sto_Field::isSparse(const std::vector<int>& rows) const
     const std::shared_ptr<const fld_Field> field = m_field.fetch();
     if (field->m_values.isLoaded() && field->m_doubleValues.isLoaded()) return false;
     const int rowBytes = field->m_width * static_cast<int>(field->m_storageType == 1 ? sizeof(double) : sizeof(float));
-    const std::vector<Stretch> stretches = stretchesOf(rows, rowBytes);
+    const std::vector<Run> runs = runsOf(rows, rowBytes);
     long long spanned = 0;
-    for (const Stretch& each : stretches) spanned += static_cast<long long>(each.last) - each.first + 1;
+    for (const Run& each : runs) spanned += static_cast<long long>(each.last) - each.first + 1;
     constexpr std::size_t mostReads = 1024;
     constexpr int share = 4;
-    return stretches.size() <= mostReads && spanned <= field->m_rows / share;
+    return runs.size() <= mostReads && spanned <= field->m_rows / share;
 }
 
 template<class T> fio_Buffer sto_Field::rowsAt(const std::vector<int>& rows, bool ofConjugate) const
@@ -147,7 +147,7 @@ template<class T> fio_Buffer sto_Field::rowsAt(const std::vector<int>& rows, boo
     check(*field, array, m_field.file());
     const fio_ReadSession session(*m_field.file());
     std::vector<T> read;
-    for (const Stretch& each : stretchesOf(rows, static_cast<int>(width * sizeof(T)))) {
+    for (const Run& each : runsOf(rows, static_cast<int>(width * sizeof(T)))) {
         const std::size_t count = (static_cast<std::size_t>(each.last - each.first) + 1) * width;
         read.resize(count);
         array.read(static_cast<long long>(each.first) * field->m_width, static_cast<long long>(count), read.data());

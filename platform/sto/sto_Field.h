@@ -36,7 +36,7 @@ public:
     /// Whether rowsAt() reads these rows alone: the values are not in memory, and the rows are few of them.
     bool isSparse(const std::vector<int>& rows) const;
     /// Copies rows out, side by side in the order given. Few rows are read alone, for many all are read and kept.
-    /// Raises for a row that the field has not.
+    /// Raises for a row that the field lacks.
     /// @param ofConjugate  of the imaginary half, which must be there
     template<class T> fio_Buffer rowsAt(const std::vector<int>& rows, bool ofConjugate = false) const;
     bool hasConjugate() const;

@@ -180,7 +180,7 @@ sto_Labels sto_FieldBlock::memberLabels() const
     const sto_NodeData nodes = isOnNodes() ? mesh().nodeData() : sto_NodeData();
     const int* labels = isOnNodes() ? nodes.GetUserNodeLabels() : elementClass().userElementLabels();
     if (subsets().size() == 1 && subsets().front().isRun()) {
-        // A stretch of the mesh: its labels stand side by side in the store already.
+        // A run of the mesh: its labels stand side by side in the store already.
         const int first = subsets().front().firstMember();
         if (first > numPlaces() - count) refusePlace();
         if (!labels) return {};
@@ -206,14 +206,14 @@ std::vector<int> sto_FieldBlock::facets() const
 
 void sto_FieldBlock::refusePlace() const
 {
-    refuse(isOnNodes() ? "a node that the mesh has not" : "an element that the class has not");
+    refuse(isOnNodes() ? "a node that the mesh lacks" : "an element that the class lacks");
 }
 
 // An element of the assembly may stand on a node of an instance, whose label the mesh keeps.
 int sto_FieldBlock::nodeLabel(const sto_NodeData& nodes, int node) const
 {
     if (node >= grd_NodeData::firstForeignNode) return nodes.GetUserNodeLabel(node);
-    if (node < 0 || node >= nodes.NumNodes()) refuse("a node that the mesh has not");
+    if (node < 0 || node >= nodes.NumNodes()) refuse("a node that the mesh lacks");
     return nodes.GetUserNodeLabels()[node];
 }
 
@@ -251,7 +251,7 @@ std::vector<int> sto_FieldBlock::elementLabels(const std::vector<int>& elements)
     std::vector<int> all(elements.size());
     for (std::size_t i = 0; i < elements.size(); ++i) {
         if (!labels || elements[i] < 0 || elements[i] >= onClass.numElements())
-            refuse("an element that the class has not");
+            refuse("an element that the class lacks");
         all[i] = labels[elements[i]];
     }
     return all;

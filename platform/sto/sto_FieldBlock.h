@@ -14,7 +14,7 @@ class sto_Labels
 {
 public:
     sto_Labels() = default;
-    /// A stretch of a stored array, which is held.
+    /// A run of a stored array, which is held.
     sto_Labels(const pcl_Array<int>& array, int first, int count);
     /// Labels of their own.
     sto_Labels(const fio_Buffer& labels, int count);
@@ -88,7 +88,7 @@ public:
     /// not read.
     bool areFaces() const { return !subsets().empty() && subsets().front().subsetType() == setC_SubSet::faces; }
     /// The user label of each member; none for elements without labels. Raises as members() does.
-    /// Cost: nothing where the members are a stretch of the mesh, else one array.
+    /// Cost: nothing where the members are a run of the mesh, else one array.
     sto_Labels memberLabels() const;
     /// The facet of each member; empty for nodes and elements. Raises for a surface in which a member has none.
     std::vector<int> facets() const;

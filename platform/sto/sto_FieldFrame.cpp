@@ -11,7 +11,7 @@
 
 namespace {
 
-// What stands behind the second colon of a key text.
+// What stands after the second colon of a key text.
 std::string_view nameIn(std::string_view keyText)
 {
     for (int i = 0; i < 2; ++i) {

@@ -274,7 +274,7 @@ void sto_Mesh::setControlsOfLastClass(const sto_ElemCtrlParams& params)
 sto_SetList sto_Mesh::set() const
 {
     const std::shared_ptr<const mshK_Mesh> body = mesh();
-    return sto_SetList(body->m_sets, body->m_internalSets, modelFile()->beside(m_reference.id()));
+    return sto_SetList(body->m_sets, body->m_internalSets, modelFile()->temporaries(m_reference.id()));
 }
 
 sto_Set sto_Mesh::temporarySet(int type, const std::string& name, const int* labels, int count) const
@@ -285,8 +285,8 @@ sto_Set sto_Mesh::temporarySet(int type, const std::string& name, const int* lab
     set.m_internal = true;
     if (count > 0 && type == setC_Set::nodeSet) appendNodes(set, labels, count);
     else if (count > 0) appendElements(set, labels, count);
-    const auto made = lnk_ShortCut<setC_Set>::apart(modelFile(), std::move(set));
-    modelFile()->keepBeside(m_reference.id(), setC_Set::key(type, name), made);
+    const auto made = lnk_ShortCut<setC_Set>::temporary(modelFile(), std::move(set));
+    modelFile()->keepTemporary(m_reference.id(), setC_Set::key(type, name), made);
     return sto_Set(made);
 }
 

@@ -337,16 +337,16 @@ void fio_FileBody::replace(long long id, const std::shared_ptr<pcl_Persistent>& 
     entry.changed = true;
 }
 
-void fio_FileBody::keepBeside(long long owner, const std::string& name, const lnk_AnyShortCut& object)
+void fio_FileBody::keepTemporary(long long owner, const std::string& name, const lnk_AnyShortCut& object)
 {
-    m_beside[owner][name] = object;
+    m_temporaries[owner][name] = object;
 }
 
-std::vector<lnk_AnyShortCut> fio_FileBody::beside(long long owner) const
+std::vector<lnk_AnyShortCut> fio_FileBody::temporaries(long long owner) const
 {
     std::vector<lnk_AnyShortCut> all;
-    const auto found = m_beside.find(owner);
-    if (found == m_beside.end()) return all;
+    const auto found = m_temporaries.find(owner);
+    if (found == m_temporaries.end()) return all;
     for (const auto& [name, object] : found->second) all.push_back(object);
     return all;
 }
@@ -551,7 +551,7 @@ void fio_FileBody::save()
 
 void fio_FileBody::close()
 {
-    m_beside.clear();
+    m_temporaries.clear();
     m_containers.clear();
     m_objects.clear();
     m_tables.clear();
@@ -580,7 +580,7 @@ bool fio_FileBody::refresh()
     const long long before = m_saveCount;
     readHeader();
     if (m_saveCount == before) return false;
-    m_beside.clear();
+    m_temporaries.clear();
     m_containers.clear();
     m_objects.clear();
     m_tables.clear();

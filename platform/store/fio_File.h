@@ -51,9 +51,9 @@ public:
     mrp_Entries& entries(long long container);
     /// Keeps an object in memory with one of the file's, under a name and in the place of what had that name, until the
     /// file is closed. No save writes it, and it makes no change of the file.
-    void keepBeside(long long owner, const std::string& name, const lnk_AnyShortCut& object);
+    void keepTemporary(long long owner, const std::string& name, const lnk_AnyShortCut& object);
     /// What is kept so, by name.
-    std::vector<lnk_AnyShortCut> beside(long long owner) const;
+    std::vector<lnk_AnyShortCut> temporaries(long long owner) const;
     /// Takes a bulk array over and sends it to disk when enough has gathered; a borrowed one at once.
     /// @return the number of its first extent
     long long appendBulk(const fio_Buffer& bytes);
@@ -123,7 +123,7 @@ private:
     std::unordered_map<long long, Object> m_objects;
     std::unordered_map<long long, std::unique_ptr<mrp_Entries>> m_containers;
     std::unordered_map<unsigned, Table> m_tables;
-    std::unordered_map<long long, std::map<std::string, lnk_AnyShortCut>> m_beside;
+    std::unordered_map<long long, std::map<std::string, lnk_AnyShortCut>> m_temporaries;
     long long m_nextId = 1;
     long long m_rootObject = 0;
     long long m_creationDate = 0;

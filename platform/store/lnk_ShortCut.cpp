@@ -16,7 +16,8 @@ void lnk_replace(const lnk_AnyShortCut& shortCut, const std::shared_ptr<pcl_Pers
 {
     if (shortCut.isNull() || !shortCut.file())
         fio_raise(object->Metadata().name(), "a reference to no object was changed");
-    if (shortCut.isApart()) fio_raise(object->Metadata().name(), "an object that no file has cannot be changed in one");
+    if (shortCut.isTemporary())
+        fio_raise(object->Metadata().name(), "an object that no file has cannot be changed in one");
     shortCut.file()->replace(shortCut.id(), object);
 }
 

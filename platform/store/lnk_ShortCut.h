@@ -16,8 +16,8 @@ public:
 
     bool isNull() const { return m_id == 0; }
     bool isValid() const { return m_id != 0; }
-    /// Whether the object stands beside the file: it belongs to the references to it, and no save writes it.
-    bool isApart() const { return m_id < 0; }
+    /// Whether the object is temporary: it belongs to the references to it, and no save writes it.
+    bool isTemporary() const { return m_id < 0; }
     long long id() const { return m_id; }
     const std::shared_ptr<fio_FileBody>& file() const { return m_file; }
 
@@ -55,9 +55,9 @@ public:
         return lnk_ShortCut(file, lnk_create(file, std::make_shared<T>(std::move(object))));
     }
 
-    /// A new object beside the file, for what lives in memory alone. It may refer to stored objects, not they to it; it
+    /// A new temporary object, which lives in memory alone. It may refer to stored objects, not they to it; it
     /// is never changed, and goes with the last reference. Works for files that are open for reading only.
-    static lnk_ShortCut apart(const std::shared_ptr<fio_FileBody>& file, T object)
+    static lnk_ShortCut temporary(const std::shared_ptr<fio_FileBody>& file, T object)
     {
         lnk_ShortCut made(file, lnk_apartId());
         made.m_apart = std::make_shared<const T>(std::move(object));

@@ -115,7 +115,8 @@ void pcl_RowWriter::Write(const char* attribute, const std::vector<std::string>&
 }
 void pcl_RowWriter::Write(const char* attribute, const lnk_AnyShortCut& reference)
 {
-    if (reference.isApart()) fio_raise(m_metadata.name(), "a reference to an object that no file has cannot be kept");
+    if (reference.isTemporary())
+        fio_raise(m_metadata.name(), "a reference to an object that no file has cannot be kept");
     m_statement.bind(parameter(attribute), reference.id());
 }
 void pcl_RowWriter::writeRun(const char* attribute, const pcl_ArrayBase& bulk)

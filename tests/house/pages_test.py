@@ -14,7 +14,7 @@ LINK = re.compile(r"\]\(([^)#]+)(?:#[^)]*)?\)")
 MENTION = re.compile(r"`([^`\n]+)`")
 NAME = re.compile(r"\b([a-z]+[A-Z]?)_(\w+)")
 # What pages tell of shortly before it comes; goes from here when it is there.
-AWAITED = ("sto_FieldBlock", "fld_OutputPosition", "fld_DataType", "scripts/tidy.sh")
+AWAITED = ()
 # A file that is meant by its name alone.
 FILE_NAME = re.compile(r"[a-z]+[A-Z]?_\w+\.(?:h|cpp|py)")
 

@@ -142,7 +142,7 @@ TEST_F(StoredFields, conjugateAndDoubleComeBack)
     EXPECT_EQ(field.view<double>().data()[0], 1.0 / 3.0);
     EXPECT_EQ(field.view<double>().conjugate()[1], -1.0);
     EXPECT_EQ(failureOf([&] { field.view<float>(); }),
-              m_path + ": a field is asked for in a precision that it has not");
+              m_path + ": a field is asked for in a precision that it does not have");
 }
 
 TEST_F(StoredFields, wrongNumberOfValuesIsRefused)
@@ -341,7 +341,8 @@ TEST_F(StoredFields, typedViewsTakeTheirOwnKind)
                 const std::string wide = failureOf([&] { EXPECT_EQ(Double(field).data()[1], 2.0); });
                 const bool isOwn = kind == cases[i].kind;
                 const std::string otherKind = m_path + ": the values of a field are taken for others than they are";
-                const std::string otherPrecision = m_path + ": a field is asked for in a precision that it has not";
+                const std::string otherPrecision =
+                    m_path + ": a field is asked for in a precision that it does not have";
                 const std::string none = "no exception";
                 EXPECT_EQ(single, !isOwn ? otherKind : precision == 0 ? none : otherPrecision) << i;
                 EXPECT_EQ(wide, !isOwn ? otherKind : precision == 1 ? none : otherPrecision) << i;

@@ -745,12 +745,12 @@ TEST(fio_File, objectsBesideTheFileLiveInMemoryAlone)
     sample_Thing thing;
     thing.m_number = 7;
     thing.m_friend = rootOf(file);
-    const Ref apart = Ref::apart(file.body(), thing);
+    const Ref apart = Ref::temporary(file.body(), thing);
     thing.m_number = 8;
-    const Ref other = Ref::apart(file.body(), thing);
+    const Ref other = Ref::temporary(file.body(), thing);
     EXPECT_TRUE(apart.isValid());
-    EXPECT_TRUE(apart.isApart());
-    EXPECT_FALSE(rootOf(file).isApart());
+    EXPECT_TRUE(apart.isTemporary());
+    EXPECT_FALSE(rootOf(file).isTemporary());
     EXPECT_FALSE(apart == other);
     EXPECT_EQ(apart.fetch()->m_number, 7);
     EXPECT_EQ(Ref(apart).fetch(), apart.fetch());
@@ -760,15 +760,15 @@ TEST(fio_File, objectsBesideTheFileLiveInMemoryAlone)
     EXPECT_FALSE(file.body()->hasChanges());
 
     // They can be kept with a stored object, under a name, until the file is closed.
-    file.body()->keepBeside(1, "first", apart);
-    EXPECT_EQ(file.body()->beside(1).size(), 1u);
-    file.body()->keepBeside(1, "first", other);
-    file.body()->keepBeside(1, "second", apart);
-    ASSERT_EQ(file.body()->beside(1).size(), 2u);
-    EXPECT_EQ(Ref(file.body()->beside(1)[0]).fetch()->m_number, 8);
-    EXPECT_TRUE(file.body()->beside(2).empty());
+    file.body()->keepTemporary(1, "first", apart);
+    EXPECT_EQ(file.body()->temporaries(1).size(), 1u);
+    file.body()->keepTemporary(1, "first", other);
+    file.body()->keepTemporary(1, "second", apart);
+    ASSERT_EQ(file.body()->temporaries(1).size(), 2u);
+    EXPECT_EQ(Ref(file.body()->temporaries(1)[0]).fetch()->m_number, 8);
+    EXPECT_TRUE(file.body()->temporaries(2).empty());
     file.body()->close();
-    EXPECT_TRUE(file.body()->beside(1).empty());
+    EXPECT_TRUE(file.body()->temporaries(1).empty());
     EXPECT_EQ(apart.fetch()->m_number, 7);
 }
 
@@ -778,7 +778,7 @@ TEST(fio_File, storedObjectsCannotReferToThoseBesideTheFile)
     const std::string path = folder.file("a.yld");
     const Made root = makeFile(path, sample_Thing());
     const auto changed = root.fetchWritable();
-    changed->m_friend = Ref::apart(root.file(), sample_Thing());
+    changed->m_friend = Ref::temporary(root.file(), sample_Thing());
     root.replace(changed);
     EXPECT_EQ(failureOf([&] { root.file()->save(); }),
               "sample_Thing: a reference to an object that no file has cannot be kept");

@@ -186,10 +186,10 @@ void yld_FieldAddDataUtils::cut(const sto_Subset& members, Block& block) const
             yld_raise("Insufficient coordSystem sequences provided.");
         }
         const int first = static_cast<int>(offset);
-        if (!block.stretches.empty() && block.stretches.back().first + block.stretches.back().count == first) {
-            block.stretches.back().count += count;
+        if (!block.runs.empty() && block.runs.back().first + block.runs.back().count == first) {
+            block.runs.back().count += count;
         } else {
-            block.stretches.push_back({first, count});
+            block.runs.push_back({first, count});
         }
         block.numRows += count;
     }
@@ -210,7 +210,7 @@ yld_FieldAddDataUtils::Block yld_FieldAddDataUtils::blockOf(int index) const
     } else {
         block.length = m_set.isValid() ? m_set.numMembers() : 1;
     }
-    block.stretches.push_back({0, m_data.size()});
+    block.runs.push_back({0, m_data.size()});
     block.numRows = m_data.size();
     return block;
 }
@@ -218,8 +218,8 @@ yld_FieldAddDataUtils::Block yld_FieldAddDataUtils::blockOf(int index) const
 template<class Visit> void yld_FieldAddDataUtils::eachRow(const Block& block, Visit visit)
 {
     int to = 0;
-    for (const Stretch& stretch : block.stretches) {
-        for (int i = 0; i < stretch.count; ++i) visit(stretch.first + i, to++);
+    for (const Run& run : block.runs) {
+        for (int i = 0; i < run.count; ++i) visit(run.first + i, to++);
     }
 }
 
@@ -244,14 +244,14 @@ fio_Buffer yld_FieldAddDataUtils::fill(const fld_FieldDescription& description, 
     }
 
     if (rows.isUniform() && wanted == width) {
-        // Whole stretches as they stand.
+        // Whole runs as they stand.
         const std::size_t rowBytes = static_cast<std::size_t>(width) * sizeof(T);
         const std::size_t bytes = static_cast<std::size_t>(block.numRows) * rowBytes;
-        if (block.stretches.size() == 1 && rows.held().size() == bytes) return rows.held();
+        if (block.runs.size() == 1 && rows.held().size() == bytes) return rows.held();
         std::vector<fio_Extents::Piece> pieces;
-        pieces.reserve(block.stretches.size());
-        for (const Stretch& stretch : block.stretches) {
-            pieces.push_back({rows.row<T>(stretch.first), static_cast<std::size_t>(stretch.count) * rowBytes});
+        pieces.reserve(block.runs.size());
+        for (const Run& run : block.runs) {
+            pieces.push_back({rows.row<T>(run.first), static_cast<std::size_t>(run.count) * rowBytes});
         }
         return sto_FieldFrame::takeField(pieces);
     }
@@ -313,7 +313,7 @@ template<class T> void yld_FieldAddDataUtils::writeValues(const Block& block, co
     sto_FieldFrame frame = m_field.m_fieldFrame.ConstGet();
     const bool hasOrientation = !m_systems.isEmpty();
     constexpr int storageType = sizeof(T) == sizeof(double) ? 1 : 0;
-    const int firstWidth = block.numRows > 0 ? m_data.width(block.stretches.front().first) : 0;
+    const int firstWidth = block.numRows > 0 ? m_data.width(block.runs.front().first) : 0;
     const fio_Buffer values = fill<T>(wanted.made(), m_data, block, firstWidth);
     const fio_Buffer conjugate = m_isPair ? fill<T>(wanted.made(), m_conjugate, block, firstWidth) : fio_Buffer();
     const fio_Buffer systems = hasOrientation ? fillSystems<T>(wanted, block) : fio_Buffer();

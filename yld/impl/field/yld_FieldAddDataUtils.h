@@ -33,7 +33,7 @@ public:
 
 private:
     // Rows that stand side by side.
-    struct Stretch
+    struct Run
     {
         int first;
         int count;
@@ -50,7 +50,7 @@ private:
         sto_ElementClass elementClass;
         int classIndex = -1;
         int length = 0; // locations
-        std::vector<Stretch> stretches;
+        std::vector<Run> runs;
         int numRows = 0;
     };
 

@@ -16,7 +16,7 @@ public:
     /// Both are borrowed.
     yld_FieldCopy(yld_FieldOutput& target, const yld_FieldOutput& source) : m_target(target), m_source(source) {}
 
-    /// Whether the target's model has what the source's blocks are about; warns of the first thing that it has not.
+    /// Whether the target's model has what the source's blocks are about; warns of the first thing that it lacks.
     bool isCompatible() const;
     /// Raises when the two are not compatible.
     void run();

@@ -203,16 +203,16 @@ void yld_FieldSubset::writeOrphanField(yld_SubFieldBody& into, yld_Enum::yld_Res
         quaternions.m_rows = m_numRows;
         quaternions.m_width = m_orientationWidth;
         quaternions.m_values.adopt(m_orientation);
-        description.m_orientation = lnk_ShortCut<fld_FieldDescription>::apart(file, std::move(system));
+        description.m_orientation = lnk_ShortCut<fld_FieldDescription>::temporary(file, std::move(system));
         quaternions.m_description = description.m_orientation;
-        field.m_orientation = lnk_ShortCut<fld_Field>::apart(file, std::move(quaternions));
+        field.m_orientation = lnk_ShortCut<fld_Field>::temporary(file, std::move(quaternions));
     }
 
     const int length = description.m_length;
     const int classIndex = description.m_classIndex;
-    const auto described = lnk_ShortCut<fld_FieldDescription>::apart(file, std::move(description));
+    const auto described = lnk_ShortCut<fld_FieldDescription>::temporary(file, std::move(description));
     field.m_description = described;
-    into.field = sto_Field(lnk_ShortCut<fld_Field>::apart(file, std::move(field)));
+    into.field = sto_Field(lnk_ShortCut<fld_Field>::temporary(file, std::move(field)));
     into.description = sto_FieldDescription(described);
     into.storedLength = length;
     into.elementClass = classIndex;

@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <vector>
 
-/// Rows of numbers, one behind the other in one array. Rows of the same width need no more than that; others say
+/// Rows of numbers, one after the other in one array. Rows of the same width need no more than that; others say
 /// where each begins. The numbers are borrowed or held.
 class yld_RowArray
 {

@@ -80,7 +80,7 @@ void yld_SequenceFieldValue::append(const yld_SubField& block)
     }
     m_isListOnly = false;
     m_blocks.append(block);
-    // The list is made when the block is read: a writer never asks for it. Where a stretch of lists stands already,
+    // The list is made when the block is read: a writer never asks for it. Where a run of lists stands already,
     // copies of this sequence may hold it too, and it has to become this one's own.
     const int at = m_listCount++;
     m_lists.Grow(m_listCount);

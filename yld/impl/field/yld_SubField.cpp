@@ -180,7 +180,7 @@ public:
     const std::vector<int>& labels() const { return m_labels; }
 
 private:
-    // A subset of another mesh may have members that this mesh has not.
+    // A subset of another mesh may have members that this mesh lacks.
     void addNodes(const sto_Subset& subset)
     {
         const int count = m_block.mesh().nodeData().NumNodes();
