@@ -50,6 +50,12 @@ sto_FieldBlock::sto_FieldBlock(const sto_Mesh& mesh, const sto_Set& set, int cla
     m_description = std::make_shared<const fld_FieldDescription>(std::move(description));
 }
 
+sto_FieldBlock::sto_FieldBlock(const sto_Mesh& mesh, const sto_Set& set, const sto_Subset& subset)
+    : sto_FieldBlock(mesh, set, subset.classIndex())
+{
+    m_subsets.emplace(1, subset);
+}
+
 void sto_FieldBlock::refuse(const char* what) const
 {
     fio_raise(m_file->path(), std::string("a field does not fit its set: ") + what);
@@ -105,13 +111,10 @@ int sto_FieldBlock::rowsPerMember(const fld_OutputPosition& place, int setType, 
     return 1;
 }
 
-int sto_FieldBlock::numRows(const fld_OutputPosition& place, int setType, const sto_Subset& subset,
-                            const sto_ElementClass& onClass)
+int sto_FieldBlock::rowsPerMember() const
 {
-    const long long rows = static_cast<long long>(subset.numMembers()) * rowsPerMember(place, setType, onClass);
-    if (rows > std::numeric_limits<int>::max())
-        throw exc_TextException(msg_Format("A set has more values than can be counted."));
-    return static_cast<int>(rows);
+    if (place().perCarrier == fld_OutputPosition::PerCarrier::ONE || isOnNodes()) return 1;
+    return rowsPerMember(place(), setType(), elementClass());
 }
 
 const std::vector<sto_Subset>& sto_FieldBlock::subsets() const
@@ -119,17 +122,20 @@ const std::vector<sto_Subset>& sto_FieldBlock::subsets() const
     if (m_subsets) return *m_subsets;
     m_subsets.emplace();
     if (!set().isValid()) return *m_subsets;
-    for (int i = 0; i < set().numSubsets(); ++i) {
-        const sto_Subset subset = set().subSet(i);
+    // The row is looked at once: each look goes over all subsets.
+    const std::shared_ptr<const setC_Set> row = set().set();
+    for (int i = 0; i < row->numSubsets(); ++i) {
+        const sto_Subset subset(row, row->SubSet(i));
         if (subset.meshIndex() != meshIndex()) continue;
         if (isOnNodes()) {
             m_subsets->push_back(subset);
             continue;
         }
         if (subset.classIndex() != m_description->m_classIndex) continue;
-        m_subsets->assign(1, subset);
         // Edges only where there are no faces.
-        if (!isOnFaces() || subset.subsetType() == setC_SubSet::faces) break;
+        const bool isFinal = !isOnFaces() || subset.subsetType() == setC_SubSet::faces;
+        if (isFinal || m_subsets->empty()) m_subsets->assign(1, subset);
+        if (isFinal) break;
     }
     return *m_subsets;
 }
@@ -157,10 +163,11 @@ template<class Visit> void sto_FieldBlock::eachMember(Visit visit) const
             for (int k = 0; k < count; ++k) visit(subset.firstMember() + k);
             continue;
         }
-        const std::vector<int> members = subset.members();
-        for (const int member : members) {
-            if (member < 0 || member >= limit) refusePlace();
-            visit(member);
+        // Read once for all blocks that the set serves.
+        const int* members = subset.memberList();
+        for (int k = 0; k < count; ++k) {
+            if (members[k] < 0 || members[k] >= limit) refusePlace();
+            visit(members[k]);
         }
     }
 }
@@ -200,7 +207,6 @@ std::vector<int> sto_FieldBlock::facets() const
         const std::vector<int> more = subset.facets();
         all.insert(all.end(), more.begin(), more.end());
     }
-    if (static_cast<int>(all.size()) != numMembers()) refuse("elements without a face");
     return all;
 }
 
@@ -280,6 +286,7 @@ void sto_FieldBlock::checkFits(int numRows) const
     if (!isOnNodes() && (subsets().empty() || !elementClass().isValid() || (isOnFaces() && !areFaces()))) {
         refuse(isOnFaces() ? "no faces of its class" : "no elements of its class");
     }
+    if (isOnFaces() && static_cast<int>(facets().size()) != numMembers()) refuse("elements without a face");
     const std::size_t irregular = facePoints().size();
     if (irregular != 0) {
         if (irregular != static_cast<std::size_t>(numRows)) refuse("another number of points on faces than values");
@@ -297,7 +304,7 @@ void sto_FieldBlock::checkLength(long long numRows, int halves) const
     if (numRows == static_cast<long long>(description.m_length) * halves) return;
     msg_StringBase text = msg_Format("Length of data sequence incorrect. Data at %1$s locations expected. Data at %2$s "
                                      "locations provided.",
-                                     description.m_length, static_cast<int>(numRows));
+                                     description.m_length, std::to_string(numRows).c_str());
     if (place().carrier == fld_OutputPosition::Carrier::NODE) {
         text.append(msg_Format(" Nodal data request failed. "));
         throw exc_TextException(text);

@@ -51,6 +51,8 @@ public:
     sto_FieldBlock(fld_FieldDescription description, const std::shared_ptr<fio_FileBody>& file);
     /// Of values on a set; the class counts for sets of elements and faces.
     sto_FieldBlock(const sto_Mesh& mesh, const sto_Set& set, int classIndex);
+    /// Of values on one subset alone.
+    sto_FieldBlock(const sto_Mesh& mesh, const sto_Set& set, const sto_Subset& subset);
 
     const fld_FieldDescription& description() const { return *m_description; }
     const fld_OutputPosition& place() const { return m_description->place(); }
@@ -67,18 +69,15 @@ public:
     bool isOnNodes() const { return setType() == setC_Set::nodeSet; }
     bool isOnElements() const { return setType() == setC_Set::elementSet; }
     bool isOnFaces() const { return setType() == setC_Set::surface; }
-    /// The element class of values on elements or faces; no class for others. Raises when the mesh has no such class.
+    /// The element class that the description names; no class where it names none. Raises when the mesh lacks it.
     const sto_ElementClass& elementClass() const;
     /// The text of the section point in the class; empty where there is none.
     shr_String sectionPointLabel() const { return sto_FieldDescription::sectionPointLabel(*m_description); }
 
     /// How many values each member has. 0 at integration points of an element whose type is not known; of faces the
     /// most that one can have.
-    int rowsPerMember() const { return rowsPerMember(place(), setType(), elementClass()); }
+    int rowsPerMember() const;
     static int rowsPerMember(const fld_OutputPosition& place, int setType, const sto_ElementClass& onClass);
-    /// How many values a subset of a set has at a position. Raises for more than can be counted.
-    static int numRows(const fld_OutputPosition& place, int setType, const sto_Subset& subset,
-                       const sto_ElementClass& onClass);
 
     /// How many members there are.
     int numMembers() const;
@@ -90,7 +89,7 @@ public:
     /// The user label of each member; none for elements without labels. Raises as members() does.
     /// Cost: nothing where the members are a run of the mesh, else one array.
     sto_Labels memberLabels() const;
-    /// The facet of each member; empty for nodes and elements. Raises for a surface in which a member has none.
+    /// The facet of each member; none for nodes and elements, and for members without facets.
     std::vector<int> facets() const;
     /// The user labels of the nodes of each element, element by element, also of nodes in other instances.
     sto_Labels connectivityLabels() const;

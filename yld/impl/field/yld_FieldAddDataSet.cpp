@@ -250,7 +250,8 @@ void yld_FieldAddDataSet::writeElements(const sto_PartInstance& instance)
         const fld_DataType& type = wanted.made().type();
         wanted.loadCoordSystem(type.kind == fld_DataType::Kind::SCALAR ? valuesStay : componentsTurn);
         wanted.engineeringTensor(type.isTensor());
-        const int rows = sto_FieldBlock::numRows(*m_place, set.setType(), members, onClass);
+        const int rows = rowCount(static_cast<long long>(members.numMembers()) *
+                                  sto_FieldBlock::rowsPerMember(*m_place, set.setType(), onClass));
         wanted.of(set, members.classIndex(), rows);
         const int end = rowCount(static_cast<long long>(offset) + rows);
         write(wanted, offset, end);

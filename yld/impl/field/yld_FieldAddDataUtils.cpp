@@ -202,7 +202,7 @@ yld_FieldAddDataUtils::Block yld_FieldAddDataUtils::blockOf(int index) const
         const sto_Subset members = m_set.subSet(index);
         block.classIndex = members.classIndex();
         block.elementClass = m_mesh.elementData().elementClass(block.classIndex);
-        block.length = sto_FieldBlock::numRows(m_place, setC_Set::elementSet, members, block.elementClass);
+        block.length = fittingInt(static_cast<long long>(members.numMembers()) * rowsPerElement(block.elementClass));
         if (m_numBlocks > 1) {
             cut(members, block);
             return block;

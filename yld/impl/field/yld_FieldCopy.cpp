@@ -145,6 +145,7 @@ yld_FieldCopy::Members yld_FieldCopy::membersOf(const sto_FieldBlock& block)
     const sto_Labels labels = block.memberLabels();
     Members all;
     all.labels.assign(labels.begin(), labels.end());
+    if (labels.size() != block.numMembers()) raiseIncompatible();
     all.facets = block.facets();
     return all;
 }
@@ -182,6 +183,8 @@ sto_Set yld_FieldCopy::setFor(const yld_SubField& block, const Place& place, con
         if (candidate.isValid() && isWhole && candidate.shortCut() == stored.shortCut()) return candidate;
     }
     Members wanted = membersOf(on);
+    // Where faces differ in their number of points a row does not tell its face.
+    if (!isWhole && !on.facePoints().empty()) raiseIncompatible();
     if (!isWhole) wanted = shown(wanted, rows, on.rowsPerMember());
     for (const sto_Set& candidate : candidates) {
         if (candidate.isValid() && membersOf(sto_FieldBlock(place.mesh, candidate, place.classIndex)) == wanted)

@@ -14,6 +14,7 @@ namespace {
 constexpr const char* temporarySet = "api_tmp_set";
 constexpr int orphanKey = -999;
 constexpr int orphanOrientationKey = -9999;
+
 // Rows in single precision, of another width if need be.
 template<class T> fio_Buffer floatRows(const fio_Buffer& from, int count, int storedWidth, int width, const int* places)
 {
@@ -90,7 +91,8 @@ template<class T> void yld_FieldSubset::extractRows(const std::vector<int>& indi
 void yld_FieldSubset::extractLabels(const std::vector<int>& indices, yld_Enum::yld_ResultPositionEnum target)
 {
     const bool isNodal = m_place.isOnNodes();
-    const std::vector<int> members = m_place.members();
+    const bool isRead = !m_place.isOnFaces() || m_place.areFaces();
+    const std::vector<int> members = isRead ? m_place.members() : std::vector<int>();
     const auto memberOf = [&](std::size_t entity) {
         if (entity >= members.size())
             m_place.refuse(isNodal ? "fewer nodes than values" : "fewer elements than values");

@@ -31,7 +31,7 @@ bool holds(const sto_Set& set, const sto_Mesh& mesh, const int* labels, int coun
     // A set of labels has one group of nodes, and of elements one a class.
     std::vector<sto_Labels> parts;
     for (int i = 0; i < set.numSubsets(); ++i) {
-        parts.push_back(sto_FieldBlock(mesh, set, set.subSet(i).classIndex()).memberLabels());
+        parts.push_back(sto_FieldBlock(mesh, set, set.subSet(i)).memberLabels());
     }
     if (parts.empty()) return count == 0;
     if (parts.size() == 1) return std::equal(parts[0].begin(), parts[0].end(), labels, labels + count);

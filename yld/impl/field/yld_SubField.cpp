@@ -120,7 +120,10 @@ int yld_SubFieldBody::valuesPerEntity() const
 
 std::vector<int> yld_SubField::entityLabels() const
 {
-    const sto_Labels labels = body().place().memberLabels();
+    const sto_FieldBlock on = body().place();
+    if (on.isOnFaces() && !on.areFaces()) return {};
+    const sto_Labels labels = on.memberLabels();
+    if (labels.size() != on.numMembers()) on.refuse("an element that the class lacks");
     return {labels.begin(), labels.end()};
 }
 
